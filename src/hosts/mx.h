@@ -1,0 +1,115 @@
+// The MX side of Korvane: the services of an installed MX that the compiler,
+// the functions and the commands use, as small interfaces. Implementations:
+// the embedded engine (portable), MX's own automation (Windows), and "none"
+// (nothing runs, every model query answers "not found").
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvane::hosts {
+
+// Result area of one string-point or data-record query.
+struct PointRecord {
+  std::array<double, 16> num{};      // numbers 1..16 in slots 0..15; number 5 is the chainage
+  std::array<std::string, 16> txt{};  // texts 1..16 in slots 0..15
+};
+
+// What a run of an input file reported. An empty error means MX reached the
+// end of the input without complaint.
+struct MxRunResult {
+  std::string error;    // the engine's own message, empty on success
+  std::string listing;  // full path of the run's listing, when the engine keeps one
+  bool ok() const { return error.empty(); }
+};
+
+// MX's configuration service.
+class MxConfiguration {
+ public:
+  virtual ~MxConfiguration() = default;
+  // A setting by name: "PrivateMacros", "ProjectMacros", "PublicMacros".
+  virtual std::string setting(std::string_view name) = 0;
+  // Runs an input file; called with the word "input" and the file's full name.
+  // Returns when the run has ended.
+  virtual MxRunResult run(std::string_view verb, const std::string& fullName) = 0;
+  virtual bool modelExists(std::string_view model) = 0;
+  virtual bool stringExists(std::string_view model, std::string_view label) = 0;
+};
+
+// MX's project service.
+class MxProject {
+ public:
+  virtual ~MxProject() = default;
+  // The current project folder, without a trailing separator.
+  virtual std::string currentFolder() = 0;
+};
+
+// MX's data-access object. Every query returns the raw status word (0 = found).
+class MxDataAccess {
+ public:
+  virtual ~MxDataAccess() = default;
+  // String information: sets pointCount to the string's number of points.
+  virtual std::int32_t stringInfo(std::string_view model, std::string_view label,
+                                  std::int32_t& pointCount) = 0;
+  // Point n (1-based) of a string.
+  virtual std::int32_t point(std::string_view model, std::string_view label, std::int32_t n,
+                             PointRecord& out) = 0;
+  // Record n of the current model.
+  virtual std::int32_t record(std::int32_t n, PointRecord& out) = 0;
+  // The next label for a prefix of 1 to 3 characters in a model.
+  virtual std::int32_t nextLabel(std::string_view model, std::string_view prefix,
+                                 std::string& label) = 0;
+  // How many labels of a model begin with a prefix.
+  virtual std::int32_t labelCount(std::string_view model, std::string_view prefix,
+                                  std::int32_t& count) = 0;
+  // A parameter by name in group 1 to 7 (status 1 = found).
+  virtual std::int32_t parameter(std::string_view name, int group, std::string& value) = 0;
+};
+
+// One point of a string as the model library gives it.
+struct MxPoint {
+  double X = 0, Y = 0, z = 0;
+  int Discontinuity = 0;  // 1: the string is broken after this point
+};
+
+class MxString {
+ public:
+  virtual ~MxString() = default;
+  virtual std::string name() = 0;
+  virtual std::vector<MxPoint> points() = 0;
+  // The points as one flat array, three values a point: x, y, z.
+  virtual std::vector<double> GetPointData() = 0;
+};
+
+class MxModel {
+ public:
+  virtual ~MxModel() = default;
+  // Labels of the model's strings, in model order.
+  virtual std::vector<std::string> stringLabels() = 0;
+  // A string by label; null when the model has none of that label.
+  virtual std::unique_ptr<MxString> string(std::string_view label) = 0;
+};
+
+// MX's model library.
+class MxModelLibrary {
+ public:
+  virtual ~MxModelLibrary() = default;
+  // A model by name; null when there is none.
+  virtual std::unique_ptr<MxModel> model(std::string_view name) = 0;
+};
+
+// The four services together, as one engine offers them.
+class MxEngine {
+ public:
+  virtual ~MxEngine() = default;
+  virtual MxConfiguration& configuration() = 0;
+  virtual MxProject& project() = 0;
+  virtual MxDataAccess& dataAccess() = 0;
+  virtual MxModelLibrary& library() = 0;
+};
+
+}  // namespace korvane::hosts

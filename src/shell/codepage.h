@@ -1,0 +1,29 @@
+// Text inside Korvane is kept as the bytes the users' files hold: the Windows
+// ANSI code page, Windows-1250 (Central European) by default. Case rules work
+// on those bytes; conversion to UTF-8 happens only at the edges (terminal,
+// window, files that start with a UTF-8 byte-order mark).
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvane::cp {
+
+char toLower(char c);
+char toUpper(char c);
+std::string lower(std::string_view s);
+std::string upper(std::string_view s);
+bool equalsIgnoreCase(std::string_view a, std::string_view b);
+bool startsWithIgnoreCase(std::string_view s, std::string_view prefix);
+// Position of needle in hay ignoring case, or npos.
+std::size_t findIgnoreCase(std::string_view hay, std::string_view needle, std::size_t from = 0);
+
+// Windows-1250 bytes to UTF-8; bytes with no character map to U+FFFD.
+std::string toUtf8(std::string_view cp1250);
+// UTF-8 to Windows-1250; characters outside the code page become '?'.
+// Invalid UTF-8 sequences are taken byte by byte, as they stand.
+std::string fromUtf8(std::string_view utf8);
+// True when the text is valid UTF-8 and holds at least one non-ASCII character.
+bool looksLikeUtf8(std::string_view s);
+
+}  // namespace korvane::cp
