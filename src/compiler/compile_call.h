@@ -1,0 +1,44 @@
+// State of one call of the compile pass, shared by the files that implement
+// its directives.
+#pragma once
+
+#include <string>
+
+#include "compiler/compile_pass.h"
+#include "compiler/line_reader.h"
+
+namespace korvane {
+
+struct CompileCall {
+  RunContext& ctx;
+  LineReader reader;
+  std::string folder;       // where this call's file was found; base folder of its inserts
+  std::string name;         // the name as this call received it, without a section label
+  std::string assignText;   // passed down by the caller
+  CompileMode mode = CompileMode::Whole;
+  std::string lastInsertAssign;  // assignment text of this call's previous insert
+  bool lastCondition = false;    // truth of this call's previous condition
+  std::string rawLine;           // the line as read, for failure reports
+
+  // Keyword text: the next line, joined with the following ones while the
+  // trimmed line ends with ",", and a final ",".
+  std::string readKeywordText();
+  // Reads the next line of this call's file; false at its end.
+  bool readLine(std::string& line) { return reader.readLine(line); }
+};
+
+// Directives implemented outside the line loop. Each returns true when the
+// call must return (the rest of the file is skipped).
+void insertDirective(CompileCall& call, const std::string& fileSpec);
+bool conditionDirective(CompileCall& call, const std::string& line);
+void extendedCommand(CompileCall& call, const std::string& keyword);
+void xlmacroDirective(CompileCall& call);
+void xlputDirective(CompileCall& call);
+void channelDirective(CompileCall& call, const std::string& keyword);
+bool isExtendedCommand(const std::string& keyword);
+bool isChannelDirective(const std::string& keyword);
+
+// True when `repeat` now evaluates to `word`.
+bool repeatIs(RunContext& ctx, const char* word);
+
+}  // namespace korvane

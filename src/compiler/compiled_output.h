@@ -1,0 +1,48 @@
+// The compiled output: one open text file at a time (MX input, an AutoCAD
+// script, a MicroStation key-in file or a print file), lines ending in CR LF.
+#pragma once
+
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+inline constexpr std::string_view kSentinelCreate = "crea,it is just a flag model";
+inline constexpr std::string_view kSentinelDelete = "dele,it is just a flag model";
+inline constexpr std::string_view kSentinelModel = "it is just a flag model";
+
+class CompiledOutput {
+ public:
+  CompiledOutput() = default;
+  CompiledOutput(const CompiledOutput&) = delete;
+  CompiledOutput& operator=(const CompiledOutput&) = delete;
+  ~CompiledOutput();
+
+  // Opens `fullName` new (or for appending). A file that cannot be opened is a
+  // run-time failure.
+  void open(const std::string& fullName, bool append = false);
+  void close();
+  bool isOpen() const { return file_ != nullptr; }
+  // The full name of the output in use (kept after close).
+  const std::string& fullName() const { return name_; }
+  void setName(const std::string& fullName) { name_ = fullName; }
+
+  void writeLine(std::string_view line);
+
+  // True when the output is the MX input (its name ends with "tmpinput.txt").
+  bool isMxChannel() const;
+
+  // Receives every line written to the MX input except the sentinel lines.
+  void setMxTap(std::function<void(std::string_view)> tap) { tap_ = std::move(tap); }
+
+ private:
+  std::FILE* file_ = nullptr;
+  std::string name_;
+  std::function<void(std::string_view)> tap_;
+};
+
+bool isSentinelLine(std::string_view line);
+
+}  // namespace korvane

@@ -1,0 +1,23 @@
+// Finding the file an input names: an absolute name is taken as it stands;
+// otherwise the base folder, the MX project folder, its "inputs" folder and,
+// for macro files (".ipm" or no extension), the project and private macro
+// folders are tried in this order. The public macro folder is never searched.
+#pragma once
+
+#include <string>
+
+#include "compiler/run_context.h"
+
+namespace korvane {
+
+struct FoundFile {
+  bool found = false;
+  std::string fullName;   // the candidate that exists
+  std::string folder;     // its folder: the base folder of the files it inserts
+  std::string shownName;  // base name + "." + extension, for messages
+};
+
+FoundFile findInputFile(const RunContext& ctx, const std::string& name,
+                        const std::string& baseFolder);
+
+}  // namespace korvane

@@ -1,0 +1,24 @@
+// Making what was compiled so far take effect.
+#pragma once
+
+#include "compiler/run_context.h"
+
+namespace korvane {
+
+// The flush-and-run step. MX input: closed with the sentinel deletion line,
+// run, checked, and begun afresh with the sentinel creation line. AutoCAD
+// script and MicroStation key-in files: played and begun afresh. A print
+// file: left alone.
+void flushAndRun(RunContext& ctx);
+
+// Runs the closed MX input through the engine and checks that MX reached its
+// end (the sentinel model is gone). Sets the stop state when it did not.
+void runCompiledOutput(RunContext& ctx);
+
+// Opens the MX input new with the sentinel creation line.
+void beginMxOutput(RunContext& ctx);
+
+// The MX input's full name: the project folder + "tmpinput.txt".
+std::string mxOutputName(const RunContext& ctx);
+
+}  // namespace korvane

@@ -1,0 +1,143 @@
+// "insert": inclusion of a file or section, once or repeated — counted, over
+// the selection list ("each"), or over data rows ("single", "double").
+#include <string>
+
+#include "compiler/compile_call.h"
+#include "compiler/expression.h"
+#include "compiler/runtime_failure.h"
+#include "compiler/text.h"
+#include "shell/codepage.h"
+#include "shell/conversions.h"
+
+namespace korvane {
+namespace {
+
+constexpr int kRowFields = 14;
+
+struct Insert {
+  CompileCall& call;
+  std::string spec;
+  std::string assign;
+
+  void compile(CompileMode mode) const {
+    CompileFile(call.ctx, spec, call.folder, call.name, assign, mode);
+  }
+  bool stopped() const { return call.ctx.stop.set; }
+};
+
+// Reads the next data row of the caller's file: skips "##" lines; false at
+// "end" (any case) or at the end of the file.
+bool nextRow(CompileCall& call, std::string& row) {
+  while (call.readLine(row)) {
+    if (text::startsWith(row, "##")) continue;
+    return !cp::equalsIgnoreCase(text::trim(row), "end");
+  }
+  return false;
+}
+
+std::string fieldName(int i, const char* suffix) { return "f" + std::to_string(i) + suffix; }
+
+void countUp(RunContext& ctx, const std::string& r) {
+  std::string count = conv::CStr(conv::Val(variableOrName(ctx, "count")) + 1);
+  applyAssignments(ctx, "count=" + count + ",");
+  applyAssignments(ctx, "repeat=" + r + ",");
+}
+
+void counted(const Insert& in, const std::string& r, bool eachMode) {
+  RunContext& ctx = in.call.ctx;
+  const std::int32_t n = conv::CLng(r);
+  for (std::int32_t i = 1; i <= n; ++i) {
+    applyAssignments(ctx, "count=" + std::to_string(i) + ",");
+    applyAssignments(ctx, "repeat=" + r + ",");
+    if (eachMode) {
+      if (static_cast<std::size_t>(i) > ctx.selection.size())
+        throw RuntimeFailure("subscript", "each(" + std::to_string(i) + ")");
+      applyAssignments(ctx, "each=" + ctx.selection[i - 1] + ",");
+    }
+    in.compile(CompileMode::Repeating);
+    if (in.stopped() || repeatIs(ctx, "end")) break;
+  }
+}
+
+// Each data row sets f1..f14 and compiles the repeated part once.
+void singleRows(const Insert& in, const std::string& r) {
+  RunContext& ctx = in.call.ctx;
+  std::string row;
+  bool going = true;
+  while (nextRow(in.call, row)) {
+    if (!going) continue;  // rows after repeat=end are read and ignored
+    splitFields(ctx, row);
+    for (int i = 1; i <= kRowFields; ++i)
+      applyAssignments(ctx, fieldName(i, "=") + ctx.fields[i - 1] + ",");
+    countUp(ctx, r);
+    in.compile(CompileMode::Repeating);
+    if (in.stopped()) return;
+    if (repeatIs(ctx, "end")) going = false;
+  }
+}
+
+// The first row gives start values f1_s..; each following row gives end
+// values f1_e.. and compiles one segment, which then starts the next.
+void doubleRows(const Insert& in, const std::string& r) {
+  RunContext& ctx = in.call.ctx;
+  std::string row;
+  if (!nextRow(in.call, row)) return;
+  splitFields(ctx, row);
+  for (int i = 1; i <= kRowFields; ++i)
+    applyAssignments(ctx, fieldName(i, "_s=") + ctx.fields[i - 1] + ",");
+  bool going = true;
+  while (nextRow(in.call, row)) {
+    if (!going) continue;
+    splitFields(ctx, row);
+    for (int i = 1; i <= kRowFields; ++i)
+      applyAssignments(ctx, fieldName(i, "_e=") + ctx.fields[i - 1] + ",");
+    countUp(ctx, r);
+    in.compile(CompileMode::Repeating);
+    if (in.stopped()) return;
+    for (int i = 1; i <= kRowFields; ++i) {
+      const std::string s = fieldName(i, "_s"), e = fieldName(i, "_e");
+      if (variableOrName(ctx, s) != s) ctx.vars.set(s, "");
+      if (variableOrName(ctx, e) != e) ctx.vars.set(s, variableOrName(ctx, e));
+    }
+    if (repeatIs(ctx, "end")) going = false;
+  }
+}
+
+}  // namespace
+
+void insertDirective(CompileCall& call, const std::string& fileSpec) {
+  RunContext& ctx = call.ctx;
+  Insert in{call, fileSpec, {}};
+  if (text::endsWith(fileSpec, ";")) {
+    in.spec = text::rtrim(fileSpec.substr(0, fileSpec.size() - 1));
+    ctx.vars.clear();
+    in.assign = call.lastInsertAssign;  // carried over from the previous insert, deliberately
+  } else if (text::endsWith(fileSpec, ".")) {
+    in.spec = text::rtrim(fileSpec.substr(0, fileSpec.size() - 1));
+    in.assign = ",";
+  } else {
+    in.assign = call.readKeywordText();
+  }
+  call.lastInsertAssign = in.assign;
+
+  applyAssignments(ctx, "repeat=," + in.assign);
+  const std::string raw = variableOrName(ctx, "repeat");
+  std::string r = raw;
+  const bool eachMode = text::startsWith(raw, "each");
+  if (eachMode) r = std::to_string(static_cast<long long>(conv::Val(raw.substr(4))));
+
+  if (r != "single" && r != "double" && r < "0") {
+    in.compile(CompileMode::Whole);
+    return;
+  }
+  in.compile(CompileMode::Leading);
+  if (in.stopped()) return;
+  applyAssignments(ctx, "count=0,");
+  if (r == "single") singleRows(in, r);
+  else if (r == "double") doubleRows(in, r);
+  else counted(in, r, eachMode);
+  if (in.stopped()) return;
+  in.compile(CompileMode::Trailing);
+}
+
+}  // namespace korvane

@@ -1,0 +1,56 @@
+#include "compiler/variable_table.h"
+
+#include "compiler/runtime_failure.h"
+#include "compiler/text.h"
+
+namespace korvane {
+
+bool isTemporaryName(std::string_view name) { return text::startsWith(name, "zTMP"); }
+
+void VariableTable::set(const std::string& name, std::string value) {
+  auto it = index_.find(name);
+  if (it != index_.end()) {
+    entries_[it->second].second = std::move(value);
+    return;
+  }
+  if (entries_.size() >= kCapacity) throw RuntimeFailure("vars");
+  if (name.empty() || isTemporaryName(name)) mayHoldTemporaries_ = true;
+  index_.emplace(name, entries_.size());
+  entries_.emplace_back(name, std::move(value));
+}
+
+const std::string* VariableTable::find(std::string_view name) const {
+  auto it = index_.find(std::string(name));
+  return it == index_.end() ? nullptr : &entries_[it->second].second;
+}
+
+void VariableTable::clear() {
+  entries_.clear();
+  index_.clear();
+  mayHoldTemporaries_ = false;
+}
+
+void VariableTable::purgeTemporaries() {
+  if (!mayHoldTemporaries_) return;
+  std::vector<std::pair<std::string, std::string>> kept;
+  kept.reserve(entries_.size());
+  for (auto& e : entries_)
+    if (!e.first.empty() && !isTemporaryName(e.first)) kept.push_back(std::move(e));
+  entries_ = std::move(kept);
+  mayHoldTemporaries_ = false;
+  reindex();
+}
+
+std::vector<std::string> VariableTable::viewerItems() const {
+  std::vector<std::string> items;
+  for (const auto& [name, value] : entries_)
+    if (!isTemporaryName(name)) items.push_back(name + "=" + value);
+  return items;
+}
+
+void VariableTable::reindex() {
+  index_.clear();
+  for (std::size_t i = 0; i < entries_.size(); ++i) index_.emplace(entries_[i].first, i);
+}
+
+}  // namespace korvane

@@ -1,0 +1,41 @@
+// The variable table of a compile run: up to 2000 (name, value) texts in the
+// order they were added, exact case-sensitive names, no scoping.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace korvane {
+
+class VariableTable {
+ public:
+  static constexpr std::size_t kCapacity = 2000;
+
+  // Replaces the value of the entry of that name or appends one; appending
+  // beyond the capacity is a run-time failure.
+  void set(const std::string& name, std::string value);
+  // The value, or null when there is no such variable.
+  const std::string* find(std::string_view name) const;
+  void clear();
+  std::size_t size() const { return entries_.size(); }
+  const std::vector<std::pair<std::string, std::string>>& entries() const { return entries_; }
+
+  // Drops the evaluator's temporaries ("zTMP...") and empty names, keeping the
+  // order of the rest.
+  void purgeTemporaries();
+  // The table as the variables viewer lists it: name=value, no temporaries.
+  std::vector<std::string> viewerItems() const;
+
+ private:
+  void reindex();
+  std::vector<std::pair<std::string, std::string>> entries_;
+  std::unordered_map<std::string, std::size_t> index_;
+  bool mayHoldTemporaries_ = false;
+};
+
+bool isTemporaryName(std::string_view name);
+
+}  // namespace korvane

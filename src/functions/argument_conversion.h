@@ -1,0 +1,19 @@
+// Reading the arguments of a call as numbers. A text that is not a number is
+// a run-time failure naming that text.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "compiler/run_context.h"
+
+namespace korvane {
+
+double numberArg(const RunContext& ctx, int k);
+std::int16_t integerArg(const RunContext& ctx, int k);
+std::int32_t longArg(const RunContext& ctx, int k);
+// The general text of a numeric result; an infinite or undefined result is an
+// overflow naming the function.
+std::string numberResult(double v, const char* function);
+
+}  // namespace korvane

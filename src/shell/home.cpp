@@ -1,0 +1,94 @@
+#include "shell/home.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include "shell/fs.h"
+#include "shell/profile.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+#ifndef KORVANE_DATA_DIR
+#define KORVANE_DATA_DIR ""
+#endif
+
+namespace korvane {
+namespace {
+
+const char* const kSettingsName = "Korvane.ini";
+
+std::string envText(const char* name) {
+  const char* v = std::getenv(name);
+  return v ? fs::fromNative(std::filesystem::path(v)) : std::string();
+}
+
+// The per-user folder; the installed defaults are copied into it when it has
+// no settings file yet.
+std::string userFolder() {
+#ifdef _WIN32
+  std::string base = envText("APPDATA");
+#else
+  std::string base = envText("XDG_CONFIG_HOME");
+  if (base.empty() && !envText("HOME").empty()) base = fs::join(envText("HOME"), ".config");
+#endif
+  if (base.empty()) return {};
+  std::string folder = fs::join(base, "korvane");
+  if (fs::fileExists(fs::join(folder, kSettingsName))) return folder;
+  std::string defaults = KORVANE_DATA_DIR;
+  if (defaults.empty() || !fs::folderExists(defaults)) return folder;
+  std::error_code ec;
+  std::filesystem::create_directories(fs::native(folder), ec);
+  for (const auto& e : std::filesystem::directory_iterator(fs::native(defaults), ec)) {
+    auto target = fs::native(folder) / e.path().filename();
+    if (!std::filesystem::exists(target, ec))
+      std::filesystem::copy_file(e.path(), target, ec);
+  }
+  return folder;
+}
+
+}  // namespace
+
+std::string programFolder() {
+#ifdef _WIN32
+  char buf[MAX_PATH] = {};
+  GetModuleFileNameA(nullptr, buf, MAX_PATH);
+  return fs::fromNative(std::filesystem::path(buf).parent_path());
+#else
+  std::error_code ec;
+  auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
+  if (ec) return fs::currentFolder();
+  return fs::fromNative(exe.parent_path());
+#endif
+}
+
+bool resolveHome(const std::string& explicitHome, HomePaths& out, std::string& error) {
+  std::string home = explicitHome;
+  if (home.empty()) home = envText("KORVANE_HOME");
+  if (home.empty()) {
+    home = programFolder();
+    if (!fs::fileExists(fs::join(home, kSettingsName))) {
+      std::string user = userFolder();
+      if (!user.empty()) home = user;
+    }
+  }
+  home = fs::withoutTrailingSeparator(fs::absolute(home));
+  out.home = home;
+  out.settings = fs::join(home, kSettingsName);
+  if (!fs::fileExists(out.settings)) {
+    error = "File not found: " + out.settings;
+    return false;
+  }
+  std::string lang = ReadProfileString("Language", "lang", out.settings);
+  out.hungarianHelp = lang == "Hungarian";
+  out.language = fs::join(home, lang + ".lng");
+  if (!fs::fileExists(out.language)) {
+    error = "File not found: " + out.language;
+    return false;
+  }
+  return true;
+}
+
+}  // namespace korvane

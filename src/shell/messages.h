@@ -1,0 +1,28 @@
+// User-visible texts, looked up by section and key in the language file.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+class Messages {
+ public:
+  Messages() = default;
+  explicit Messages(std::string languageFile) : file_(std::move(languageFile)) {}
+
+  const std::string& file() const { return file_; }
+  // The text, or empty text when the file, section or key is missing.
+  std::string text(std::string_view section, std::string_view key) const;
+  // The text with every "%1" replaced by a1 and every "%2" by a2.
+  std::string format(std::string_view section, std::string_view key, std::string_view a1 = {},
+                     std::string_view a2 = {}) const;
+
+ private:
+  std::string file_;
+};
+
+// Replaces every occurrence of `what` in `text` by `by`.
+std::string replaceAll(std::string text, std::string_view what, std::string_view by);
+
+}  // namespace korvane

@@ -1,0 +1,27 @@
+// Private-profile (ini) files as Windows reads and writes them: the settings
+// file and the language files. Reading never fails: a missing file, section or
+// key gives empty text. Writing edits the file in place, byte for byte
+// everywhere it does not need to change, and replaces it atomically.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace korvane {
+
+// Values are cut at this many characters, as a 128-character buffer allows.
+constexpr std::size_t kProfileValueMax = 127;
+
+// Reads section/key of file. `status`, when given, receives the number of
+// characters returned.
+std::string ReadProfileString(std::string_view section, std::string_view key,
+                              const std::string& file, std::int32_t* status = nullptr);
+
+// Writes section/key = value. Returns "1" on success, "0" on failure; `status`
+// receives 1 or 0.
+std::string WriteProfileString(std::string_view section, std::string_view key,
+                               std::string_view value, const std::string& file,
+                               std::int32_t* status = nullptr);
+
+}  // namespace korvane
