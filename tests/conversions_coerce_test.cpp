@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "shell/conversions.h"
+
+using namespace korvane::conv;
+
+namespace {
+
+template <typename F>
+void expectCode(ConvErrc code, F call, const std::string& label) {
+  try {
+    call();
+    ADD_FAILURE() << label << ": no ConversionError";
+  } catch (const ConversionError& e) {
+    EXPECT_EQ(e.code(), code) << label;
+  }
+}
+
+}  // namespace
+
+TEST(ConvCoerce, CDblAcceptsPlainNumbers) {
+  const std::pair<const char*, double> cases[] = {
+      {"1", 1},       {" 12 ", 12},       {"\t-3.5\r\n", -3.5}, {"+7", 7},          {".5", 0.5},
+      {"5.", 5},      {"1e-1", 0.1},      {"1E+01", 10},        {"2.5e3", 2500},    {"&H10", 16},
+      {"&HFFFF", -1}, {"&HFFFF&", 65535}, {"&o777", 511},       {"1e-94938484", 0}, {"0", 0},
+      {"-0.0", 0},
+  };
+  for (const auto& [text, expected] : cases) {
+    EXPECT_EQ(CDbl(text), expected) << text;
+    EXPECT_TRUE(IsNumeric(text)) << text;
+  }
+}
+
+TEST(ConvCoerce, CDblRejectsEverythingElse) {
+  const char* cases[] = {"",
+                         " ",
+                         "abc",
+                         "12abc",
+                         "1,000",
+                         "1,5",
+                         "(5)",
+                         "5-",
+                         "$11",
+                         "0x1A",
+                         "1 2",
+                         "- 5",
+                         "1d2",
+                         ".",
+                         "-",
+                         "e5",
+                         "1e",
+                         "1e+",
+                         "&H",
+                         "&HG",
+                         "& H1",
+                         "&17",
+                         "1.2.3",
+                         "Inf",
+                         "NaN",
+                         "++1",
+                         "1e5.",
+                         "&O8",
+                         "50%",
+                         "\xA0"
+                         "1"};
+  for (const char* text : cases) {
+    expectCode(
+        ConvErrc::TypeMismatch, [&] { CDbl(text); }, text);
+    EXPECT_FALSE(IsNumeric(text)) << text;
+  }
+  expectCode(
+      ConvErrc::Overflow, [] { CDbl("1e309"); }, "1e309");
+  EXPECT_FALSE(IsNumeric("1e309"));
+  EXPECT_FALSE(IsNumeric(std::string(1 << 20, '1') + "x"));
+}
+
+TEST(ConvCoerce, IntegersRoundHalfToEven) {
+  const std::pair<double, int> cases[] = {
+      {0.5, 0},           {1.5, 2},
+      {2.5, 2},           {3.5, 4},
+      {-0.5, 0},          {-1.5, -2},
+      {-0.6, -1},         {0.6, 1},
+      {-0.4, 0},          {32767.49, 32767},
+      {-32768.5, -32768}, {2345.5678, 2346},
+      {-2.5, -2},         {0.49999999999999994, 0},
+  };
+  for (const auto& [value, expected] : cases) {
+    EXPECT_EQ(CInt(value), expected) << value;
+    EXPECT_EQ(CLng(value), expected) << value;
+  }
+  EXPECT_EQ(CInt("-1.5"), -2);
+  EXPECT_EQ(CInt("0.5"), 0);
+  EXPECT_EQ(CInt("1.5"), 2);
+  EXPECT_EQ(CInt("0.6"), 1);
+  EXPECT_EQ(CLng("1.5"), 2);
+  EXPECT_EQ(CLng("-0.5"), 0);
+  EXPECT_EQ(CLng("2147483647"), 2147483647);
+  EXPECT_EQ(CLng("-2147483648"), INT32_MIN);
+  EXPECT_EQ(CLng(2147483647.5 - 1), 2147483646);
+  EXPECT_EQ(CInt("&H8000"), -32768);
+}
+
+TEST(ConvCoerce, IntegersOverflowOutsideTheirRange) {
+  const double inf = std::numeric_limits<double>::infinity();
+  for (double v :
+       {32767.5, -32768.51, -32769.0, 32768.0, inf, -inf, std::numeric_limits<double>::quiet_NaN()})
+    expectCode(
+        ConvErrc::Overflow, [&] { CInt(v); }, std::to_string(v));
+  for (double v : {2147483647.5, -2147483649.0, 1e10, inf})
+    expectCode(
+        ConvErrc::Overflow, [&] { CLng(v); }, std::to_string(v));
+  expectCode(
+      ConvErrc::Overflow, [] { CInt("32768"); }, "32768");
+  expectCode(
+      ConvErrc::Overflow, [] { CInt("-32769"); }, "-32769");
+  expectCode(
+      ConvErrc::Overflow, [] { CLng("2147483648"); }, "2147483648");
+  expectCode(
+      ConvErrc::Overflow, [] { CLng("-2147483649"); }, "-2147483649");
+  expectCode(
+      ConvErrc::Overflow, [] { CLng("&HFFFFFFFFF"); }, "&HFFFFFFFFF");
+  expectCode(
+      ConvErrc::TypeMismatch, [] { CInt("x"); }, "x");
+  expectCode(
+      ConvErrc::TypeMismatch, [] { CLng(""); }, "empty");
+}
