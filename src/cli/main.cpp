@@ -6,6 +6,7 @@
 int main(int argc, char** argv) {
   CLI::App app{"Korvane: compiles .ipf input files into MX input and runs them"};
   app.require_subcommand(1);
+  korvane::cli::addCompileCommand(app);
   korvane::cli::addModelsCommand(app);
   try {
     app.parse(argc, argv);

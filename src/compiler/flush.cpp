@@ -1,5 +1,6 @@
 #include "compiler/flush.h"
 
+#include "compiler/runtime_failure.h"
 #include "compiler/text.h"
 #include "shell/fs.h"
 
@@ -63,11 +64,13 @@ void flushAndRun(RunContext& ctx) {
   } else if (channel == "tmpinput.scr") {
     ctx.output.close();
     if (ctx.players.script) ctx.players.script(ctx, name);
+    else ctx.stop.raise(ctx.messages.format("Messages", "s15", ""));  // no AutoCAD here
     if (ctx.stop.set) return;
     reopenFresh(ctx, name);
   } else if (channel == "tmpinput.key") {
     ctx.output.close();
-    if (ctx.players.keyin) ctx.players.keyin(ctx, name);
+    if (!ctx.players.keyin) throw RuntimeFailure("mstation");  // no MicroStation here
+    ctx.players.keyin(ctx, name);
     reopenFresh(ctx, name);
   }
   // Any other name is a print file: it stays open and keeps receiving lines.

@@ -58,8 +58,8 @@ class InputPrompt {
 };
 
 // Plays the AutoCAD script and MicroStation key-in channels when they are
-// flushed. Without CAD on the machine the script channel ends the run with
-// the AutoCAD message and the key-in channel is a run-time failure.
+// flushed. Left empty, there is no CAD on the machine: the script channel ends
+// the run with the AutoCAD message and the key-in channel is a run-time failure.
 struct ChannelPlayers {
   std::function<void(RunContext&, const std::string& scriptFile)> script;
   std::function<void(RunContext&, const std::string& keyinFile)> keyin;

@@ -1,0 +1,77 @@
+// korvane compile: compiles run entries into MX input without running it
+// (unless an engine is named), for checking what a file produces.
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+
+#include "cli/commands.h"
+#include "cli/session.h"
+#include "compiler/driver.h"
+#include "shell/fs.h"
+
+namespace korvane::cli {
+namespace {
+
+struct CompileOptions {
+  std::vector<std::string> words;
+  SessionOptions session;
+  std::string output;
+  std::string varsFile;
+};
+
+int runCompile(const CompileOptions& o) {
+  int status = 0;
+  auto session = Session::open(o.session, hosts::EngineKind::None, status);
+  if (!session) return status;
+  RunContext& ctx = session->ctx;
+
+  std::ofstream file;
+  std::ostream* out = &std::cout;
+  if (!o.output.empty()) {
+    file.open(fs::native(fromTerminal(o.output)), std::ios::binary | std::ios::trunc);
+    if (!file) {
+      printError(ctx.messages.format("Runtime", "write", fromTerminal(o.output)));
+      return 1;
+    }
+    out = &file;
+  }
+  ctx.output.setMxTap([out](std::string_view line) {
+    out->write(line.data(), static_cast<std::streamsize>(line.size()));
+    out->write("\r\n", 2);
+  });
+
+  for (const auto& entry : entriesFromWords(o.words))
+    if (!compileEntry(ctx, entry)) break;
+  out->flush();
+
+  if (!o.varsFile.empty()) {
+    std::string text;
+    for (const auto& item : ctx.vars.viewerItems()) text += item + "\r\n";
+    if (!fs::writeFileAtomic(fromTerminal(o.varsFile), text))
+      printError(ctx.messages.format("Runtime", "write", fromTerminal(o.varsFile)));
+  }
+  if (ctx.stop.set) {
+    printError(ctx.stop.message);
+    return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+void addCompileCommand(CLI::App& app) {
+  auto o = std::make_shared<CompileOptions>();
+  auto* cmd = app.add_subcommand("compile", "Compile run entries into MX input");
+  cmd->add_option("ENTRY", o->words, "Input file, optionally followed by [section]")->required();
+  cmd->add_option("--project", o->session.project, "MX project folder (default: current folder)");
+  cmd->add_option("--home", o->session.home, "Folder of Korvane.ini and the language files");
+  cmd->add_option("-o,--output", o->output, "Write the MX lines here (default: standard output)");
+  cmd->add_option("--vars", o->varsFile, "Write the final variable table here");
+  cmd->add_option("--engine", o->session.engine, "none (default), embedded or mx");
+  cmd->add_option("--answer", o->session.answers, "Answer to an input() question, in order");
+  cmd->callback([o] { setExitCode(runCompile(*o)); });
+}
+
+}  // namespace korvane::cli

@@ -1,0 +1,56 @@
+// What every command that compiles needs: the home folder with its settings
+// and language files, the project folder, the engine, and a run context wired
+// to the terminal.
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "compiler/run_context.h"
+#include "hosts/engine_factory.h"
+#include "shell/home.h"
+
+namespace korvane::cli {
+
+// Answers `input` from --answer texts in order, then from standard input with
+// the question on standard error; the end of input counts as cancelled.
+class TerminalPrompt final : public InputPrompt {
+ public:
+  explicit TerminalPrompt(std::vector<std::string> answers);
+  bool ask(const std::string& title, const std::string& prompt, std::string& answer) override;
+
+ private:
+  std::deque<std::string> answers_;
+};
+
+struct SessionOptions {
+  std::string home;
+  std::string project;
+  std::string engine;  // "" = the command's default
+  std::vector<std::string> answers;
+};
+
+class Session {
+ public:
+  // Returns null after printing the reason (exit status in `status`).
+  static std::unique_ptr<Session> open(const SessionOptions& options,
+                                       hosts::EngineKind defaultEngine, int& status);
+
+  RunContext ctx;
+  HomePaths paths;
+  std::unique_ptr<hosts::MxEngine> engine;
+  std::unique_ptr<TerminalPrompt> prompt;
+};
+
+// Run entries from the words of a command line: a word that begins with "["
+// belongs to the entry before it (a shell splits "a.ipf [main]" in two), and
+// relative paths are taken from the current folder.
+std::vector<std::string> entriesFromWords(const std::vector<std::string>& words);
+
+// Text in the users' code page to the terminal, and back.
+void printError(const std::string& cpText);
+std::string fromTerminal(const std::string& text);
+
+}  // namespace korvane::cli
