@@ -46,4 +46,27 @@ bool digitsToDouble(std::string_view digits, std::int64_t exp10, bool negative, 
 // value lies outside [lo, hi] or is not finite.
 std::int64_t roundHalfEven(double value, std::int64_t lo, std::int64_t hi);
 
+// --- calendar ---------------------------------------------------------------
+// Serials cover 1 January 100 to 31 December 9999, as OLE dates do.
+constexpr double kMinSerial = -657434.0;
+constexpr double kMaxSerialExclusive = 2958466.0;
+
+struct DateParts {
+  int year = 1899, month = 12, day = 30;
+  int hour = 0, minute = 0, second = 0;
+  int dayOfWeek = 6;  // 0 = Sunday
+  int dayOfYear = 364;
+};
+
+// Day number of a calendar date (1899-12-30 is 0); no range check.
+long long daySerial(int year, int month, int day);
+int daysInMonth(int year, int month);
+// Splits a serial into calendar fields, the time rounded to the second. The day is the
+// whole part towards zero and the time of day the absolute fraction, so -1.25 is
+// 1899-12-29 06:00. False for serials outside the supported range.
+bool splitSerial(double serial, DateParts& parts);
+
+// A serial formatted with a date pattern (the date half of Format).
+std::string formatSerial(double serial, std::string_view pattern);
+
 }  // namespace korvane::conv::detail
