@@ -1,0 +1,138 @@
+// The evaluator's operator split, quoting, temporaries and the field scanner.
+#include <gtest/gtest.h>
+
+#include "compiler/expression.h"
+#include "compiler/field_scanner.h"
+#include "compiler/runtime_failure.h"
+#include "support/project.h"
+
+using namespace korvane;
+
+namespace {
+
+struct ExpressionTest : ::testing::Test {
+  test::TempProject project;
+  test::Compiler c{project};
+  std::string eval(const std::string& e) { return Evaluate(c.ctx, std::string_view(e)); }
+};
+
+TEST_F(ExpressionTest, OperatorsSplitAtTheLastOccurrenceOfTheLoosest) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"1+2*3", "7"},      {"10-4-3", "3"},      // chains group from the left
+      {"2^3^2", "64"},     {"8/2/2", "2"},       // (2^3)^2, (8/2)/2
+      {"1+2-3", "0"},      {"2*-3", "-1"},       // 2* read as 2, then 2-3
+      {"-5", "-5"},        {"-2*3", "-6"},       // leading "-" is 0 minus the rest
+      {"1E-5", "-4"},      {"0.1+0.2", "0.3"},   // exponent split at its "-"
+      {"1/3", "0.333333333333333"},
+      {"a&b", "ab"},       {"1&2+3", "15"},      // "&" binds loosest
+      {"12.5abc*2", "25"}, {"abc*2", "0"},       // leading number of a text
+      {"(1+2)*3", "9"},    {"x&", "x&"},         // an operator at the end is not seen
+      {"   ", ""},         {"word", "word"},
+  };
+  for (auto [expr, want] : cases) EXPECT_EQ(eval(expr), want) << expr;
+}
+
+TEST_F(ExpressionTest, VariablesAreSubstitutedAfterTheSplit) {
+  c.ctx.vars.set("a", "-3");
+  c.ctx.vars.set("name", "MAST");
+  EXPECT_EQ(eval("a*2"), "-6");
+  EXPECT_EQ(eval("name&\"-x\""), "MAST-x");
+  EXPECT_EQ(eval("unknown"), "unknown");
+}
+
+TEST_F(ExpressionTest, QuotedTextIsLiteralBetweenTheOuterQuotes) {
+  EXPECT_EQ(eval("\"a+b\""), "a+b");
+  EXPECT_EQ(eval("\"x\"&\"y\""), "x\"&\"y");  // outer quotes only, deliberately
+  EXPECT_EQ(eval("\"\""), "");
+}
+
+TEST_F(ExpressionTest, FunctionValuesBecomeTemporariesThatThePurgeRemoves) {
+  EXPECT_EQ(eval("len(abc)+len(de)"), "5");
+  EXPECT_EQ(c.var("zTMP00001"), "2");  // the last ")" is taken first
+  EXPECT_EQ(c.var("zTMP00002"), "3");
+  c.ctx.vars.purgeTemporaries();
+  EXPECT_EQ(c.ctx.vars.size(), 0u);
+  EXPECT_EQ(eval("(2+3)*2"), "10");  // a bare parenthesis groups
+  EXPECT_EQ(eval("foo(1)&x"), "x");  // unknown function: empty text
+}
+
+TEST_F(ExpressionTest, NestedCallsOverwriteTheSharedArgumentArray) {
+  // mid's first slot is lost when len() refills the array: mid("ab",2,2).
+  EXPECT_EQ(eval("mid(abcdef,len(ab),2)"), "b");
+  // A nested call in the first slot leaves later slots to the outer call.
+  EXPECT_EQ(eval("mid(left(abcdef,4),2,2)"), "bc");
+}
+
+TEST_F(ExpressionTest, ArithmeticFailuresAreRuntimeFailures) {
+  auto key = [&](const std::string& e) {
+    try {
+      eval(e);
+    } catch (const RuntimeFailure& f) {
+      return f.key();
+    }
+    return std::string("none");
+  };
+  EXPECT_EQ(key("1/0"), "div0");
+  EXPECT_EQ(key("10^400"), "overflow");
+  EXPECT_EQ(key("(-8)^0.5"), "badarg");
+  EXPECT_EQ(key("1)"), "paren");
+  EXPECT_EQ(key("sqr(abc)"), "mismatch");
+  EXPECT_EQ(key("ln(0)"), "badarg");
+  EXPECT_EQ(key("exp(1000)"), "overflow");
+  EXPECT_EQ(key("len(1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16)"), "args");
+  EXPECT_EQ(key("len(1,2,3,4,5,6,7,8,9,10,11,12,13,14,15)"), "none");
+}
+
+TEST_F(ExpressionTest, AssignmentListsEvaluateEachValue) {
+  applyAssignments(c.ctx, "a=1+1, b = a*3 ,s=\"x,y\",f=len(\"a,b\"),");
+  EXPECT_EQ(c.var("a"), "2");
+  EXPECT_EQ(c.var("b"), "6");
+  EXPECT_EQ(c.var("s"), "x,y");
+  EXPECT_EQ(c.var("f"), "3");
+  applyAssignments(c.ctx, "a=5");  // no trailing comma
+  EXPECT_EQ(c.var("a"), "5");
+}
+
+TEST_F(ExpressionTest, LineSubstitutionRepeatsUntilNoBarIsLeft) {
+  c.ctx.vars.set("inner", "|n|");
+  c.ctx.vars.set("n", "7");
+  std::string line = "crea,m|inner|,|n+1|";
+  substituteLine(c.ctx, line);
+  EXPECT_EQ(line, "crea,m7,8");
+  std::string lone = "a|b";
+  EXPECT_THROW(substituteLine(c.ctx, lone), RuntimeFailure);
+  c.ctx.vars.set("loop", "|loop|");
+  std::string endless = "|loop|";
+  EXPECT_THROW(substituteLine(c.ctx, endless), RuntimeFailure);
+}
+
+TEST(FieldScanner, CommasInsideQuotesAndParenthesesDoNotSplit) {
+  std::string_view t = "a,\"b,c\",f(1,(2,3)),,\"open,x";
+  std::size_t pos = 0;
+  EXPECT_EQ(nextField(t, pos), "a");
+  EXPECT_EQ(nextField(t, pos), "\"b,c\"");
+  EXPECT_EQ(nextField(t, pos), "f(1,(2,3))");
+  EXPECT_EQ(nextField(t, pos), "");
+  EXPECT_EQ(nextField(t, pos), "\"open,x");  // an unclosed quote runs to the end
+  EXPECT_GT(pos, t.size());
+  EXPECT_EQ(matchingParen("f(a(b))", 6), 1u);
+  EXPECT_EQ(matchingParen("a)", 1), std::string_view::npos);
+  EXPECT_TRUE(inRange(3, 3, 5, "[]"));
+  EXPECT_FALSE(inRange(3, 3, 5, "(]"));
+  EXPECT_TRUE(inRange(3, 3, 5, "[)"));
+  EXPECT_FALSE(inRange(5, 3, 5, "()"));
+}
+
+TEST_F(ExpressionTest, FieldSplitStopsAfterIfAndRefusesASixteenthField) {
+  splitFields(c.ctx, " crea , |1+1| ,x");
+  EXPECT_EQ(c.ctx.fields[0], "crea");
+  EXPECT_EQ(c.ctx.fields[1], "2");
+  EXPECT_EQ(c.ctx.fields[2], "x");
+  splitFields(c.ctx, "if,a=1 then b=2,c=3");
+  EXPECT_EQ(c.ctx.fields[1], "");
+  splitFields(c.ctx, "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,");
+  EXPECT_EQ(c.ctx.fields[14], "15");
+  EXPECT_THROW(splitFields(c.ctx, "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16"), RuntimeFailure);
+}
+
+}  // namespace

@@ -1,0 +1,82 @@
+#include "support/project.h"
+
+#include <atomic>
+#include <fstream>
+#include <sstream>
+
+#include <unistd.h>
+
+#include "compiler/compiled_output.h"
+#include "compiler/driver.h"
+#include "shell/fs.h"
+
+namespace korvane::test {
+namespace stdfs = std::filesystem;
+
+std::string sourceDir() { return KORVANE_SOURCE_DIR; }
+
+TempProject::TempProject() {
+  static std::atomic<int> counter{0};
+  root_ = stdfs::temp_directory_path() /
+          ("korvane-test-" + std::to_string(::getpid()) + "-" + std::to_string(counter++));
+  stdfs::remove_all(root_);
+  stdfs::create_directories(root_);
+}
+
+TempProject::~TempProject() {
+  std::error_code ec;
+  stdfs::remove_all(root_, ec);
+}
+
+std::string TempProject::folder() const { return fs::fromNative(root_); }
+std::string TempProject::path(const std::string& relative) const {
+  return fs::join(folder(), relative);
+}
+
+std::string TempProject::write(const std::string& relative, const std::string& content) const {
+  stdfs::path p = root_ / relative;
+  stdfs::create_directories(p.parent_path());
+  std::ofstream(p, std::ios::binary) << content;
+  return path(relative);
+}
+
+std::string TempProject::read(const std::string& relative) const {
+  std::ifstream in(root_ / relative, std::ios::binary);
+  std::stringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+bool TempProject::exists(const std::string& relative) const { return stdfs::exists(root_ / relative); }
+
+std::string RecordingEngine::setting(std::string_view name) {
+  auto it = settings_.find(std::string(name));
+  return it == settings_.end() ? std::string() : it->second;
+}
+
+hosts::MxRunResult RecordingEngine::run(std::string_view, const std::string& fullName) {
+  runs.push_back(fs::readFile(fullName).value_or("<unreadable>"));
+  if (leaveSentinel) models.insert(std::string(kSentinelModel));
+  return {failWith, {}};
+}
+
+Compiler::Compiler(const TempProject& p, std::map<std::string, std::string> settings)
+    : project(p), engine(p.folder(), std::move(settings)) {
+  ctx.projectFolder = fs::withTrailingSeparator(p.folder());
+  ctx.settingsPath = sourceDir() + "/data/Korvane.ini";
+  ctx.messages = Messages(sourceDir() + "/data/English.lng");
+  ctx.engine = &engine;
+  ctx.log = [this](const std::string& line) { log.push_back(line); };
+  ctx.output.setMxTap([this](std::string_view line) { lines.emplace_back(line); });
+}
+
+bool Compiler::compile(const std::string& entry) {
+  return compileEntry(ctx, fs::isAbsolute(entry) ? entry : project.path(entry));
+}
+
+std::string Compiler::var(const std::string& name) const {
+  const std::string* v = ctx.vars.find(name);
+  return v ? *v : "<unset>";
+}
+
+}  // namespace korvane::test

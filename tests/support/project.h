@@ -1,0 +1,83 @@
+// Test support: a throw-away project folder, and a compile run wired to it with
+// the shipped settings and English language file.
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <set>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "compiler/run_context.h"
+#include "hosts/null_engine.h"
+
+namespace korvane::test {
+
+class TempProject {
+ public:
+  TempProject();
+  ~TempProject();
+  TempProject(const TempProject&) = delete;
+  TempProject& operator=(const TempProject&) = delete;
+
+  // The folder, as Korvane text, with and without a trailing separator.
+  std::string folder() const;
+  std::string path(const std::string& relative) const;
+  // Writes a file (creating folders); "\n" in `content` is written as given.
+  std::string write(const std::string& relative, const std::string& content) const;
+  std::string read(const std::string& relative) const;
+  bool exists(const std::string& relative) const;
+
+ private:
+  std::filesystem::path root_;
+};
+
+// An engine that records the MX input of every run and answers model queries
+// from a set the test fills.
+class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, hosts::MxProject {
+ public:
+  RecordingEngine(std::string project, std::map<std::string, std::string> settings)
+      : null_(project, settings), project_(std::move(project)), settings_(std::move(settings)) {}
+  hosts::MxConfiguration& configuration() override { return *this; }
+  hosts::MxProject& project() override { return *this; }
+  hosts::MxDataAccess& dataAccess() override { return null_.dataAccess(); }
+  hosts::MxModelLibrary& library() override { return null_.library(); }
+
+  std::string setting(std::string_view name) override;
+  hosts::MxRunResult run(std::string_view verb, const std::string& fullName) override;
+  bool modelExists(std::string_view model) override { return models.count(std::string(model)) > 0; }
+  bool stringExists(std::string_view model, std::string_view label) override {
+    return strings.count(std::string(model) + "/" + std::string(label)) > 0;
+  }
+  std::string currentFolder() override { return project_; }
+
+  std::vector<std::string> runs;  // content of each run's input
+  std::set<std::string> models, strings;
+  bool leaveSentinel = false;     // simulate MX stopping before the end
+  std::string failWith;           // error text the next runs report
+
+ private:
+  hosts::NullEngine null_;
+  std::string project_;
+  std::map<std::string, std::string> settings_;
+};
+
+struct Compiler {
+  explicit Compiler(const TempProject& project, std::map<std::string, std::string> settings = {});
+  // Compiles one run entry (a name relative to the project, optionally with
+  // " [section]"); returns false when the run stopped.
+  bool compile(const std::string& entry);
+  // The MX lines of the run so far, without sentinel lines.
+  std::vector<std::string> lines;
+  std::string var(const std::string& name) const;
+  std::vector<std::string> log;
+
+  const TempProject& project;
+  RecordingEngine engine;
+  RunContext ctx;
+};
+
+std::string sourceDir();
+
+}  // namespace korvane::test
