@@ -71,6 +71,8 @@ Compiler::Compiler(const TempProject& p, std::map<std::string, std::string> sett
 }
 
 bool Compiler::compile(const std::string& entry) {
+  ctx.stop.clear();  // each call is a run of its own
+  ctx.failure.reset();
   return compileEntry(ctx, fs::isAbsolute(entry) ? entry : project.path(entry));
 }
 

@@ -66,7 +66,8 @@ class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, ho
 struct Compiler {
   explicit Compiler(const TempProject& project, std::map<std::string, std::string> settings = {});
   // Compiles one run entry (a name relative to the project, optionally with
-  // " [section]"); returns false when the run stopped.
+  // " [section]") as a run of its own; returns false when the run stopped.
+  // Variables carry over as between the entries of one run.
   bool compile(const std::string& entry);
   // The MX lines of the run so far, without sentinel lines.
   std::vector<std::string> lines;

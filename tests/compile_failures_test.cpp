@@ -1,0 +1,91 @@
+// Bad input ends the compile with a message that names the file and line, and
+// what was compiled before stays written.
+#include <gtest/gtest.h>
+
+#include "compiler/line_reader.h"
+#include "support/project.h"
+
+using namespace korvane;
+using Lines = std::vector<std::string>;
+
+namespace {
+
+struct Failures : ::testing::Test {
+  test::TempProject project;
+  test::Compiler c{project};
+
+  // Compiles a file expected to fail at run time; returns the failure's text.
+  std::string failure(const std::string& file) {
+    EXPECT_FALSE(c.compile(file));
+    EXPECT_TRUE(c.ctx.failure.has_value()) << c.ctx.stop.message;
+    return c.ctx.failure ? c.ctx.failure->description : "";
+  }
+};
+
+TEST_F(Failures, RuntimeFailuresNameFileLineAndText) {
+  project.write("m.ipm", "crea,ok\r\n\r\nlet,x=1/0,\r\n");
+  project.write("a.ipf", "crea,first\r\ninsert,m.\r\ncrea,never\r\n");
+  EXPECT_EQ(failure("a.ipf"), c.ctx.text("Runtime", "div0"));
+  EXPECT_EQ(c.ctx.failure->file, project.path("m.ipm"));
+  EXPECT_EQ(c.ctx.failure->line, 3);
+  EXPECT_EQ(c.ctx.failure->lineText, "let,x=1/0,");
+  EXPECT_NE(c.ctx.stop.message.find(project.path("m.ipm")), std::string::npos);
+  EXPECT_EQ(c.lines, (Lines{"crea,first", "crea,ok"}));
+  EXPECT_NE(project.read("tmpinput.txt").find("crea,ok\r\n"), std::string::npos);
+}
+
+TEST_F(Failures, EachKindOfBadLineHasItsOwnMessage) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"crea,a|b\r\n", "bar"},
+      {"crea,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16\r\n", "fields"},
+      {"crea,|len(1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16)|\r\n", "args"},
+      {"let,x=abs(y),\r\n", "mismatch"},
+      {"if a=1\r\n", "then"},
+      {"labelmove,a,b\r\norder=2341\r\nA001\r\nend\r\n", "notavail"},
+      {"crea,|getchain(m,s,1)|\r\n", "notavail"},
+  };
+  for (auto [content, key] : cases) {
+    project.write("bad.ipf", content);
+    c.ctx.failure.reset();
+    c.ctx.stop.clear();
+    std::string got = failure("bad.ipf");
+    EXPECT_EQ(got.substr(0, 12), c.ctx.text("Runtime", key).substr(0, 12)) << content;
+  }
+}
+
+TEST_F(Failures, TheVariableTableHoldsTwoThousandNames) {
+  std::string body;
+  for (int i = 0; i < 2000; ++i) body += "let,v" + std::to_string(i) + "=1,\r\n";
+  project.write("ok.ipf", body);
+  EXPECT_TRUE(c.compile("ok.ipf"));
+  project.write("full.ipf", body + "let,one_more=1,\r\n");
+  EXPECT_EQ(failure("full.ipf"), c.ctx.text("Runtime", "vars"));
+}
+
+TEST_F(Failures, AnInsertOfItselfStopsAtAFixedDepth) {
+  project.write("self.ipm", "crea,again\r\ninsert,self.\r\n");
+  project.write("a.ipf", "insert,self.\r\n");
+  std::string got = failure("a.ipf");
+  EXPECT_NE(got.find("100"), std::string::npos);
+  EXPECT_EQ(c.lines.size(), 99u);
+}
+
+TEST_F(Failures, BinaryFilesAndHugeLinesAreRefused) {
+  project.write("bin.ipf", std::string("crea,a\r\n\x01\x02\0\x03", 12));
+  EXPECT_EQ(failure("bin.ipf"), c.ctx.messages.format("Runtime", "binary", project.path("bin.ipf")));
+  project.write("huge.ipf", "crea,a\r\n" + std::string(1 << 20, 'x') + "\r\n");
+  c.lines.clear();
+  EXPECT_EQ(failure("huge.ipf"),
+            c.ctx.messages.format("Runtime", "linelen", std::to_string(LineReader::kMaxLine)));
+  EXPECT_EQ(c.lines, (Lines{"crea,a"}));
+}
+
+TEST_F(Failures, MissingFilesStopWithTheirMessage) {
+  project.write("a.ipf", "insert,nowhere\r\n\r\n");
+  EXPECT_FALSE(c.compile("a.ipf"));
+  EXPECT_FALSE(c.ctx.failure.has_value());
+  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s9", "nowhere.ipm"));
+  EXPECT_FALSE(c.compile("missing.ipf"));
+}
+
+}  // namespace

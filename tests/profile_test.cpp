@@ -1,0 +1,77 @@
+// Ini files as Windows reads and writes them.
+#include <gtest/gtest.h>
+
+#include "shell/messages.h"
+#include "shell/profile.h"
+#include "support/project.h"
+
+using namespace korvane;
+
+namespace {
+
+struct Profile : ::testing::Test {
+  test::TempProject project;
+  std::string file = project.write(
+      "a.ini", "; comment\r\n[section1]\r\nname1=val1\r\nname2=\"val2\"\r\nname3\r\n"
+               "name4 = a \r\n\r\n[ section2 ]\r\nkey='q'\r\n[section1]\r\nlater=x\r\n");
+};
+
+TEST_F(Profile, ReadsLikeThePrivateProfileReader) {
+  std::int32_t status = -1;
+  EXPECT_EQ(ReadProfileString("section1", "name1", file, &status), "val1");
+  EXPECT_EQ(status, 4);
+  EXPECT_EQ(ReadProfileString("SECTION1", "NaMe1", file), "val1");
+  EXPECT_EQ(ReadProfileString("section1", "name2", file), "val2");  // one quote pair removed
+  EXPECT_EQ(ReadProfileString("section1", "name3", file), "");      // no "=": not a key
+  EXPECT_EQ(ReadProfileString("section1", "name4", file), "a");
+  EXPECT_EQ(ReadProfileString("section2", "key", file), "q");
+  EXPECT_EQ(ReadProfileString("section1", "later", file), "");  // only the first section counts
+  EXPECT_EQ(ReadProfileString("", "name1", file), "");
+  EXPECT_EQ(ReadProfileString("section1", "", file), "");
+  EXPECT_EQ(ReadProfileString("section1", "name1", project.path("missing.ini"), &status), "");
+  EXPECT_EQ(status, 0);
+}
+
+TEST_F(Profile, ValuesAreCutAt127Characters) {
+  std::string longFile = project.write("l.ini", "[s]\nk=" + std::string(200, 'x') + "\n");
+  EXPECT_EQ(ReadProfileString("s", "k", longFile), std::string(127, 'x'));
+}
+
+TEST_F(Profile, WritingEditsInPlaceAndKeepsEverythingElse) {
+  std::int32_t status = 0;
+  EXPECT_EQ(WriteProfileString("SECTION1", "NAME1", "new", file, &status), "1");
+  EXPECT_EQ(status, 1);
+  EXPECT_EQ(WriteProfileString("section1", "added", "1", file), "1");
+  EXPECT_EQ(WriteProfileString("Fresh", "k", "v", file), "1");
+  EXPECT_EQ(project.read("a.ini"),
+            "; comment\r\n[section1]\r\nname1=new\r\nname2=\"val2\"\r\nname3\r\n"
+            "name4 = a \r\nadded=1\r\n\r\n[ section2 ]\r\nkey='q'\r\n[section1]\r\nlater=x\r\n"
+            "[Fresh]\r\nk=v\r\n");
+  EXPECT_EQ(ReadProfileString("section1", "name1", file), "new");  // no stale cache
+  EXPECT_EQ(WriteProfileString("s", "k", "v", project.path("new.ini")), "1");
+  EXPECT_EQ(project.read("new.ini"), "[s]\r\nk=v\r\n");
+  EXPECT_EQ(WriteProfileString("s", "k", "v", project.path("no/such/folder/x.ini")), "0");
+}
+
+TEST_F(Profile, MessagesReplacePlaceholdersOnce) {
+  std::string lang = project.write("x.lng", "[Messages]\r\ns9=File %1 in %2 (%1)\r\n");
+  Messages m(lang);
+  EXPECT_EQ(m.format("Messages", "s9", "a%2", "b"), "File a%2 in b (a%2)");
+  EXPECT_EQ(m.text("Messages", "nokey"), "");
+  EXPECT_EQ(Messages(project.path("none.lng")).text("Messages", "s9"), "");
+}
+
+TEST(ShippedLanguageFiles, BothLanguagesHaveTheKeysTheProgramUses) {
+  for (const char* name : {"/data/English.lng", "/data/Hungarian.lng"}) {
+    Messages m(test::sourceDir() + name);
+    for (const char* key : {"title", "where", "text", "div0", "overflow", "mismatch", "badarg",
+                            "fields", "args", "vars", "bar", "paren", "depth", "notavail",
+                            "binary", "linelen", "write", "pattern", "strfunc", "subscript",
+                            "mstation", "engine", "then"})
+      EXPECT_FALSE(m.text("Runtime", key).empty()) << name << " Runtime/" << key;
+    for (const char* key : {"s5", "s8", "s9", "s10", "s12", "s13", "s14", "s15", "s17"})
+      EXPECT_FALSE(m.text("Messages", key).empty()) << name << " Messages/" << key;
+  }
+}
+
+}  // namespace
