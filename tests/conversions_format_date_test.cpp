@@ -104,8 +104,10 @@ TEST(ConvFormatDate, EngineersPatterns) {
       {"0.99999999", "yyyy-mm-dd hh:nn:ss", "1899-12-31 00:00:00"},
       {"2024-03-05", "0.00", "45356.00"},  // a date under a number pattern is its serial
       {"abc", "yyyy-mm-dd", "abc"},
-      {"1e10", "yyyy", "1e10"},              // beyond 9999
-      {"-700000", "yyyy", "-700000"},        // before the year 100
+      {"1e10", "yyyy", "1e10"},        // beyond 9999
+      {"-700000", "yyyy", "-700000"},  // before the year 100
+      {"0100-01-01 23:00", "yyyy-mm-dd hh", "100-01-01 23"},
+      {"2958465.999999999", "yyyy-mm-dd hh:nn:ss", "9999-12-31 23:59:59"},
       {"2024-02-30", "yyyy", "2024-02-30"},  // no such day: not a date
   };
   check(std::begin(cases), std::end(cases));
