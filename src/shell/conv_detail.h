@@ -47,9 +47,10 @@ bool digitsToDouble(std::string_view digits, std::int64_t exp10, bool negative, 
 std::int64_t roundHalfEven(double value, std::int64_t lo, std::int64_t hi);
 
 // --- calendar ---------------------------------------------------------------
-// Serials cover 1 January 100 to 31 December 9999, as OLE dates do.
-constexpr double kMinSerial = -657434.0;
-constexpr double kMaxSerialExclusive = 2958466.0;
+// Serials cover 1 January 100 to 31 December 9999, as OLE dates do: day numbers
+// -657434 to 2958465, and the time fraction on either side of them.
+constexpr double kMinDay = -657434.0;
+constexpr double kMaxDay = 2958465.0;
 
 struct DateParts {
   int year = 1899, month = 12, day = 30;

@@ -33,13 +33,17 @@ int daysInMonth(int year, int month) {
 }
 
 bool splitSerial(double serial, DateParts& p) {
-  if (!std::isfinite(serial) || serial < kMinSerial || serial >= kMaxSerialExclusive) return false;
+  if (!std::isfinite(serial) || serial <= kMinDay - 1 || serial >= kMaxDay + 1) return false;
   double whole = std::trunc(serial);
   long long day = static_cast<long long>(whole);
   long long seconds = std::llround(std::fabs(serial - whole) * 86400.0);
-  if (seconds >= 86400) {
-    seconds -= 86400;
-    ++day;
+  if (seconds >= 86400) {  // rounds up to the next midnight
+    if (day < static_cast<long long>(kMaxDay)) {
+      seconds -= 86400;
+      ++day;
+    } else {
+      seconds = 86399;
+    }
   }
   // Civil date from the day count (inverse of daySerial).
   long long z = day - 25569 + 719468;

@@ -79,7 +79,8 @@ double radixValue(std::string_view text, std::size_t i) {
 // Blanks (space, TAB, LF, CR) are skipped anywhere; one leading sign; digits with at most one
 // "."; an exponent after "E", "e", "D" or "d" with at most one sign before its digits (no digits
 // means 0). Scanning stops at the first other character. A number ended by a "%" or "&" type
-// suffix must not have digits after the point (error 13) and is rounded to that type.
+// suffix must not have digits after the point (error 13) and is rounded to that type. The
+// Single ("!") and Currency ("@") suffixes end the number and leave the Double as it is.
 double Val(std::string_view text) {
   std::size_t i = 0;
   const std::size_t n = text.size();
