@@ -1,0 +1,110 @@
+// The function dispatcher and the plain functions.
+#include <gtest/gtest.h>
+
+#include "compiler/expression.h"
+#include "compiler/runtime_failure.h"
+#include "functions/dispatch.h"
+#include "support/project.h"
+
+using namespace korvane;
+
+namespace {
+
+struct Functions : ::testing::Test {
+  test::TempProject project;
+  test::Compiler c{project};
+  std::string eval(const std::string& e) { return Evaluate(c.ctx, std::string_view(e)); }
+};
+
+TEST_F(Functions, NamesAreScannedBackwardsOverTheNameAlphabet) {
+  EXPECT_EQ(eval("Len(abc)"), "3");
+  EXPECT_EQ(eval("LEN(abc)"), "3");
+  // The dot ends the name: len(ab) becomes a temporary after "x.", and the
+  // whole text, being no variable, evaluates to itself.
+  const std::string dotted = eval("x.len(ab)");
+  EXPECT_EQ(dotted.substr(0, 2), "x.");
+  EXPECT_EQ(c.var(dotted.substr(2)), "2");
+  c.ctx.vars.set("\xE9rt\xE9k", "5");   // "érték": accented letters belong to names
+  EXPECT_EQ(eval("\xC9RT\xC9K(1)"), "");  // an unknown function, upper-case accents lowered
+  EXPECT_TRUE(isNameCharacter('\xF5'));
+  EXPECT_TRUE(isNameCharacter('\xDB'));  // "Ű" lowers to "ű"
+  EXPECT_FALSE(isNameCharacter('\xE4'));  // "ä" is not in the alphabet
+  EXPECT_FALSE(isNameCharacter('-'));
+}
+
+TEST_F(Functions, TextFunctions) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"find(abcabc,b)", "2"},     {"find(abcabc,b,-1)", "5"}, {"find(abcabc,b,3)", ""},
+      {"find(abc,z)", "0"},        {"mid(abcdef,3)", "c"},     {"mid(abcdef,3,2)", "cd"},
+      {"char(abcdef,6)", "f"},     {"mid(abc,9,2)", ""},       {"left(abc,2)", "ab"},
+      {"left(abc,9)", "abc"},      {"right(abc,2)", "bc"},     {"right(abc,0)", ""},
+      {"replace(\"a-b-c\",\"-\",+)", "a+b+c"}, {"replace(a-b,x,y)", "0"}, {"replace(aaa,aa,b)", "ba"}, {"len()", "0"},
+      {"len(\"a,b\")", "3"},       {"format(3.14159,0.00)", "3.14"},
+      {"format(1234567.891,\"#,##0.00\")", "1,234,567.89"}, {"format(7,000)", "007"},
+  };
+  for (auto [expr, want] : cases) EXPECT_EQ(eval(expr), want) << expr;
+}
+
+TEST_F(Functions, TrappedTextFailuresGiveEmptyTextAndALogLine) {
+  EXPECT_EQ(eval("left(abc,x)"), "");
+  EXPECT_EQ(eval("mid(abc,0,1)"), "");
+  EXPECT_EQ(eval("right(abc,-1)"), "");
+  ASSERT_EQ(c.log.size(), 3u);
+  EXPECT_EQ(c.log[0], c.ctx.messages.format("Runtime", "strfunc", "left", "2"));
+  EXPECT_EQ(c.log[1], c.ctx.messages.format("Runtime", "strfunc", "mid", "3"));
+  EXPECT_EQ(c.ctx.expectedArgs, 2);
+}
+
+TEST_F(Functions, ArithmeticFunctions) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"sqr(-4)", "0"},   {"sqr(2)", "1.4142135623731"}, {"sgn(-0.1)", "-1"}, {"sgn(0)", "0"},
+      {"int(-0.5)", "-1"}, {"int(-2.5)", "-3"},  {"int(2.9)", "2"},    {"abs(-2)", "2"},
+      {"lg(1000)", "3"},   {"ln(1)", "0"},       {"exp(0)", "1"},      {"atn(1)*4", "3.14159265358979"},
+      {"sin(0)", "0"},     {"cos(0)", "1"},      {"tan(0)", "0"},      {"2/3", "0.666666666666667"},
+  };
+  for (auto [expr, want] : cases) EXPECT_EQ(eval(expr), want) << expr;
+}
+
+TEST_F(Functions, SheetsReadsByte121OfTheParameterFile) {
+  EXPECT_EQ(eval("sheets()"), "0");
+  std::string dpf(200, '\0');
+  dpf[120] = static_cast<char>(200);
+  project.write("long1.dpf", dpf);
+  EXPECT_EQ(eval("sheets(long1)"), "200");
+  EXPECT_EQ(eval("sheets(missing)"), "0");
+}
+
+struct ScriptedPrompt : InputPrompt {
+  std::vector<std::string> answers;
+  std::string lastPrompt;
+  bool ask(const std::string&, const std::string& prompt, std::string& answer) override {
+    lastPrompt = prompt;
+    if (answers.empty()) return false;
+    answer = answers.front();
+    answers.erase(answers.begin());
+    return true;
+  }
+};
+
+TEST_F(Functions, InputFlushesFirstAndEmptyMeansCancelled) {
+  ScriptedPrompt prompt;
+  prompt.answers = {"42"};
+  c.ctx.prompt = &prompt;
+  project.write("a.ipf", "crea,before\r\nlet,x=input(Width?),\r\nlet,y=input(Again?),\r\n");
+  ASSERT_TRUE(c.compile("a.ipf"));
+  EXPECT_EQ(c.var("x"), "42");
+  EXPECT_EQ(c.var("y"), "");
+  EXPECT_EQ(prompt.lastPrompt, c.ctx.text("Messages", "s10") + "\r\n\r\nAgain?");
+  ASSERT_EQ(c.engine.runs.size(), 1u);  // "crea,before" ran before the first question
+}
+
+TEST_F(Functions, DateAndTimeHaveTheirFixedForms) {
+  std::string d = eval("date()"), t = eval("time()");
+  ASSERT_EQ(d.size(), 11u) << d;  // yyyy.mm.dd.
+  EXPECT_EQ(d[4], '.');
+  EXPECT_EQ(d.back(), '.');
+  ASSERT_EQ(t.size(), 8u) << t;  // hh:nn:ss
+  EXPECT_EQ(t[2], ':');
+}
+
+}  // namespace
