@@ -1,7 +1,33 @@
 // korvane: the command-line front end.
 #include <CLI/CLI.hpp>
 
+#include <string>
+#include <vector>
+
 #include "cli/commands.h"
+
+namespace {
+
+// A shell splits "road.ipf [main]" into two words; a run entry is one. Words
+// that open a section label are joined to the word before them here, before
+// the option parser, which would read "[main]" as a list.
+std::vector<std::string> joinSectionWords(int argc, char** argv) {
+  std::vector<std::string> words;
+  bool open = false;
+  for (int i = 1; i < argc; ++i) {
+    std::string w = argv[i];
+    if (!words.empty() && (open || (!w.empty() && w[0] == '['))) {
+      words.back() += " " + w;
+      open = w.find(']') == std::string::npos;
+    } else {
+      words.push_back(w);
+      open = false;
+    }
+  }
+  return {words.rbegin(), words.rend()};  // the parser takes them last first
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   CLI::App app{"Korvane: compiles .ipf input files into MX input and runs them"};
@@ -9,7 +35,8 @@ int main(int argc, char** argv) {
   korvane::cli::addCompileCommand(app);
   korvane::cli::addModelsCommand(app);
   try {
-    app.parse(argc, argv);
+    auto words = joinSectionWords(argc, argv);
+    app.parse(words);
   } catch (const CLI::ParseError& e) {
     return app.exit(e) == 0 ? 0 : 2;
   }

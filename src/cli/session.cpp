@@ -43,18 +43,11 @@ bool TerminalPrompt::ask(const std::string& title, const std::string& prompt, st
 
 std::vector<std::string> entriesFromWords(const std::vector<std::string>& words) {
   std::vector<std::string> entries;
-  bool openSection = false;
   for (const auto& raw : words) {
     std::string w = fromTerminal(raw);
-    if (!entries.empty() && (openSection || (!w.empty() && w[0] == '['))) {
-      entries.back() += " " + w;
-      openSection = w.find(']') == std::string::npos;
-      continue;
-    }
     std::size_t at = w.find(" [");
     std::string path = at == std::string::npos ? w : w.substr(0, at);
     entries.push_back(fs::absolute(path) + (at == std::string::npos ? "" : w.substr(at)));
-    openSection = false;
   }
   return entries;
 }

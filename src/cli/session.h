@@ -44,8 +44,7 @@ class Session {
   std::unique_ptr<TerminalPrompt> prompt;
 };
 
-// Run entries from the words of a command line: a word that begins with "["
-// belongs to the entry before it (a shell splits "a.ipf [main]" in two), and
+// Run entries from the command line's entry words ("a.ipf" or "a.ipf [main]"):
 // relative paths are taken from the current folder.
 std::vector<std::string> entriesFromWords(const std::vector<std::string>& words);
 

@@ -1,0 +1,32 @@
+## Korvane example: a short road with its master alignment and a ground string
+## Run a section with:  korvane compile inputs/road.ipf [main] --project examples/road
+[main]
+#g_road="M1"
+#model="DESIGN "&g_road
+   Model |model|: master string and ground levels
+dele,|model|
+crea,|model|
+geni,|model|
+001format(3f12.3)
+003,ordr,4=1,1,2,3
+080,MAST,,7=3
+insert,alignment
+repeat=6,step=20,
+start=1000
+00000000.00000000000.00000000000.000
+080,GRND,,7=3
+insert,levels
+repeat=single
+## chainage, level, survey point
+0,101.20,K1
+20,101.65,K2
+40,102.40,K3
+60,102.10,K4
+80,101.90,K5
+100,101.75,K6
+end
+00000000.00000000000.00000000000.000
+999
+   |count| ground points, highest at |top_label| (|top|)
+[_scratch]
+crea,never compiled on its own
