@@ -1,0 +1,67 @@
+// The korvane program end to end: `korvane compile` as users and scripts call it.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+
+#include "support/project.h"
+
+using namespace korvane;
+
+namespace {
+
+struct CliCompile : ::testing::Test {
+  test::TempProject project;
+  std::string bin = std::string(KORVANE_BIN_DIR) + "/korvane";
+  std::string home = test::sourceDir() + "/data";
+
+  // Runs korvane with `args` in the project folder; returns the exit status.
+  int run(const std::string& args) {
+    std::string cmd = "cd '" + project.folder() + "' && '" + bin + "' " + args + " --home '" + home +
+                      "' >out.txt 2>err.txt </dev/null";
+    int rc = std::system(cmd.c_str());
+    return WIFEXITED(rc) ? WEXITSTATUS(rc) : -1;
+  }
+};
+
+TEST_F(CliCompile, WritesTheMxLinesOfAllEntriesWithCrLf) {
+  project.write("a.ipf", "#g_n=2\ncrea,a|g_n|\n[sec]\ncrea,section\n");
+  project.write("b.ipf", "crea,b|g_n|\n");
+  EXPECT_EQ(run("compile a.ipf b.ipf"), 0);
+  EXPECT_EQ(project.read("out.txt"), "crea,a2\r\ncrea,b2\r\n");
+  EXPECT_EQ(run("compile a.ipf [sec] -o lines.inp --vars vars.txt"), 0);
+  EXPECT_EQ(project.read("lines.inp"), "crea,section\r\n");
+  EXPECT_EQ(project.read("tmpinput.txt"),
+            "crea,it is just a flag model\r\ncrea,section\r\ndele,it is just a flag model\r\n");
+  EXPECT_EQ(run("compile 'a.ipf [sec]' --vars vars.txt"), 0);  // one word works too
+  EXPECT_EQ(project.read("vars.txt"), "");
+}
+
+TEST_F(CliCompile, AStoppedRunExitsOneAndKeepsWhatWasCompiled) {
+  project.write("a.ipf", "crea,first\nlet,x=1/0,\ncrea,never\n");
+  EXPECT_EQ(run("compile a.ipf -o lines.inp"), 1);
+  EXPECT_EQ(project.read("lines.inp"), "crea,first\r\n");
+  std::string err = project.read("err.txt");
+  EXPECT_NE(err.find("a.ipf"), std::string::npos) << err;
+  EXPECT_NE(err.find("let,x=1/0,"), std::string::npos) << err;
+  EXPECT_NE(err.find(" 2"), std::string::npos) << err;  // the line number
+}
+
+TEST_F(CliCompile, AnswersQuestionsFromTheCommandLineThenFromStandardInput) {
+  project.write("a.ipf", "let,w=input(Width),\nlet,h=input(Height),\ncrea,|w|x|h|\n");
+  EXPECT_EQ(run("compile a.ipf --answer 7.5"), 0);
+  EXPECT_EQ(project.read("out.txt"), "crea,7.5x\r\n");  // no more input: cancelled
+  EXPECT_NE(project.read("err.txt").find("Height"), std::string::npos);
+}
+
+TEST_F(CliCompile, MissingSettingsOrWrongUsageExitTwo) {
+  project.write("a.ipf", "crea,a\n");
+  home = project.path("nohome");
+  EXPECT_EQ(run("compile a.ipf"), 2);
+  EXPECT_EQ(project.read("err.txt"), "File not found: " + project.path("nohome/Korvane.ini") + "\n");
+  home = test::sourceDir() + "/data";
+  EXPECT_EQ(run("compile"), 2);
+  EXPECT_EQ(run("compile a.ipf --engine bogus"), 2);
+}
+
+}  // namespace
