@@ -48,7 +48,7 @@ void run(const Case& c, const stdfs::path& dir, const std::string& home) {
   ctx.output.setMxTap([&](std::string_view) { ++lines; });
 
   auto t0 = std::chrono::steady_clock::now();
-  bool ok = compileEntry(ctx, fs::fromNative(dir / "main.ipf"));
+  bool ok = ApplyOneFile(ctx, fs::fromNative(dir / "main.ipf"));
   double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
   std::printf("%-22s %9ld lines in %6.2f s = %10.0f lines/s  peak memory %ld KiB%s\n", c.name,
               lines, s, lines / s, peakKiB(), ok ? "" : "  (STOPPED)");

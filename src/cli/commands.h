@@ -2,6 +2,9 @@
 // records its exit status for main() to return.
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace CLI {
 class App;
 }
@@ -10,6 +13,10 @@ namespace korvane::cli {
 
 void addCompileCommand(CLI::App& app);
 void addModelsCommand(CLI::App& app);
+void addRunCommand(CLI::App& app);
+
+// Batch mode: the words after the program name, joined by blanks, are one run entry.
+int runBatch(const std::vector<std::string>& words);
 
 void setExitCode(int code);
 int exitCode();

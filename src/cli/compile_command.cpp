@@ -43,7 +43,7 @@ int runCompile(const CompileOptions& o) {
   });
 
   for (const auto& entry : entriesFromWords(o.words))
-    if (!compileEntry(ctx, entry)) break;
+    if (!ApplyOneFile(ctx, entry)) break;
   out->flush();
 
   if (!o.varsFile.empty()) {

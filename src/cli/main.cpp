@@ -33,7 +33,13 @@ int main(int argc, char** argv) {
   CLI::App app{"Korvane: compiles .ipf input files into MX input and runs them"};
   app.require_subcommand(1);
   korvane::cli::addCompileCommand(app);
+  korvane::cli::addRunCommand(app);
   korvane::cli::addModelsCommand(app);
+  if (argc > 1) {
+    const std::string first = argv[1];
+    if (first != "compile" && first != "run" && first != "models" && first[0] != '-')
+      return korvane::cli::runBatch(std::vector<std::string>(argv + 1, argv + argc));
+  }
   try {
     auto words = joinSectionWords(argc, argv);
     app.parse(words);

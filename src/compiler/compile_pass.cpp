@@ -172,6 +172,7 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     }
     std::string line;
     while (!ctx.stop.set) {
+      if (ctx.interrupted && ctx.interrupted->load()) throw RuntimeFailure("interrupted");
       if (!call.readLine(line)) return;
       ctx.currentLine = call.rawLine = line;
       if (!line.empty() && line[0] == '[') return;

@@ -53,8 +53,17 @@ std::string failureMessage(const RunContext& ctx, const FailureReport& f) {
   return m;
 }
 
-bool compileEntry(RunContext& ctx, const std::string& entryText) {
+// Closes the output after a failure, keeping what was compiled in the save files.
+void closeAfterFailure(RunContext& ctx) {
+  const bool mx = ctx.output.isOpen() && ctx.output.isMxChannel();
+  ctx.output.close();
+  if (mx) saveCompiledOutput(ctx);
+}
+
+bool ApplyOneFile(RunContext& ctx, const std::string& entryText) {
   const RunEntry entry = parseRunEntry(entryText);
+  ctx.save.inputName = entryText;
+  ctx.engineRuns = 0;
   try {
     beginInputFile(ctx);
     CompileFile(ctx, entryFileSpec(entry), "", "", "", CompileMode::Whole);
@@ -69,13 +78,13 @@ bool compileEntry(RunContext& ctx, const std::string& entryText) {
       ctx.output.close();
     }
   } catch (const RuntimeFailure& f) {
-    ctx.output.close();
+    closeAfterFailure(ctx);
     FailureReport report{ctx.messages.format("Runtime", f.key(), f.arg1(), f.arg2()), f.file,
                          f.line, f.lineText};
     ctx.failure = report;
     ctx.stop.raise(failureMessage(ctx, report));
   } catch (const conv::ConversionError& e) {
-    ctx.output.close();
+    closeAfterFailure(ctx);
     FailureReport report{ctx.messages.format("Runtime", "mismatch", e.what()), {}, 0, {}};
     ctx.failure = report;
     ctx.stop.raise(failureMessage(ctx, report));

@@ -27,7 +27,7 @@ void beginInputFile(RunContext& ctx);
 // Compiles and runs one entry. Returns false when the stop state or a run-time
 // failure ended it (ctx.stop holds the message; ctx.failure the place of a
 // run-time failure). What was compiled before a failure stays written.
-bool compileEntry(RunContext& ctx, const std::string& entry);
+bool ApplyOneFile(RunContext& ctx, const std::string& entry);
 
 // The full text of a run-time failure: what, where, and the line.
 std::string failureMessage(const RunContext& ctx, const FailureReport& f);

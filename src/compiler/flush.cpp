@@ -36,11 +36,60 @@ void beginMxOutput(RunContext& ctx) {
   ctx.output.writeLine(kSentinelCreate);
 }
 
+// Copies the compiled MX input, without its sentinel lines, to the save files.
+void copyToSaveFiles(RunContext& ctx, const std::string& compiled) {
+  SaveFiles& s = ctx.save;
+  if (!s.one && !s.separate) return;
+  auto data = fs::readFile(compiled);
+  if (!data) throw RuntimeFailure("read", compiled);
+  std::string combined, separate;
+  if (s.one && s.inputName != s.lastAnnounced) {
+    combined += "\r\n";
+    if (!s.lastAnnounced.empty()) combined += "\r\n\r\n";
+    std::string marker = "   " + ctx.text("Outputs", "s12") + ":   " + s.inputName;
+    combined += marker + "\r\n";
+    s.lastCombinedLine = marker;
+    s.lastAnnounced = s.inputName;
+  }
+  // A marker line (three blanks) equal to the line written last is not doubled.
+  auto add = [](std::string& out, std::string& last, const std::string& line) {
+    if (text::startsWith(line, "   ") && line == last) return;
+    out += line + "\r\n";
+    last = line;
+  };
+  std::size_t pos = 0;
+  while (pos < data->size()) {
+    std::size_t end = data->find_first_of("\r\n", pos);
+    if (end == std::string::npos) end = data->size();
+    std::string line = data->substr(pos, end - pos);
+    pos = end;
+    if (pos < data->size() && (*data)[pos] == '\r') ++pos;
+    if (pos < data->size() && (*data)[pos] == '\n') ++pos;
+    if (isSentinelLine(line)) continue;
+    if (s.one) add(combined, s.lastCombinedLine, line);
+    if (s.separate) add(separate, s.lastSeparateLine, line);
+  }
+  if (s.one && !fs::appendFile(s.combinedPath, combined)) throw RuntimeFailure("write", s.combinedPath);
+  if (s.separate && !fs::appendFile(s.separatePath, separate))
+    throw RuntimeFailure("write", s.separatePath);
+}
+
+void saveCompiledOutput(RunContext& ctx) noexcept {
+  try {
+    copyToSaveFiles(ctx, ctx.output.fullName());
+  } catch (const RuntimeFailure&) {
+    // Reported already by the failure that brought us here.
+  }
+}
+
 void runCompiledOutput(RunContext& ctx) {
-  if (ctx.stop.set) return;
   const std::string name = ctx.output.fullName();
+  copyToSaveFiles(ctx, name);
+  if (ctx.stop.set) return;
   if (onlySentinels(name)) return;
   ctx.status(ctx.text("StatusBar1", "stat3"));
+  ++ctx.engineRuns;
+  if (ctx.onEngineRun) ctx.onEngineRun(ctx.engineRuns);
   hosts::MxRunResult result;
   if (ctx.engine) result = ctx.engine->configuration().run("input", name);
   ctx.status(ctx.text("StatusBar1", "stat2"));

@@ -15,6 +15,10 @@ void flushAndRun(RunContext& ctx);
 // end (the sentinel model is gone). Sets the stop state when it did not.
 void runCompiledOutput(RunContext& ctx);
 
+// Copies the closed MX input to the save files without running it (after a
+// failure, so that the save files hold every line compiled before it).
+void saveCompiledOutput(RunContext& ctx) noexcept;
+
 // Opens the MX input new with the sentinel creation line.
 void beginMxOutput(RunContext& ctx);
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -65,6 +66,18 @@ struct ChannelPlayers {
   std::function<void(RunContext&, const std::string& keyinFile)> keyin;
 };
 
+// The save files of a run: all compiled MX input in one collecting file, and
+// a separate file per input file.
+struct SaveFiles {
+  bool one = false;           // save mode "one combined file"
+  bool separate = false;      // save mode "separate files"
+  std::string combinedPath;   // project folder + "inpf" + ".inp"
+  std::string separatePath;   // the current input file's separate file
+  std::string inputName;      // the input file now compiled, as it is announced
+  std::string lastAnnounced;  // the name announced last in the collecting file
+  std::string lastCombinedLine, lastSeparateLine;
+};
+
 struct RunContext {
   // Settings of the run.
   std::string projectFolder;  // ends with a separator
@@ -93,6 +106,11 @@ struct RunContext {
   std::string labelSeed = "S000";
   int depth = 0;  // nesting of the compile pass
   CompiledOutput output;
+  SaveFiles save;
+  int engineRuns = 0;  // MX runs of the current entry, for progress reports
+  std::function<void(int run)> onEngineRun;
+  // Set from outside (Ctrl-C, the window's stop button) to end the run at the next line.
+  const std::atomic<bool>* interrupted = nullptr;
 
   // Macro folders asked of MX (empty when it has none).
   std::string projectMacros() const;

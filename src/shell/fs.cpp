@@ -196,6 +196,14 @@ bool writeFileAtomic(std::string_view name, std::string_view content) {
   return true;
 }
 
+bool appendFile(std::string_view name, std::string_view content) {
+  std::FILE* f = std::fopen(native(name).string().c_str(), "ab");
+  if (!f) return false;
+  bool ok = std::fwrite(content.data(), 1, content.size(), f) == content.size();
+  ok = std::fflush(f) == 0 && ok;
+  return std::fclose(f) == 0 && ok;
+}
+
 std::string currentFolder() {
   std::error_code ec;
   return fromNative(stdfs::current_path(ec));

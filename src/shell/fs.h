@@ -51,6 +51,8 @@ std::optional<std::string> readFile(std::string_view name);
 // Writes a file through a temporary beside it and a rename, so that a crash
 // leaves either the old or the new content.
 bool writeFileAtomic(std::string_view name, std::string_view content);
+// Appends to a file (created when missing) and flushes it to the disk.
+bool appendFile(std::string_view name, std::string_view content);
 // The current working folder as text.
 std::string currentFolder();
 // Makes a name absolute against the current folder.

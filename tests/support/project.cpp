@@ -73,7 +73,7 @@ Compiler::Compiler(const TempProject& p, std::map<std::string, std::string> sett
 bool Compiler::compile(const std::string& entry) {
   ctx.stop.clear();  // each call is a run of its own
   ctx.failure.reset();
-  return compileEntry(ctx, fs::isAbsolute(entry) ? entry : project.path(entry));
+  return ApplyOneFile(ctx, fs::isAbsolute(entry) ? entry : project.path(entry));
 }
 
 std::string Compiler::var(const std::string& name) const {

@@ -1,0 +1,167 @@
+// korvane run: runs entries through MX (or the embedded engine) as the Run
+// command does, with progress as it goes and a summary at the end. Also the
+// batch form `korvane ENTRY`, where the words make one run entry.
+#include <CLI/CLI.hpp>
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <map>
+
+#include "cli/commands.h"
+#include "cli/session.h"
+#include "compiler/cad_players.h"
+#include "hosts/model_catalog.h"
+#include "shell/codepage.h"
+#include "shell/fs.h"
+#include "shell/run_command.h"
+
+namespace korvane::cli {
+namespace {
+
+std::atomic<bool> g_interrupted{false};
+extern "C" void onInterrupt(int) { g_interrupted = true; }
+
+void print(const std::string& cpText, bool newline = true) {
+#ifdef _WIN32
+  std::fputs(cpText.c_str(), stdout);
+#else
+  std::fputs(cp::toUtf8(cpText).c_str(), stdout);
+#endif
+  if (newline) std::fputc('\n', stdout);
+  std::fflush(stdout);
+}
+
+class TerminalProgress final : public RunProgress {
+ public:
+  explicit TerminalProgress(const RunContext& ctx) : ctx_(ctx), tty_(::isatty(fileno(stdout))) {}
+  void entryStarted(std::size_t i, std::size_t n, const std::string& entry) override {
+    print("[" + std::to_string(i + 1) + "/" + std::to_string(n) + "] " +
+          ctx_.messages.format("Cli", "entry", entry));
+  }
+  void engineRun(std::size_t, int run) override {
+    const std::string line = "      " + ctx_.messages.format("Cli", "mxrun", std::to_string(run));
+    if (tty_) {
+      print("\r" + line, false);  // one line that counts up
+      open_ = true;
+    } else {
+      print(line);
+    }
+  }
+  void entryFinished(std::size_t, bool) override {
+    if (open_) print("");
+    open_ = false;
+  }
+
+ private:
+  const RunContext& ctx_;
+  bool tty_;
+  bool open_ = false;
+};
+
+// What the project folder holds: name -> (size, time).
+using FolderState = std::map<std::string, std::pair<std::uintmax_t, std::filesystem::file_time_type>>;
+
+FolderState folderState(const std::string& folder) {
+  FolderState s;
+  std::error_code ec;
+  for (const auto& e : std::filesystem::directory_iterator(fs::native(folder), ec)) {
+    if (!e.is_regular_file(ec)) continue;
+    s[fs::fromNative(e.path().filename())] = {e.file_size(ec), e.last_write_time(ec)};
+  }
+  return s;
+}
+
+std::vector<hosts::ModelSummary> models(hosts::MxEngine* engine) {
+  auto* catalog = dynamic_cast<hosts::MxModelCatalog*>(engine);
+  return catalog ? catalog->modelSummaries() : std::vector<hosts::ModelSummary>{};
+}
+
+void printSummary(const RunContext& ctx, const FolderState& before,
+                  const std::vector<hosts::ModelSummary>& modelsBefore) {
+  std::string changed;
+  for (const auto& m : models(ctx.engine)) {
+    bool same = false;
+    for (const auto& b : modelsBefore) same = same || b == m;
+    if (same) continue;
+    if (!changed.empty()) changed += ", ";
+    changed += "\"" + m.name + "\" (" + std::to_string(m.strings) + " strings, " +
+               std::to_string(m.points) + " points)";
+  }
+  std::string files;
+  for (const auto& [name, state] : folderState(ctx.projectFolder)) {
+    auto it = before.find(name);
+    if (it != before.end() && it->second == state) continue;
+    if (!files.empty()) files += ", ";
+    files += name;
+  }
+  print(ctx.messages.format("Cli", "summary_models", changed.empty() ? "-" : changed));
+  print(ctx.messages.format("Cli", "summary_files", files.empty() ? "-" : files));
+}
+
+struct RunOptions {
+  std::vector<std::string> words;
+  SessionOptions session;
+  bool saveOne = false, saveSep = false, keepScripts = false;
+};
+
+int runRun(const RunOptions& o, const std::vector<std::string>& entries) {
+  int status = 0;
+  auto session = Session::open(o.session, hosts::defaultEngineKind(), status);
+  if (!session) return status;
+  RunContext& ctx = session->ctx;
+
+  auto automation = hosts::makeAutomationSystem();
+  ctx.players = makeCadPlayers(*automation, CadOptions{o.keepScripts});
+  std::signal(SIGINT, onInterrupt);
+  ctx.interrupted = &g_interrupted;
+
+  RunSettings settings = readRunSettings(ctx.settingsPath);
+  if (o.saveOne) settings.saveOne = true;
+  if (o.saveSep) settings.saveSeparate = true;
+
+  const FolderState filesBefore = folderState(ctx.projectFolder);
+  const auto modelsBefore = models(ctx.engine);
+  TerminalProgress progress(ctx);
+  RunOutcome outcome = runEntries(ctx, entries, settings, &progress);
+  printSummary(ctx, filesBefore, modelsBefore);
+  if (outcome.stopped) {
+    print(ctx.messages.format("Cli", "stopped", std::to_string(outcome.stoppedAt + 1)));
+    printError(outcome.message);
+    return 1;
+  }
+  print(ctx.messages.format("Cli", "done", std::to_string(outcome.entriesRun)));
+  return 0;
+}
+
+void addOptions(CLI::App* cmd, RunOptions& o) {
+  cmd->add_option("--project", o.session.project, "MX project folder (default: current folder)");
+  cmd->add_option("--home", o.session.home, "Folder of Korvane.ini and the language files");
+  cmd->add_option("--engine", o.session.engine, "embedded, mx or none");
+  cmd->add_flag("--save-one", o.saveOne, "Also keep all compiled MX input in one file");
+  cmd->add_flag("--save-sep", o.saveSep, "Also keep the compiled MX input of each file");
+  cmd->add_flag("--keep-scripts", o.keepScripts,
+                "Keep numbered copies of AutoCAD scripts and key-in files; go on without CAD");
+  cmd->add_option("--answer", o.session.answers, "Answer to an input() question, in order");
+}
+
+}  // namespace
+
+void addRunCommand(CLI::App& app) {
+  auto o = std::make_shared<RunOptions>();
+  auto* cmd = app.add_subcommand("run", "Compile and run entries through MX");
+  cmd->add_option("ENTRY", o->words, "Input file, optionally followed by [section]")->required();
+  addOptions(cmd, *o);
+  cmd->callback([o] { setExitCode(runRun(*o, entriesFromWords(o->words))); });
+}
+
+int runBatch(const std::vector<std::string>& words) {
+  RunOptions o;
+  std::string entry;
+  for (const auto& w : words) entry += (entry.empty() ? "" : " ") + w;
+  return runRun(o, entriesFromWords({entry}));
+}
+
+}  // namespace korvane::cli

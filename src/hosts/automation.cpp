@@ -1,0 +1,54 @@
+#include "hosts/automation.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace korvane::hosts {
+
+std::string AutoValue::text() const {
+  if (auto s = std::get_if<std::string>(&v)) return *s;
+  if (auto b = std::get_if<bool>(&v)) return *b ? "True" : "False";
+  if (auto i = std::get_if<std::int32_t>(&v)) return std::to_string(*i);
+  if (auto d = std::get_if<double>(&v)) {
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.15g", *d);
+    return buf;
+  }
+  return {};
+}
+
+double AutoValue::number() const {
+  if (auto i = std::get_if<std::int32_t>(&v)) return *i;
+  if (auto d = std::get_if<double>(&v)) return *d;
+  if (auto b = std::get_if<bool>(&v)) return *b ? -1 : 0;
+  if (auto s = std::get_if<std::string>(&v)) return std::atof(s->c_str());
+  return 0;
+}
+
+bool AutoValue::truth() const { return number() != 0; }
+
+AutoObject AutoValue::object() const {
+  if (auto o = std::get_if<AutoObject>(&v)) return *o;
+  return nullptr;
+}
+
+namespace {
+
+class NoAutomation final : public AutomationSystem {
+ public:
+  std::vector<std::string> processCommandLines(const std::string&) override { return {}; }
+  AutoObject runningObject(const std::string& progId) override {
+    throw AutomationError(progId + " is not running");
+  }
+  std::string fileVersion(const std::string&) override { return {}; }
+  std::vector<std::string> registrySubkeys(const std::string&) override { return {}; }
+};
+
+}  // namespace
+
+std::unique_ptr<AutomationSystem> makeAutomationSystem() {
+  // The COM implementation is added on Windows; until then nothing can be attached.
+  return std::make_unique<NoAutomation>();
+}
+
+}  // namespace korvane::hosts

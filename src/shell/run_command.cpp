@@ -1,0 +1,63 @@
+#include "shell/run_command.h"
+
+#include <set>
+
+#include "compiler/driver.h"
+#include "shell/fs.h"
+#include "shell/profile.h"
+
+namespace korvane {
+
+RunSettings readRunSettings(const std::string& settingsFile) {
+  RunSettings s;
+  s.saveOne = ReadProfileString("Position", "SaveSingleFile", settingsFile) == "1";
+  s.saveSeparate = ReadProfileString("Position", "SaveSeparateFiles", settingsFile) == "1";
+  std::string inpf = ReadProfileString("Files", "inpf", settingsFile);
+  std::string comp = ReadProfileString("Files", "comp", settingsFile);
+  if (!inpf.empty()) s.combinedName = inpf;
+  if (!comp.empty()) s.separatePrefix = comp;
+  return s;
+}
+
+RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
+                      const RunSettings& settings, RunProgress* progress) {
+  RunOutcome outcome;
+  if (entries.empty()) return outcome;
+  ctx.failure.reset();
+
+  SaveFiles& save = ctx.save;
+  save = SaveFiles{};
+  save.one = settings.saveOne;
+  save.separate = settings.saveSeparate;
+  save.combinedPath = ctx.projectFolder + settings.combinedName + ".inp";
+  fs::removeFile(save.combinedPath);  // a run never leaves a stale combined file
+  std::set<std::string> startedSeparate;
+
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (progress) progress->entryStarted(i, entries.size(), entries[i]);
+    ctx.status(ctx.text("StatusBar1", "stat2"));
+    const std::string file = parseRunEntry(entries[i]).path;
+    save.separatePath = ctx.projectFolder + settings.separatePrefix + fs::splitName(file).base + ".inp";
+    if (save.separate && startedSeparate.insert(save.separatePath).second)
+      fs::removeFile(save.separatePath);
+    ctx.onEngineRun = [&](int run) {
+      if (progress) progress->engineRun(i, run);
+    };
+    const bool ok = ApplyOneFile(ctx, entries[i]);
+    ctx.onEngineRun = nullptr;
+    if (progress) progress->entryFinished(i, ok);
+    if (ctx.stop.set) {
+      outcome.stopped = true;
+      outcome.stoppedAt = i;
+      outcome.message = ctx.stop.message;
+      break;
+    }
+    ++outcome.entriesRun;
+  }
+  // Back to idle.
+  ctx.stop.clear();
+  ctx.status(ctx.text("StatusBar1", "stat1"));
+  return outcome;
+}
+
+}  // namespace korvane

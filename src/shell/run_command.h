@@ -1,0 +1,42 @@
+// The Run command: works through a list of run entries from top to bottom,
+// handing each to ApplyOneFile, with the save modes, the first-file marker and
+// the stop state. Shared by the command line and the desktop window.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "compiler/run_context.h"
+
+namespace korvane {
+
+// Progress of a run as it goes.
+class RunProgress {
+ public:
+  virtual ~RunProgress() = default;
+  virtual void entryStarted(std::size_t index, std::size_t total, const std::string& entry) {}
+  virtual void engineRun(std::size_t index, int run) {}
+  virtual void entryFinished(std::size_t index, bool ok) {}
+};
+
+struct RunSettings {
+  bool saveOne = false;
+  bool saveSeparate = false;
+  std::string combinedName = "complete";  // "Files"/"inpf"
+  std::string separatePrefix = "compiled_";  // "Files"/"comp"
+};
+
+// The save modes and save-file names kept in the settings file.
+RunSettings readRunSettings(const std::string& settingsFile);
+
+struct RunOutcome {
+  std::size_t entriesRun = 0;  // entries that ran to their end
+  bool stopped = false;
+  std::size_t stoppedAt = 0;   // 0-based index of the entry that stopped the run
+  std::string message;         // the stop message
+};
+
+RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
+                      const RunSettings& settings, RunProgress* progress = nullptr);
+
+}  // namespace korvane
