@@ -358,6 +358,17 @@ void EngineRun::emit(const std::string& text) {
 
 void EngineRun::genioRecord(const std::string& record) {
   int n = minorNumber(record);
+  std::optional<MajorRecord> major = n < 0 ? parseMajor(record) : std::nullopt;
+  if (request_.importModel && major && major->major == Major::Genio) {
+    closeBlock();  // an import takes every GENIO header as naming its model
+    openGenio(*request_.importModel);
+    return;
+  }
+  if (request_.importModel && major && major->major == Major::Finish) {
+    closeBlock();
+    finished_ = true;
+    return;
+  }
   if (n < 0) {
     if (parseMajor(record))
       refuse("GENIO begun at line " + std::to_string(blockLine_) +

@@ -1,5 +1,6 @@
 #include "hosts/embedded/fortran_format.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -396,12 +397,19 @@ std::string exponential(double v, int decimals, char letter) {
   if (v == 0) {
     digits.assign(static_cast<std::size_t>(decimals), '0');
   } else {
+    // The shortest digits that read back as the same value, padded with zeros
+    // (2065.2 is written 0.20652000000000000D+04); rounded when there are more.
     char buf[400];
-    std::snprintf(buf, sizeof buf, "%.*e", decimals - 1, std::fabs(v));
-    std::string s = buf;
+    auto r = std::to_chars(buf, buf + sizeof buf, std::fabs(v), std::chars_format::scientific);
+    std::string s(buf, r.ptr);
+    if (static_cast<int>(s.find('e')) - (s.find('.') == std::string::npos ? 0 : 1) > decimals) {
+      std::snprintf(buf, sizeof buf, "%.*e", decimals - 1, std::fabs(v));
+      s = buf;
+    }
     std::size_t e = s.find('e');
     for (std::size_t i = 0; i < e; ++i)
       if (isDigit(s[i])) digits += s[i];
+    digits.resize(static_cast<std::size_t>(decimals), '0');
     exponent = std::strtol(s.c_str() + e + 1, nullptr, 10) + 1;
   }
   long a = std::labs(exponent);

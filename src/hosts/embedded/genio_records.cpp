@@ -13,7 +13,8 @@ int GenioOrder::highestDimension() const {
 
 std::string GenioOrder::record() const {
   std::string r = "003,ORDR,4=" + std::to_string(perRecord);
-  for (int d : dims) r += "," + std::to_string(d);
+  for (int p = 0; p < perRecord; ++p)
+    for (int d : dims) r += "," + std::to_string(d);
   return r;
 }
 
@@ -71,9 +72,7 @@ bool parseOrderRecord(const Fields& f, GenioOrder& out, std::string& error) {
     error = "003 ORDR needs the points per record (1 to 100) in field 4";
     return false;
   }
-  GenioOrder o;
-  o.perRecord = static_cast<int>(*per);
-  o.dims.clear();
+  std::vector<int> list;
   int last = f.last();
   while (last > 4 && !f.has(last)) --last;  // MX writes a trailing comma
   for (int n = 5; n <= last; ++n) {
@@ -88,12 +87,29 @@ bool parseOrderRecord(const Fields& f, GenioOrder& out, std::string& error) {
               std::to_string(kMaxDimension);
       return false;
     }
-    if (std::find(o.dims.begin(), o.dims.end(), *d) != o.dims.end()) {
-      error = "003 ORDR lists dimension " + std::to_string(*d) + " twice";
+    list.push_back(static_cast<int>(*d));
+  }
+  // The list names the dimensions of every point of a record: 4=2,1,2,3,1,2,3.
+  const std::size_t k = static_cast<std::size_t>(*per);
+  if (list.empty() || list.size() % k != 0) {
+    error = "003 ORDR: " + std::to_string(list.size()) + " dimensions do not make " +
+            std::to_string(k) + " equal points";
+    return false;
+  }
+  GenioOrder o;
+  o.perRecord = static_cast<int>(k);
+  o.dims.assign(list.begin(), list.begin() + static_cast<long>(list.size() / k));
+  for (std::size_t i = 0; i < list.size(); ++i)
+    if (list[i] != o.dims[i % o.dims.size()]) {
+      error = "003 ORDR: every point of a record must list the same dimensions";
       return false;
     }
-    o.dims.push_back(static_cast<int>(*d));
-  }
+  for (std::size_t i = 0; i < o.dims.size(); ++i)
+    if (std::find(o.dims.begin(), o.dims.begin() + static_cast<long>(i), o.dims[i]) !=
+        o.dims.begin() + static_cast<long>(i)) {
+      error = "003 ORDR lists dimension " + std::to_string(o.dims[i]) + " twice for a point";
+      return false;
+    }
   if (std::find(o.dims.begin(), o.dims.end(), 1) == o.dims.end() ||
       std::find(o.dims.begin(), o.dims.end(), 2) == o.dims.end()) {
     error = "003 ORDR must list dimensions 1 and 2 (x and y)";

@@ -13,10 +13,10 @@
 namespace korvane::hosts::embedded {
 
 // 003 ORDR: how many points one data record holds and which dimensions each
-// point lists, in order.
+// point lists, in order ("4=2,1,2,3,1,2,3": two xyz points a record).
 struct GenioOrder {
   int perRecord = 1;
-  std::vector<int> dims{1, 2, 3};
+  std::vector<int> dims{1, 2, 3};  // the dimensions of one point
 
   int itemsPerPoint() const { return static_cast<int>(dims.size()); }
   int highestDimension() const;
