@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "shell/codepage.h"
+
+#include <gtest/gtest.h>
 
 using namespace korvane;
 

@@ -1,13 +1,191 @@
 // korvane models: load, inspect and export the embedded engine's models.
 #include <CLI/CLI.hpp>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <sstream>
 
 #include "cli/commands.h"
+#include "hosts/embedded/embedded_engine.h"
+#include "hosts/embedded/genio_records.h"
+#include "shell/codepage.h"
 
 namespace korvane::cli {
+namespace {
+
+namespace fs = std::filesystem;
+using hosts::embedded::EmbeddedEngine;
+
+struct ModelsArgs {
+  std::string project;
+  std::string model;
+  std::string label;
+  std::string file;
+  std::string output;
+};
+
+ModelsArgs& args() {
+  static ModelsArgs a;
+  return a;
+}
+
+constexpr int kOk = 0, kEngineError = 1, kUsageError = 2;
+
+std::string terminal(std::string_view cp1250) { return cp::toUtf8(cp1250); }
+
+// The engine of the --project folder (the current directory by default).
+std::unique_ptr<EmbeddedEngine> openEngine() {
+  std::error_code ec;
+  fs::path folder = args().project.empty() ? fs::current_path(ec) : fs::path(args().project);
+  if (!fs::is_directory(folder, ec)) {
+    std::cerr << "korvane models: the project folder " << folder.string() << " does not exist\n";
+    setExitCode(kUsageError);
+    return nullptr;
+  }
+  hosts::EngineOptions options;
+  options.projectFolder = fs::absolute(folder, ec).lexically_normal().string();
+  while (options.projectFolder.size() > 1 && options.projectFolder.back() == '/')
+    options.projectFolder.pop_back();
+  std::string error;
+  auto engine = EmbeddedEngine::create(options, error);
+  if (!engine) {
+    std::cerr << "korvane models: " << terminal(error) << "\n";
+    setExitCode(kEngineError);
+  }
+  return engine;
+}
+
+int fail(const std::string& message) {
+  std::cerr << "korvane models: " << terminal(message) << "\n";
+  return kEngineError;
+}
+
+int list(EmbeddedEngine& e) {
+  std::vector<hosts::embedded::ModelSummary> models;
+  std::string error;
+  if (!e.models(models, error)) return fail(error);
+  for (const auto& m : models)
+    std::cout << terminal(m.name) << '\t' << m.strings << '\t' << m.points << '\n';
+  return kOk;
+}
+
+int show(EmbeddedEngine& e) {
+  std::string error;
+  const std::string model = cp::fromUtf8(args().model);
+  if (args().label.empty()) {
+    std::vector<hosts::embedded::StringRow> rows;
+    if (!e.strings(model, rows, error)) return fail(error);
+    for (const auto& r : rows)
+      std::cout << terminal(r.header.label) << '\t' << r.header.dimension << '\t' << r.pointCount
+                << '\n';
+    return kOk;
+  }
+  hosts::embedded::ModelString s;
+  if (!e.loadString(model, cp::fromUtf8(args().label), s, error)) return fail(error);
+  for (std::size_t i = 0; i < s.points.size(); ++i) {
+    const auto& p = s.points[i];
+    std::cout << i + 1;
+    for (int d = 1; d <= std::max<int>(3, static_cast<int>(p.dims.size())); ++d) {
+      std::string text = hosts::embedded::dimText(p, d);
+      std::cout << '\t'
+                << (text.empty() && !(d <= static_cast<int>(p.dims.size()) &&
+                                      p.dims[static_cast<std::size_t>(d - 1)].isText)
+                        ? hosts::embedded::shortNumber(hosts::embedded::dimNumber(s.header, p, d))
+                        : "'" + terminal(text) + "'");
+    }
+    if (p.gapAfter) std::cout << "\tbreak";
+    std::cout << '\n';
+  }
+  return kOk;
+}
+
+int report(const hosts::MxRunResult& r) {
+  if (r.ok()) return kOk;
+  std::cerr << "korvane models: " << terminal(r.error) << "\n";
+  if (!r.listing.empty()) std::cerr << "  (listing: " << r.listing << ")\n";
+  return kEngineError;
+}
+
+int import(EmbeddedEngine& e) {
+  const std::string model = cp::fromUtf8(args().model);
+  int rc = report(e.importGenio(args().file, model));
+  if (rc != kOk) return rc;
+  std::vector<hosts::embedded::StringRow> rows;
+  std::string error;
+  if (!e.strings(model, rows, error)) return fail(error);
+  long points = 0;
+  for (const auto& r : rows) points += r.pointCount;
+  std::cout << terminal(model) << ": " << rows.size() << " strings, " << points << " points\n";
+  return kOk;
+}
+
+int exportModel(EmbeddedEngine& e) {
+  std::string error;
+  const std::string model = cp::fromUtf8(args().model);
+  if (args().output.empty()) {
+    auto sink = [](const std::string& line) { std::cout << terminal(line) << '\n'; };
+    return e.exportGenio(model, sink, error) ? kOk : fail(error);
+  }
+  std::ostringstream text;
+  auto sink = [&text](const std::string& line) { text << line << "\r\n"; };
+  if (!e.exportGenio(model, sink, error)) return fail(error);
+  std::ofstream out(args().output, std::ios::binary | std::ios::trunc);
+  out << text.str();
+  if (!out) return fail("cannot write " + args().output);
+  return kOk;
+}
+
+int remove(EmbeddedEngine& e) {
+  const std::string model = cp::fromUtf8(args().model);
+  if (!e.modelExists(model)) return fail("there is no model \"" + model + "\"");
+  return report(e.runLines({"dele," + model}, "korvane models delete"));
+}
+
+int exec(EmbeddedEngine& e) {
+  std::error_code ec;
+  std::string file = fs::absolute(args().file, ec).string();
+  hosts::MxRunResult r = e.configuration().run("input", file);
+  std::ifstream listing(r.listing, std::ios::binary);
+  std::string line;
+  while (std::getline(listing, line)) std::cout << terminal(line) << '\n';
+  return report(r);
+}
+
+CLI::App* subcommand(CLI::App* models, const char* name, const char* help,
+                     int (*action)(EmbeddedEngine&)) {
+  CLI::App* sub = models->add_subcommand(name, help);
+  sub->add_option("--project", args().project, "Project folder (default: the current directory)");
+  sub->callback([action] {
+    auto engine = openEngine();
+    if (engine) setExitCode(action(*engine));
+  });
+  return sub;
+}
+
+}  // namespace
 
 void addModelsCommand(CLI::App& app) {
   auto* models = app.add_subcommand("models", "Work with the embedded engine's models");
   models->require_subcommand(1);
+  ModelsArgs& a = args();
+
+  subcommand(models, "list", "One line per model: name, string count, point count", list);
+  auto* showCmd = subcommand(models, "show", "A model's strings, or one string's points", show);
+  showCmd->add_option("MODEL", a.model, "Model name")->required();
+  showCmd->add_option("LABEL", a.label, "String label");
+  auto* importCmd =
+      subcommand(models, "import", "Load a file's GENIO records into a model", import);
+  importCmd->add_option("FILE", a.file, "GENIO file")->required();
+  importCmd->add_option("MODEL", a.model, "Model name (created when missing)")->required();
+  auto* exportCmd =
+      subcommand(models, "export", "Every string of a model as GENIO text", exportModel);
+  exportCmd->add_option("MODEL", a.model, "Model name")->required();
+  exportCmd->add_option("-o,--output", a.output, "Output file (default: standard output)");
+  auto* deleteCmd = subcommand(models, "delete", "Delete a model", remove);
+  deleteCmd->add_option("MODEL", a.model, "Model name")->required();
+  auto* execCmd = subcommand(models, "exec", "Run a Linemode input file, print the listing", exec);
+  execCmd->add_option("FILE", a.file, "Input file")->required();
 }
 
 }  // namespace korvane::cli

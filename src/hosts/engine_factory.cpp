@@ -1,14 +1,19 @@
 #include "hosts/engine_factory.h"
 
+#include "hosts/embedded/embedded_engine.h"
 #include "hosts/null_engine.h"
 
 namespace korvane::hosts {
 
 bool parseEngineKind(const std::string& word, EngineKind& kind) {
-  if (word == "none") kind = EngineKind::None;
-  else if (word == "embedded") kind = EngineKind::Embedded;
-  else if (word == "mx") kind = EngineKind::Mx;
-  else return false;
+  if (word == "none")
+    kind = EngineKind::None;
+  else if (word == "embedded")
+    kind = EngineKind::Embedded;
+  else if (word == "mx")
+    kind = EngineKind::Mx;
+  else
+    return false;
   return true;
 }
 
@@ -26,8 +31,7 @@ std::unique_ptr<MxEngine> makeEngine(EngineKind kind, const EngineOptions& optio
     case EngineKind::None:
       return std::make_unique<NullEngine>(options.projectFolder, options.settings);
     case EngineKind::Embedded:
-      error = "the embedded engine is not available in this build";
-      return nullptr;
+      return embedded::EmbeddedEngine::create(options, error);
     case EngineKind::Mx:
       error = "MX's automation is not installed on this machine";
       return nullptr;

@@ -1,0 +1,332 @@
+#include "hosts/embedded/embedded_engine.h"
+
+#include <filesystem>
+
+#include "hosts/embedded/engine_run.h"
+#include "hosts/embedded/input_file.h"
+#include "hosts/embedded/label_rules.h"
+#include "hosts/embedded/listing.h"
+#include "hosts/embedded/point_record.h"
+#include "shell/codepage.h"
+
+namespace korvane::hosts::embedded {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string inFolder(const std::string& folder, const char* name) {
+  return (fs::path(folder) / name).string();
+}
+
+}  // namespace
+
+EmbeddedEngine::EmbeddedEngine(std::string folder, std::map<std::string, std::string> settings)
+    : folder_(std::move(folder)),
+      settings_(std::move(settings)),
+      access_(inFolder(folder_, ModelStore::kFileName)),
+      library_(access_) {}
+
+std::unique_ptr<EmbeddedEngine> EmbeddedEngine::create(const EngineOptions& options,
+                                                       std::string& error) {
+  std::error_code ec;
+  if (options.projectFolder.empty() || !fs::is_directory(options.projectFolder, ec)) {
+    error = "the project folder \"" + options.projectFolder + "\" does not exist";
+    return nullptr;
+  }
+  std::unique_ptr<EmbeddedEngine> e(new EmbeddedEngine(options.projectFolder, options.settings));
+  e->access_.get(error);  // a foreign or damaged store is refused here
+  if (!error.empty()) return nullptr;
+  return e;
+}
+
+std::string EmbeddedEngine::listingPath() const { return inFolder(folder_, Listing::kFileName); }
+
+// --- configuration -----------------------------------------------------------
+
+std::string EmbeddedEngine::setting(std::string_view name) {
+  for (const auto& [key, value] : settings_)
+    if (cp::equalsIgnoreCase(key, name)) return value;
+  return {};
+}
+
+MxRunResult EmbeddedEngine::run(std::string_view verb, const std::string& fullName) {
+  MxRunResult r;
+  r.listing = listingPath();
+  if (!cp::equalsIgnoreCase(verb, "input")) {
+    r.error =
+        "the engine runs input files only (verb \"input\"), not \"" + std::string(verb) + "\"";
+    return r;
+  }
+  std::vector<std::string> lines;
+  try {
+    if (!readInputLines(fullName, lines, r.error)) return r;
+  } catch (const std::exception& e) {
+    r.error = "cannot read the input file " + fullName + ": " + e.what();
+    return r;
+  }
+  return execute(lines, fullName, std::nullopt);
+}
+
+MxRunResult EmbeddedEngine::runLines(const std::vector<std::string>& lines, const std::string& name,
+                                     std::optional<std::string> importModel) {
+  return execute(lines, name, importModel);
+}
+
+MxRunResult EmbeddedEngine::importGenio(const std::string& file, const std::string& model) {
+  MxRunResult r;
+  r.listing = listingPath();
+  std::vector<std::string> lines;
+  if (!readInputLines(file, lines, r.error)) return r;
+  return execute(lines, file, model);
+}
+
+MxRunResult EmbeddedEngine::execute(const std::vector<std::string>& lines, const std::string& name,
+                                    const std::optional<std::string>& importModel) {
+  MxRunResult r;
+  r.listing = listingPath();
+  try {
+    Listing listing;
+    if (!listing.open(r.listing, r.error)) return r;
+    std::unique_ptr<ModelStore> store =
+        ModelStore::open(access_.path(), ModelStore::Access::Run, r.error);
+    if (!store) {
+      listing.text("**** run refused: " + r.error);
+      return r;
+    }
+    RunRequest request{name, lines, folder_, importModel};
+    RunOutcome outcome = executeRun(*store, listing, request);
+    if (!outcome.lastModel.empty()) currentModel_ = outcome.lastModel;
+    r.error = outcome.error;
+  } catch (const std::exception& e) {
+    r.error = name + ": engine failure: " + e.what();
+  }
+  return r;
+}
+
+bool EmbeddedEngine::modelExists(std::string_view model) {
+  ModelRow row;
+  return findModel(model, row) == kFound;
+}
+
+bool EmbeddedEngine::stringExists(std::string_view model, std::string_view label) {
+  ModelRow row;
+  std::int32_t status = kFound;
+  return findString(model, label, row, status).has_value();
+}
+
+// --- data access -----------------------------------------------------------------
+
+std::int32_t EmbeddedEngine::findModel(std::string_view model, ModelRow& row) {
+  try {
+    std::string error;
+    ModelStore* store = access_.get(error);
+    if (!store) return error.empty() ? kNoModel : kStoreFailure;
+    auto m = store->findModel(trimmed(model));
+    if (!m) return kNoModel;
+    row = *m;
+    return kFound;
+  } catch (const std::exception&) {
+    return kStoreFailure;
+  }
+}
+
+std::optional<StringRow> EmbeddedEngine::findString(std::string_view model, std::string_view label,
+                                                    ModelRow& row, std::int32_t& status) {
+  status = findModel(model, row);
+  if (status != kFound) return std::nullopt;
+  try {
+    auto s = access_.get()->findString(row.id, label);
+    status = s ? kFound : kNoString;
+    return s;
+  } catch (const std::exception&) {
+    status = kStoreFailure;
+    return std::nullopt;
+  }
+}
+
+std::int32_t EmbeddedEngine::stringInfo(std::string_view model, std::string_view label,
+                                        std::int32_t& pointCount) {
+  pointCount = 0;
+  ModelRow m;
+  std::int32_t status = kFound;
+  auto s = findString(model, label, m, status);
+  if (!s) return status;
+  currentModel_ = m.name;
+  pointCount = s->pointCount;
+  return kFound;
+}
+
+std::int32_t EmbeddedEngine::point(std::string_view model, std::string_view label, std::int32_t n,
+                                   PointRecord& out) {
+  ModelRow m;
+  std::int32_t status = kFound;
+  auto s = findString(model, label, m, status);
+  if (!s) return status;
+  currentModel_ = m.name;
+  try {
+    auto p = access_.get()->point(s->id, n);
+    if (!p) return kNoPoint;
+    fillPointRecord(m.name, *s, *p, n, out);
+    return kFound;
+  } catch (const std::exception&) {
+    return kStoreFailure;
+  }
+}
+
+std::int32_t EmbeddedEngine::record(std::int32_t n, PointRecord& out) {
+  ModelRow m;
+  if (currentModel_.empty()) return kNoModel;
+  std::int32_t status = findModel(currentModel_, m);
+  if (status != kFound) return status;
+  if (n < 1) return kNoPoint;
+  try {
+    ModelStore* store = access_.get();
+    std::int64_t left = n;
+    for (const StringRow& row : store->strings(m.id)) {
+      if (left > row.pointCount) {
+        left -= row.pointCount;
+        continue;
+      }
+      auto p = store->point(row.id, static_cast<std::int32_t>(left));
+      if (!p) return kNoPoint;
+      fillPointRecord(m.name, row, *p, static_cast<int>(left), out);
+      return kFound;
+    }
+    return kNoPoint;
+  } catch (const std::exception&) {
+    return kStoreFailure;
+  }
+}
+
+std::int32_t EmbeddedEngine::nextLabel(std::string_view model, std::string_view prefix,
+                                       std::string& label) {
+  label.clear();
+  std::vector<StringRow> rows;
+  std::string error;
+  ModelRow m;
+  std::int32_t status = findModel(model, m);
+  if (status != kFound) return status;
+  if (!validLabelPrefix(prefix)) return kBadArgument;
+  if (!strings(m.name, rows, error)) return kStoreFailure;
+  std::vector<std::string> labels;
+  for (const StringRow& r : rows) labels.push_back(r.header.label);
+  auto next = embedded::nextLabel(labels, prefix);
+  if (!next) return kNoFreeLabel;
+  label = *next;
+  return kFound;
+}
+
+std::int32_t EmbeddedEngine::labelCount(std::string_view model, std::string_view prefix,
+                                        std::int32_t& count) {
+  count = 0;
+  std::vector<StringRow> rows;
+  std::string error;
+  ModelRow m;
+  std::int32_t status = findModel(model, m);
+  if (status != kFound) return status;
+  if (!strings(m.name, rows, error)) return kStoreFailure;
+  std::vector<std::string> labels;
+  for (const StringRow& r : rows) labels.push_back(r.header.label);
+  count = countWithPrefix(labels, prefix);
+  return kFound;
+}
+
+std::int32_t EmbeddedEngine::parameter(std::string_view name, int group, std::string& value) {
+  value.clear();
+  const std::string key = cp::lower(trimmed(name));
+  if (group == 1) {
+    if (key == "engine")
+      value = "embedded";
+    else if (key == "projectfolder")
+      value = folder_;
+    else if (key == "modelstore")
+      value = access_.path();
+    else if (key == "listing")
+      value = listingPath();
+    else if (key == "currentmodel")
+      value = currentModel_;
+    else
+      return 0;
+    return 1;
+  }
+  if (group == 2) {
+    for (const auto& [k, v] : settings_)
+      if (cp::equalsIgnoreCase(k, key)) {
+        value = v;
+        return 1;
+      }
+  }
+  return 0;
+}
+
+// --- for korvane models --------------------------------------------------------
+
+bool EmbeddedEngine::models(std::vector<ModelSummary>& out, std::string& error) {
+  out.clear();
+  try {
+    ModelStore* store = access_.get(error);
+    if (store) out = store->summaries();
+    return error.empty();
+  } catch (const std::exception& e) {
+    error = e.what();
+    return false;
+  }
+}
+
+bool EmbeddedEngine::strings(const std::string& model, std::vector<StringRow>& out,
+                             std::string& error) {
+  out.clear();
+  ModelRow m;
+  std::int32_t status = findModel(model, m);
+  if (status != kFound) {
+    error = status == kNoModel ? "there is no model \"" + model + "\""
+                               : "the model store cannot be read";
+    return false;
+  }
+  try {
+    out = access_.get()->strings(m.id);
+    return true;
+  } catch (const std::exception& e) {
+    error = e.what();
+    return false;
+  }
+}
+
+bool EmbeddedEngine::loadString(const std::string& model, const std::string& label,
+                                ModelString& out, std::string& error) {
+  ModelRow m;
+  std::int32_t status = kFound;
+  auto row = findString(model, label, m, status);
+  if (!row) {
+    error = status == kNoModel    ? "there is no model \"" + model + "\""
+            : status == kNoString ? "model \"" + model + "\" has no string " + normalLabel(label)
+                                  : "the model store cannot be read";
+    return false;
+  }
+  try {
+    out = access_.get()->load(*row);
+    return true;
+  } catch (const std::exception& e) {
+    error = e.what();
+    return false;
+  }
+}
+
+bool EmbeddedEngine::exportGenio(const std::string& model, const LineSink& sink,
+                                 std::string& error) {
+  std::vector<StringRow> rows;
+  if (!strings(model, rows, error)) return false;
+  try {
+    GenioWriter w(sink, std::nullopt, std::nullopt);
+    w.banner("GENIO output of model " + model + " (Korvane embedded engine)");
+    for (const StringRow& row : rows)
+      if (!w.write(access_.get()->load(row), error)) return false;
+    w.end();
+    return true;
+  } catch (const std::exception& e) {
+    error = e.what();
+    return false;
+  }
+}
+
+}  // namespace korvane::hosts::embedded

@@ -1,0 +1,94 @@
+// A small RAII layer over the SQLite C API: one connection, prepared
+// statements, and an exception that carries SQLite's result code. Used only
+// inside the embedded engine; the MX interfaces catch everything it throws.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace korvane::hosts::embedded {
+
+class SqliteError : public std::runtime_error {
+ public:
+  SqliteError(int code, const std::string& what) : std::runtime_error(what), code_(code) {}
+  int code() const { return code_; }
+  bool busy() const;          // another connection holds the lock
+  bool notADatabase() const;  // the file is not an SQLite database, or is damaged
+
+ private:
+  int code_;
+};
+
+class SqliteDb;
+
+// A prepared statement. Bind parameters are 1-based, columns 0-based.
+class Statement {
+ public:
+  Statement(SqliteDb& db, std::string_view sql);
+  ~Statement();
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  Statement& bind(int i, std::int64_t v);
+  Statement& bind(int i, double v);
+  Statement& bind(int i, std::string_view text);
+  Statement& bindNull(int i);
+  // Steps once: true while a row is available.
+  bool step();
+  // Steps to the end (for statements that return no rows).
+  void run();
+  // Back to the start with the bindings cleared.
+  void reset();
+
+  bool isNull(int col) const;
+  bool isText(int col) const;
+  std::int64_t integer(int col) const;
+  double real(int col) const;
+  std::string text(int col) const;
+
+ private:
+  SqliteDb& db_;
+  sqlite3_stmt* stmt_ = nullptr;
+};
+
+class SqliteDb {
+ public:
+  enum class OpenMode { ReadWrite, ReadWriteCreate };
+  // Throws SqliteError when the file cannot be opened.
+  SqliteDb(const std::string& path, OpenMode mode);
+  ~SqliteDb();
+  SqliteDb(const SqliteDb&) = delete;
+  SqliteDb& operator=(const SqliteDb&) = delete;
+
+  // Runs one or more statements that return nothing.
+  void exec(std::string_view sql);
+  // The first column of the first row of a query, as an integer.
+  std::int64_t queryInt(std::string_view sql);
+  std::int64_t lastInsertId() const;
+
+  sqlite3* handle() { return db_; }
+  [[noreturn]] void fail(int code, std::string_view during);
+
+ private:
+  sqlite3* db_ = nullptr;
+};
+
+// Rolls back on destruction unless committed.
+class Transaction {
+ public:
+  explicit Transaction(SqliteDb& db, bool exclusive = false);
+  ~Transaction();
+  void commit();
+
+ private:
+  SqliteDb& db_;
+  bool open_ = true;
+};
+
+}  // namespace korvane::hosts::embedded

@@ -1,0 +1,165 @@
+#include <gtest/gtest.h>
+
+#include "hosts/embedded/fortran_format.h"
+
+using namespace korvane::hosts::embedded;
+
+namespace {
+
+FortranFormat fmt(const std::string& spec) {
+  std::string error;
+  auto f = FortranFormat::parse(spec, error);
+  EXPECT_TRUE(f) << spec << ": " << error;
+  return f ? *f : FortranFormat::mxDefault();
+}
+
+std::string parseError(const std::string& spec) {
+  std::string error;
+  auto f = FortranFormat::parse(spec, error);
+  EXPECT_FALSE(f) << spec << " was accepted as " << f->text();
+  return error;
+}
+
+RecordLayout layoutOf(const std::string& spec, int items) {
+  RecordLayout l;
+  std::string error;
+  EXPECT_TRUE(fmt(spec).layout(items, l, error)) << error;
+  return l;
+}
+
+double readNum(const std::string& field, Edit e, int w, int d) {
+  double v = -12345;
+  std::string why;
+  EXPECT_TRUE(readNumberField(field, FieldSlot{0, 0, w, d, e}, v, why)) << field << ": " << why;
+  return v;
+}
+
+std::string writeNum(double v, Edit e, int w, int d) {
+  return writeNumberField(v, FieldSlot{0, 0, w, d, e});
+}
+
+}  // namespace
+
+TEST(FortranFormat, ParsesSpellingsIntoCanonicalText) {
+  EXPECT_EQ(fmt("(3D23.17)").text(), "(3D23.17)");
+  EXPECT_EQ(fmt("(8f12.3,4a4)").text(), "(8F12.3,4A4)");
+  EXPECT_EQ(fmt("( 4F12.3 , A4 )").text(), "(4F12.3,A4)");
+  EXPECT_EQ(fmt("(3D23.17/3D23.17/2D23.17,4A4)").text(), "(3D23.17/3D23.17/2D23.17,4A4)");
+  EXPECT_EQ(fmt("(2(F10.2,2X),I5,A)").text(), "(2(F10.2,2X),I5,A4)");
+  EXPECT_EQ(fmt("(F8.2,/,F8.2)").text(), "(F8.2/F8.2)");
+  EXPECT_EQ(fmt("(E15.6,:,F5.1)").text(), "(E15.6:F5.1)");
+}
+
+TEST(FortranFormat, RejectsMalformedSpecifications) {
+  EXPECT_NE(parseError("3D23.17").find("'(' expected"), std::string::npos);
+  EXPECT_NE(parseError("(3D23.17").find("missing ')'"), std::string::npos);
+  EXPECT_NE(parseError("(F12)").find("'.d' expected"), std::string::npos);
+  EXPECT_NE(parseError("(F.3)").find("width expected"), std::string::npos);
+  EXPECT_NE(parseError("(F3.3)").find("decimals"), std::string::npos);
+  EXPECT_NE(parseError("(3F12.3,)").find("',' before ')'"), std::string::npos);
+  EXPECT_NE(parseError("(3F12.3A4)").find("',' expected"), std::string::npos);
+  EXPECT_NE(parseError("(G12.3)").find("unsupported edit descriptor 'G'"), std::string::npos);
+  EXPECT_NE(parseError("()").find("empty"), std::string::npos);
+  EXPECT_NE(parseError("(5X,/)").find("no data edit descriptor"), std::string::npos);
+  EXPECT_NE(parseError("(F12.3))").find("after the closing"), std::string::npos);
+  EXPECT_NE(parseError("(0F12.3)").find("repeat count"), std::string::npos);
+  EXPECT_NE(parseError("(D23.0)").find("at least one decimal"), std::string::npos);
+}
+
+TEST(FortranFormat, LayoutStopsAtFirstDescriptorWithoutItem) {
+  // x, y, z under (8F12.3,4A4): one record of 36 columns.
+  RecordLayout l = layoutOf("(8F12.3,4A4)", 3);
+  ASSERT_EQ(l.records(), 1);
+  EXPECT_EQ(l.lengths[0], 36);
+  EXPECT_EQ(l.slots[2].column, 24);
+  // Five items under (4F12.3,A4): the text lands in columns 49-52.
+  l = layoutOf("(4F12.3,A4)", 5);
+  EXPECT_EQ(l.lengths[0], 52);
+  EXPECT_EQ(l.slots[4].column, 48);
+  EXPECT_EQ(l.slots[4].edit, Edit::A);
+  // nX moves the column; a "/" before the stop is still obeyed (an empty record).
+  l = layoutOf("(F5.1,3X,F5.1/F5.1)", 2);
+  EXPECT_EQ(l.slots[1].column, 8);
+  EXPECT_EQ(l.records(), 2);
+  EXPECT_EQ(l.lengths[1], 0);
+  // ":" ends the statement when no item is left.
+  EXPECT_EQ(layoutOf("(F5.1,:/F5.1)", 1).records(), 1);
+}
+
+TEST(FortranFormat, LayoutRevertsToLastGroupOrStart) {
+  // Six items with (3D23.17): the format is used again on a second record.
+  RecordLayout l = layoutOf("(3D23.17)", 6);
+  ASSERT_EQ(l.records(), 2);
+  EXPECT_EQ(l.slots[3].record, 1);
+  EXPECT_EQ(l.slots[3].column, 0);
+  // Reversion goes back to the last top-level group, not the start.
+  l = layoutOf("(I3,2(F4.1))", 5);
+  ASSERT_EQ(l.records(), 2);
+  EXPECT_EQ(l.slots[3].edit, Edit::F);
+  EXPECT_EQ(l.slots[3].column, 0);
+  EXPECT_EQ(l.slots[4].column, 4);
+  // The 12-dimensional MX layout: three records, texts in columns 47-62 of the third.
+  l = layoutOf("(3D23.17/3D23.17/2D23.17,4A4)", 12);
+  ASSERT_EQ(l.records(), 3);
+  EXPECT_EQ(l.slots[8].record, 2);
+  EXPECT_EQ(l.slots[8].column, 46);
+  EXPECT_EQ(l.lengths[2], 62);
+}
+
+TEST(FortranFormat, ReadsNumbersTheFortranWay) {
+  EXPECT_DOUBLE_EQ(readNum("0.20652000000000000D+04", Edit::D, 23, 17), 2065.2);
+  EXPECT_DOUBLE_EQ(readNum("-.99900000000000000D+03", Edit::D, 23, 17), -999.0);
+  EXPECT_DOUBLE_EQ(readNum("   1.5E2", Edit::F, 8, 3), 150.0);
+  EXPECT_DOUBLE_EQ(readNum("  1.5d-1", Edit::F, 8, 3), 0.15);
+  EXPECT_DOUBLE_EQ(readNum("0.1234+100", Edit::E, 10, 4), 0.1234e100);  // exponent without letter
+  EXPECT_DOUBLE_EQ(readNum("        ", Edit::F, 8, 3), 0.0);            // blank field
+  EXPECT_DOUBLE_EQ(readNum("   12345", Edit::F, 8, 3), 12.345);         // implied decimal point
+  EXPECT_DOUBLE_EQ(readNum("  1 2.5 ", Edit::F, 8, 3), 12.5);           // blanks ignored
+  EXPECT_DOUBLE_EQ(readNum("   -42", Edit::I, 6, 0), -42.0);
+  for (const char* bad : {"  12.3.4", "   ABCD", "    1e", "  --1.0", "  1.0E+", "1,5"}) {
+    double v = 0;
+    std::string why;
+    EXPECT_FALSE(readNumberField(bad, FieldSlot{0, 4, 8, 3, Edit::F}, v, why)) << bad;
+    EXPECT_NE(why.find("columns 5-12"), std::string::npos) << why;
+  }
+  double v = 0;
+  std::string why;
+  EXPECT_FALSE(readNumberField("  1.5", FieldSlot{0, 0, 5, 0, Edit::I}, v, why));
+  EXPECT_FALSE(readNumberField("1D999", FieldSlot{0, 0, 5, 0, Edit::D}, v, why));  // overflow
+}
+
+TEST(FortranFormat, WritesFixedAndExponentialFields) {
+  EXPECT_EQ(writeNum(2065.2, Edit::D, 23, 17), "0.20652000000000000D+04");
+  EXPECT_EQ(writeNum(-999, Edit::D, 23, 17), "-.99900000000000000D+03");  // optional zero dropped
+  EXPECT_EQ(writeNum(0, Edit::D, 23, 17), "0.00000000000000000D+00");
+  EXPECT_EQ(writeNum(0.000123, Edit::E, 12, 4), "  0.1230E-03");
+  EXPECT_EQ(writeNum(1.5e150, Edit::E, 12, 4),
+            "  0.1500+151");  // 3-digit exponent drops the letter
+  EXPECT_EQ(writeNum(9.99996, Edit::E, 12, 4),
+            "  0.1000E+02");  // rounding carries into the exponent
+  EXPECT_EQ(writeNum(1e1000 * 0 + 1e308 * 10, Edit::F, 6, 1), "******");
+  EXPECT_EQ(writeNum(123.4567, Edit::F, 12, 3), "     123.457");
+  EXPECT_EQ(writeNum(-0.0004, Edit::F, 8, 3), "   0.000");  // no negative zero
+  EXPECT_EQ(writeNum(0.5, Edit::F, 4, 3), ".500");
+  EXPECT_EQ(writeNum(-0.5, Edit::F, 5, 3), "-.500");
+  EXPECT_EQ(writeNum(123456789.0, Edit::F, 12, 3), "************");
+  EXPECT_EQ(writeNum(41.6, Edit::I, 4, 0), "  42");
+  EXPECT_EQ(writeNum(12345, Edit::I, 4, 0), "****");
+}
+
+TEST(FortranFormat, WrittenValuesReadBackExactly) {
+  for (double v : {2065.2, -999.0, 1.0 / 3.0, 650123.456789, -1e-7, 6.02e23}) {
+    std::string s = writeNum(v, Edit::D, 23, 17);
+    ASSERT_EQ(s.size(), 23u) << s;
+    EXPECT_EQ(readNum(s, Edit::D, 23, 17), v) << s;
+  }
+}
+
+TEST(FortranFormat, TextsAreFourCharacterValues) {
+  EXPECT_EQ(writeTextField("AB", 4), "AB  ");
+  EXPECT_EQ(writeTextField("ABCD", 6), "  ABCD");  // right-justified in a wider field
+  EXPECT_EQ(writeTextField("ABCD", 2), "AB");
+  EXPECT_EQ(readTextField("  ABCD"), "ABCD");  // the rightmost four
+  EXPECT_EQ(readTextField("AB  "), "AB");
+  EXPECT_EQ(readTextField(" B  "), " B");
+}
