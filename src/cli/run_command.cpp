@@ -13,7 +13,7 @@
 #include "cli/commands.h"
 #include "cli/session.h"
 #include "compiler/cad_players.h"
-#include "hosts/model_catalog.h"
+#include "hosts/embedded/embedded_engine.h"
 #include "shell/codepage.h"
 #include "shell/fs.h"
 #include "shell/run_command.h"
@@ -74,21 +74,33 @@ FolderState folderState(const std::string& folder) {
   return s;
 }
 
-std::vector<hosts::ModelSummary> models(hosts::MxEngine* engine) {
-  auto* catalog = dynamic_cast<hosts::MxModelCatalog*>(engine);
-  return catalog ? catalog->modelSummaries() : std::vector<hosts::ModelSummary>{};
+using hosts::embedded::ModelSummary;
+
+// The embedded engine's models; other engines cannot list theirs.
+std::vector<ModelSummary> models(hosts::MxEngine* engine) {
+  std::vector<ModelSummary> out;
+  std::string error;
+  if (auto* embedded = dynamic_cast<hosts::embedded::EmbeddedEngine*>(engine))
+    embedded->models(out, error);
+  return out;
+}
+
+bool sameModel(const ModelSummary& a, const ModelSummary& b) {
+  return a.name == b.name && a.strings == b.strings && a.points == b.points;
 }
 
 void printSummary(const RunContext& ctx, const FolderState& before,
-                  const std::vector<hosts::ModelSummary>& modelsBefore) {
+                  const std::vector<ModelSummary>& modelsBefore) {
   std::string changed;
   for (const auto& m : models(ctx.engine)) {
     bool same = false;
-    for (const auto& b : modelsBefore) same = same || b == m;
+    for (const auto& b : modelsBefore) same = same || sameModel(b, m);
     if (same) continue;
     if (!changed.empty()) changed += ", ";
-    changed += "\"" + m.name + "\" (" + std::to_string(m.strings) + " strings, " +
-               std::to_string(m.points) + " points)";
+    changed += "\"" + m.name + "\" (" +
+               ctx.messages.format("Cli", "model_counts", std::to_string(m.strings),
+                                   std::to_string(m.points)) +
+               ")";
   }
   std::string files;
   for (const auto& [name, state] : folderState(ctx.projectFolder)) {

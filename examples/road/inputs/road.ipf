@@ -1,5 +1,7 @@
 ## Korvane example: a short road with its master alignment and a ground string
-## Run a section with:  korvane compile inputs/road.ipf [main] --project examples/road
+## The survey model GROUND is loaded from survey/ground.genio first:
+##   korvane models import survey/ground.genio GROUND
+##   korvane run "inputs/road.ipf [main]" "inputs/road.ipf [trim]"
 [main]
 #g_road="M1"
 #model="DESIGN "&g_road
@@ -28,5 +30,12 @@ end
 00000000.00000000000.00000000000.000
 999
    |count| ground points, highest at |top_label| (|top|)
+[trim]
+## Cut the right-hand ground string back to the end of the design
+if exist(GROUND,GR03) then keep=4 else keep=0
+   Road |g_road|: GR03 of GROUND keeps its first |keep| points
+edit,GROUND
+005,3=GR03,6=|keep|
+999
 [_scratch]
 crea,never compiled on its own
