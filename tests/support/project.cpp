@@ -56,7 +56,9 @@ std::string RecordingEngine::setting(std::string_view name) {
 
 hosts::MxRunResult RecordingEngine::run(std::string_view, const std::string& fullName) {
   runs.push_back(fs::readFile(fullName).value_or("<unreadable>"));
+  // MX that stops early leaves the sentinel model; one that reaches the end deletes it.
   if (leaveSentinel) models.insert(std::string(kSentinelModel));
+  else models.erase(std::string(kSentinelModel));
   return {failWith, {}};
 }
 

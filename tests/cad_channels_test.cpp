@@ -1,0 +1,176 @@
+// The AutoCAD and MicroStation channels against fake automation objects that
+// record what they are sent, and the choice of the AutoCAD instance.
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "compiler/cad_players.h"
+#include "shell/autocad_lookup.h"
+#include "support/project.h"
+
+using namespace korvane;
+using hosts::AutoValue;
+
+namespace {
+
+// An automation object that logs every call and answers from scripted values.
+struct FakeObject : hosts::AutomationObject {
+  std::vector<std::string>& log;
+  std::string name;
+  std::map<std::string, AutoValue> props;
+  std::function<AutoValue(const std::string&, const std::vector<AutoValue>&)> onCall;
+  FakeObject(std::vector<std::string>& l, std::string n) : log(l), name(std::move(n)) {}
+
+  AutoValue call(const std::string& m, const std::vector<AutoValue>& args) override {
+    std::string entry = name + "." + m + "(";
+    for (std::size_t i = 0; i < args.size(); ++i) entry += (i ? "," : "") + args[i].text();
+    log.push_back(entry + ")");
+    return onCall ? onCall(m, args) : AutoValue();
+  }
+  AutoValue get(const std::string& p) override { return props[p]; }
+  void set(const std::string& p, const AutoValue& v) override {
+    log.push_back(name + "." + p + "=" + v.text());
+    props[p] = v;
+  }
+};
+
+struct FakeSystem : hosts::AutomationSystem {
+  std::map<std::string, std::vector<std::string>> processes;
+  std::map<std::string, std::string> versions;
+  std::map<std::string, hosts::AutoObject> running;
+  std::map<std::string, std::vector<std::string>> registry;
+  std::vector<std::string> attached;
+
+  std::vector<std::string> processCommandLines(const std::string& exe) override {
+    return processes[exe];
+  }
+  hosts::AutoObject runningObject(const std::string& progId) override {
+    attached.push_back(progId);
+    auto it = running.find(progId);
+    if (it == running.end()) throw hosts::AutomationError(progId);
+    return it->second;
+  }
+  std::string fileVersion(const std::string& path) override { return versions[path]; }
+  std::vector<std::string> registrySubkeys(const std::string& key) override { return registry[key]; }
+};
+
+struct AutoCad {
+  std::vector<std::string> log;
+  std::shared_ptr<FakeObject> app = std::make_shared<FakeObject>(log, "acad");
+  std::shared_ptr<FakeObject> docs = std::make_shared<FakeObject>(log, "docs");
+  std::shared_ptr<FakeObject> doc = std::make_shared<FakeObject>(log, "doc");
+  int busyPolls = 3;
+  AutoCad() {
+    docs->props["Count"] = 0;
+    app->props["Documents"] = hosts::AutoObject(docs);
+    app->props["ActiveDocument"] = hosts::AutoObject(doc);
+    doc->onCall = [](const std::string& m, const std::vector<AutoValue>&) {
+      return m == "GetVariable" ? AutoValue(1) : AutoValue();
+    };
+    app->onCall = [this](const std::string& m, const std::vector<AutoValue>&) -> AutoValue {
+      if (m != "GetAcadState") return {};
+      auto state = std::make_shared<FakeObject>(log, "state");
+      state->props["IsQuiescent"] = --busyPolls <= 0;
+      return hosts::AutoObject(state);
+    };
+  }
+};
+
+TEST(AutoCadChannel, PlaysTheScriptWithFiledialogOffAndWaitsForQuiescence) {
+  AutoCad acad;
+  playAutoCadScript(*acad.app, "/p/tmpinput.scr");
+  EXPECT_EQ(acad.log, (std::vector<std::string>{
+                          "docs.Add(acad)", "acad.Visible=True", "doc.GetVariable(FILEDIA)",
+                          "doc.SetVariable(FILEDIA,0)", "doc.SendCommand(_script\r/p/tmpinput.scr\r)",
+                          "acad.GetAcadState()", "acad.GetAcadState()", "acad.GetAcadState()",
+                          "doc.SetVariable(FILEDIA,1)"}));
+}
+
+TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
+  test::TempProject project;
+  test::Compiler c{project};
+  FakeSystem sys;
+  AutoCad acad;
+  sys.processes["acad.exe"] = {"\"C:\\A17\\acad.exe\" /nologo", "\"C:\\A18\\ACAD.EXE\""};
+  sys.versions = {{"C:\\A17\\acad.exe", "17.1"}, {"C:\\A18\\ACAD.EXE", "18.0"}};
+  sys.running["AutoCAD.Application.18.0"] = acad.app;
+  sys.running["AutoCAD.Application.17.1"] = acad.app;
+
+  EXPECT_TRUE(lookUpAutoCad(c.ctx, sys));  // undefined: LATEST
+  c.ctx.vars.set("g_acadver", "OLDEST");
+  EXPECT_TRUE(lookUpAutoCad(c.ctx, sys));
+  EXPECT_EQ(sys.attached, (std::vector<std::string>{"AutoCAD.Application.18.0",
+                                                    "AutoCAD.Application.17.1"}));
+  c.ctx.vars.set("g_acadver", "2007");  // 17.0: not running
+  EXPECT_FALSE(lookUpAutoCad(c.ctx, sys));
+  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", "2007 "));
+
+  sys.processes["acad.exe"].pop_back();  // one process: always the plain name
+  sys.running["AutoCAD.Application"] = acad.app;
+  c.ctx.stop.clear();
+  c.ctx.vars.set("g_acadver", "LATEST");
+  EXPECT_TRUE(lookUpAutoCad(c.ctx, sys));
+  EXPECT_EQ(sys.attached.back(), "AutoCAD.Application");
+
+  sys.processes.clear();
+  EXPECT_FALSE(lookUpAutoCad(c.ctx, sys));
+  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", ""));
+}
+
+TEST(AutoCadLookup, LauncherReleaseComesFromTheRegistry) {
+  FakeSystem sys;
+  EXPECT_EQ(launcherRelease(sys), "1");  // no launcher
+  sys.processes["miarun.exe"] = {"miarun.exe /VERSION=ACAD-5001:409 /x"};
+  sys.registry["SOFTWARE\\Autodesk\\AutoCAD"] = {"R16.2", "R17.0"};
+  sys.registry["SOFTWARE\\Autodesk\\AutoCAD\\R17.0"] = {"ACAD-5001:409"};
+  EXPECT_EQ(launcherRelease(sys), "17.0");
+  sys.processes["miarun.exe"] = {"miarun.exe /version=ACAD-9:1"};
+  EXPECT_EQ(launcherRelease(sys), "");
+}
+
+struct ChannelRun : ::testing::Test {
+  test::TempProject project;
+  test::Compiler c{project};
+  FakeSystem sys;
+  AutoCad acad;
+};
+
+TEST_F(ChannelRun, ScriptBlocksArePlayedThroughTheChosenAutoCad) {
+  sys.processes["acad.exe"] = {"\"C:\\A\\acad.exe\""};
+  sys.versions["C:\\A\\acad.exe"] = "18.0";
+  sys.running["AutoCAD.Application"] = acad.app;
+  c.ctx.players = makeCadPlayers(sys);
+  project.write("a.ipf", "crea,a\r\nscript\r\n_circle 0,0 5\r\nendscript\r\ncrea,b\r\n");
+  ASSERT_TRUE(c.compile("a.ipf")) << c.ctx.stop.message;
+  EXPECT_NE(std::find(acad.log.begin(), acad.log.end(),
+                      "doc.SendCommand(_script\r" + project.path("tmpinput.scr") + "\r)"),
+            acad.log.end());
+  EXPECT_EQ(project.read("tmpinput.scr"), "");  // begun afresh after playing
+}
+
+TEST_F(ChannelRun, KeyinsGoToMicroStationAndItsAbsenceIsAFailure) {
+  std::vector<std::string> log;
+  auto ustation = std::make_shared<FakeObject>(log, "ustn");
+  auto queue = std::make_shared<FakeObject>(log, "queue");
+  ustation->props["CadInputQueue"] = hosts::AutoObject(queue);
+  c.ctx.players = makeCadPlayers(sys);
+  project.write("a.ipf", "key-in\r\nplace line\r\nendkey-in\r\n");
+  EXPECT_FALSE(c.compile("a.ipf"));
+  EXPECT_EQ(c.ctx.failure->description, c.ctx.text("Runtime", "mstation"));
+  sys.running["MicroStationDGN.Application"] = ustation;
+  ASSERT_TRUE(c.compile("a.ipf"));
+  EXPECT_EQ(log, (std::vector<std::string>{"queue.SendCommand(@" + project.path("tmpinput.key") + ")"}));
+}
+
+TEST_F(ChannelRun, KeepScriptsKeepsNumberedCopiesAndGoesOnWithoutCad) {
+  c.ctx.players = makeCadPlayers(sys, CadOptions{true});
+  project.write("a.ipf", "script\r\n_line\r\nendscript\r\nkey-in\r\nk1\r\nendkey-in\r\n"
+                         "script\r\n_arc\r\nendscript\r\ncrea,done\r\n");
+  ASSERT_TRUE(c.compile("a.ipf")) << c.ctx.stop.message;
+  EXPECT_EQ(project.read("script001.scr"), "_line\r\n");
+  EXPECT_EQ(project.read("keyin002.key"), "k1\r\n");
+  EXPECT_EQ(project.read("script003.scr"), "_arc\r\n");
+  EXPECT_EQ(c.lines.back(), "crea,done");
+}
+
+}  // namespace
