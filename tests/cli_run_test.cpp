@@ -1,0 +1,75 @@
+// `korvane run` end to end on the example project, with the embedded engine.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+#include "support/project.h"
+
+using namespace korvane;
+
+namespace {
+
+struct CliRun : ::testing::Test {
+  test::TempProject project;
+  std::string bin = std::string(KORVANE_BIN_DIR) + "/korvane";
+
+  void SetUp() override {
+    std::filesystem::copy(test::sourceDir() + "/examples/road", project.folder(),
+                          std::filesystem::copy_options::recursive);
+  }
+  int run(const std::string& args) {
+    std::string cmd = "cd '" + project.folder() + "' && KORVANE_HOME='" + test::sourceDir() +
+                      "/data' '" + bin + "' " + args + " >out.txt 2>err.txt </dev/null";
+    int rc = std::system(cmd.c_str());
+    return WIFEXITED(rc) ? WEXITSTATUS(rc) : -1;
+  }
+  std::string out() { return project.read("out.txt"); }
+};
+
+TEST_F(CliRun, TheExampleProjectRunsThroughTheEmbeddedEngine) {
+  ASSERT_EQ(run("models import survey/ground.genio GROUND"), 0) << project.read("err.txt");
+  ASSERT_EQ(run("run 'inputs/road.ipf [main]' inputs/road.ipf [trim] --save-one"), 0)
+      << project.read("err.txt");
+  EXPECT_NE(out().find("[1/2]"), std::string::npos) << out();
+  EXPECT_NE(out().find("[2/2]"), std::string::npos) << out();
+  EXPECT_NE(out().find("complete.inp"), std::string::npos) << out();
+
+  ASSERT_EQ(run("models list"), 0);
+  EXPECT_NE(out().find("DESIGN M1\t2\t12"), std::string::npos) << out();
+  EXPECT_NE(out().find("GROUND\t3\t16"), std::string::npos) << out();  // GR03 cut to 4 points
+  std::string combined = project.read("complete.inp");
+  EXPECT_NE(combined.find("005,3=GR03,6=4\r\n"), std::string::npos);
+  EXPECT_EQ(combined.find("it is just a flag model"), std::string::npos);
+}
+
+TEST_F(CliRun, AnEngineErrorStopsWithTheEnginesMessageAndTheNextRunStartsCleanly) {
+  project.write("bad.ipf", "crea,A\nnonsense,record\ncrea,B\n");
+  project.write("good.ipf", "crea,C\n");
+  EXPECT_EQ(run("run bad.ipf good.ipf --save-sep"), 1);
+  std::string err = project.read("err.txt");
+  EXPECT_NE(err.find("nonsense,record"), std::string::npos) << err;
+  EXPECT_EQ(out().find("[2/2]"), std::string::npos);  // the second entry never ran
+  EXPECT_EQ(project.read("compiled_bad.inp"), "crea,A\r\nnonsense,record\r\ncrea,B\r\n");
+  EXPECT_EQ(run("run good.ipf"), 0) << project.read("err.txt");
+  ASSERT_EQ(run("models list"), 0);
+  EXPECT_NE(out().find("C\t0\t0"), std::string::npos) << out();
+  EXPECT_EQ(out().find("it is just a flag model"), std::string::npos) << out();
+}
+
+TEST_F(CliRun, BatchModeRunsTheWordsAsOneEntry) {
+  project.write("a b.ipf", "[main]\ncrea,BATCH\n");
+  EXPECT_EQ(run("a b.ipf [main]"), 0) << project.read("err.txt");
+  ASSERT_EQ(run("models list"), 0);
+  EXPECT_NE(out().find("BATCH"), std::string::npos) << out();
+}
+
+TEST_F(CliRun, ScriptsWithoutAutoCadStopUnlessTheyAreKept) {
+  project.write("s.ipf", "crea,S\nscript\n_line 0,0 1,1\n\nendscript\n");
+  EXPECT_EQ(run("run s.ipf"), 1);
+  EXPECT_EQ(run("run s.ipf --keep-scripts"), 0) << project.read("err.txt");
+  EXPECT_EQ(project.read("script001.scr"), "_line 0,0 1,1\r\n\r\n");
+}
+
+}  // namespace
