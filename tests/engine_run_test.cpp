@@ -54,6 +54,7 @@ TEST_F(EngineTest, RunListingNamesEveryRecordWithItsLine) {
       "");
   std::string l = listing();
   EXPECT_NE(l.find("     1  crea,M"), std::string::npos);
+  EXPECT_NE(l.find("     2     comment"), std::string::npos);
   EXPECT_NE(l.find("     3  geni,M"), std::string::npos);
   EXPECT_NE(l.find("     5  080,AB"), std::string::npos);
   EXPECT_NE(l.find("string AB: 3 points"), std::string::npos);

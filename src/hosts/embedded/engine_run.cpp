@@ -149,8 +149,10 @@ void EngineRun::line(int lineNo, const std::string& text) {
     pointLine(lineNo, text, handled);
     if (handled) return;
   }
-  if (classifyLine(text) != LineKind::Record) return;
-  listing_.record(lineNo, text);
+  LineKind kind = classifyLine(text);
+  if (kind == LineKind::Blank) return;
+  listing_.record(lineNo, text);  // comments too: a compiler may leave messages in them
+  if (kind == LineKind::Comment) return;
   switch (block_) {
     case Block::None:
       topLevel(text);
