@@ -308,3 +308,33 @@ TEST_F(EngineTest, GenioOutputWithoutOverGoesToListing) {
   ASSERT_EQ(run("over,out.txt,genio\ngeni,M\n081,C001\n999\n"), "");
   EXPECT_EQ(read("out.txt").find('x'), std::string::npos);
 }
+
+TEST_F(EngineTest, GenioOutputRelabelledByColumnsLoadsIntoAnotherModel) {
+  // What relabelling does with 081 output: drop the banner, rewrite columns 5-8
+  // (and 10-13) of each 080 record, and feed the rest to GENIO for the target.
+  ASSERT_EQ(
+      run("geni,SRC\n001FORMAT(3F12.3)\n080,G123,M123\n" +
+          std::string("     100.000     200.000      10.000\n     110.000     205.000      11.000\n"
+                      "       0.000       0.000      11.000\n999\n")),
+      "");
+  ASSERT_EQ(run("over," + path("tmplabelmove.txt") +
+                ",genio\ngeni,SRC\n019,G123,4=1\n019,4=-1\n081\n999\nover,,genio\n"),
+            "");
+  std::vector<std::string> lines = readLines("tmplabelmove.txt");
+  std::string input = "geni,TARGET\n";
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    std::string l = lines[i];
+    if (l.rfind("080,", 0) == 0) {
+      l.replace(4, 4, "1G23");
+      l.replace(9, 4, "1M23");
+    }
+    if (l.rfind("   ", 0) == 0 || l.rfind("GENIO", 0) == 0) continue;
+    input += l + "\n";
+  }
+  ASSERT_EQ(run(input), "");
+  ModelString moved = load("TARGET", "1G23");
+  EXPECT_EQ(moved.header.subref, "1M23");
+  ModelString original = load("SRC", "G123");
+  ASSERT_EQ(moved.points.size(), 2u);
+  EXPECT_EQ(moved.points[1].dims, original.points[1].dims);
+}

@@ -25,6 +25,16 @@ struct RecordError {
 
 [[noreturn]] void refuse(std::string reason) { throw RecordError{std::move(reason)}; }
 
+// Runs one step of the run; a failure of the store stops the run like a bad record.
+template <class Step>
+void storeStep(Step&& step) {
+  try {
+    step();
+  } catch (const SqliteError& e) {
+    refuse(std::string("model store failure: ") + e.what());
+  }
+}
+
 // A record that ends a point list early: "999", "NNN," or "001FORMAT".
 bool looksLikeRecord(std::string_view line) {
   if (trimmed(line) == "999") return true;
@@ -93,25 +103,16 @@ RunOutcome EngineRun::execute() {
   listing_.text("");
   int& lineNo = lineNo_;
   try {
-    if (request_.importModel) {
-      try {
-        openGenio(*request_.importModel);  // the input is the body of a GENIO block
-      } catch (const SqliteError& e) {
-        refuse(std::string("model store failure: ") + e.what());
-      }
-    }
+    // The input of an import is the body of a GENIO block.
+    if (request_.importModel) storeStep([&] { openGenio(*request_.importModel); });
     for (const std::string& text : request_.lines) {
       ++lineNo;
-      line(lineNo, text);
+      storeStep([&] { line(lineNo, text); });
       if (finished_) break;
     }
     if (!finished_) {
       lineNo = static_cast<int>(request_.lines.size()) + 1;
-      try {
-        atEnd();
-      } catch (const SqliteError& e) {
-        refuse(std::string("model store failure: ") + e.what());
-      }
+      storeStep([&] { atEnd(); });
     }
   } catch (const RecordError& e) {
     outcome_.errorLine = lineNo;
@@ -143,27 +144,25 @@ void EngineRun::line(int lineNo, const std::string& text) {
     listing_.record(lineNo, "(record not shown: not text)");
     refuse(fault);
   }
-  try {
-    if (reader_) {
-      bool handled = false;
-      pointLine(lineNo, text, handled);
-      if (handled) return;
-    }
-    if (classifyLine(text) != LineKind::Record) return;
-    listing_.record(lineNo, text);
-    switch (block_) {
-      case Block::None:
-        topLevel(text);
-        break;
-      case Block::Genio:
-        genioRecord(text);
-        break;
-      case Block::Edit:
-        editRecord(text);
-        break;
-    }
-  } catch (const SqliteError& e) {
-    refuse(std::string("model store failure: ") + e.what());
+  if (reader_) {
+    bool handled = false;
+    pointLine(lineNo, text, handled);
+    if (handled) return;
+  }
+  LineKind kind = classifyLine(text);
+  if (kind == LineKind::Blank) return;
+  listing_.record(lineNo, text);  // comments too: a compiler may leave messages in them
+  if (kind == LineKind::Comment) return;
+  switch (block_) {
+    case Block::None:
+      topLevel(text);
+      break;
+    case Block::Genio:
+      genioRecord(text);
+      break;
+    case Block::Edit:
+      editRecord(text);
+      break;
   }
 }
 
@@ -246,7 +245,6 @@ void EngineRun::topLevel(const std::string& record) {
   if (request_.importModel && m->major != Major::Genio && m->major != Major::Finish &&
       m->major != Major::Moss)
     refuse("an import reads GENIO records only; " + m->word + " is not one");
-  blockWord_ = cp::upper(m->word);
   switch (m->major) {
     case Major::Moss:
       listing_.note("error indicators reset");
@@ -455,7 +453,7 @@ void EngineRun::writeStrings(const Fields& f) {
       if (masks_.selects(row.header.label)) write(row);
   }
   w.end();
-  listing_.note(std::to_string(written) + " strings written" +
+  listing_.note(std::to_string(written) + (written == 1 ? " string" : " strings") + " written" +
                 (over_.is_open() ? " to " + overPath_ : std::string()));
 }
 

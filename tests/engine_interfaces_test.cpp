@@ -1,0 +1,199 @@
+// What the MX services answer: point records, counts, labels, parameters,
+// the model library, and the factory.
+#include <cmath>
+
+#include "engine_test_support.h"
+#include "hosts/embedded/label_rules.h"
+#include "hosts/engine_factory.h"
+
+using namespace korvane::hosts;
+using namespace korvane::hosts::embedded;
+using korvane::testing::EngineTest;
+
+namespace {
+
+// Model M: a 3D string broken after its second point, a 6D master string and a
+// 5D section string whose fifth dimension is a text.
+const char* const kModel =
+    "geni,M\n"
+    "001FORMAT(3F12.3)\n"
+    "080,S1,,,,,3,,,2\n"
+    "       0.000       1.000      10.000\n"
+    "       3.000       5.000    -999.000\n"
+    "      10.000       5.000      12.000\n"
+    "      10.000       9.000      13.000\n"
+    "       0.000       0.000       0.000\n"
+    "003,ORDR,4=1,1,2,3,4,5,6\n"
+    "080,MAST\n"
+    "     100.000     200.000      50.000\n"
+    "    1000.000       1.571     250.000\n"
+    "     100.000     300.000      51.000\n"
+    "    1100.000       1.571       0.000\n"
+    "       0.000       0.000       0.000\n"
+    "       0.000       0.000       0.000\n"
+    "001FORMAT(4F12.3,A4)\n"
+    "003,ORDR,4=1,1,2,3,4,5\n"
+    "080,X001,MAST\n"
+    "     100.000     250.000      50.500      -7.500S1\n"
+    "       0.000       0.000       0.000       0.000\n"
+    "999\n";
+
+}  // namespace
+
+TEST_F(EngineTest, InterfacesPointRecordHoldsDimensionsChainageAndString) {
+  ASSERT_EQ(run(kModel), "");
+  MxDataAccess& da = engine_->dataAccess();
+  PointRecord r;
+  ASSERT_EQ(da.point("M", "s1", 3, r), 0);
+  EXPECT_EQ(r.num[0], 10.0);
+  EXPECT_EQ(r.num[1], 5.0);
+  EXPECT_EQ(r.num[2], 12.0);
+  EXPECT_DOUBLE_EQ(r.num[4], 5.0);  // plan length 0..5, the gap after point 2 not counted
+  EXPECT_EQ(r.num[13], 3.0);        // point number
+  EXPECT_EQ(r.num[14], 0.0);
+  EXPECT_EQ(r.num[15], 4.0);  // point count
+  EXPECT_EQ(r.txt[12], "S1");
+  EXPECT_EQ(r.txt[14], "M");
+  ASSERT_EQ(da.point("M", "S1", 4, r), 0);
+  EXPECT_DOUBLE_EQ(r.num[4], 9.0);
+  ASSERT_EQ(da.point("M", "S1", 2, r), 0);
+  EXPECT_EQ(r.num[2], -999.0);  // a null level is kept as it is
+  EXPECT_EQ(r.num[14], 1.0);    // broken after point 2
+
+  ASSERT_EQ(da.point("M", "MAST", 2, r), 0);
+  EXPECT_EQ(r.num[3], 1100.0);  // dimension 4
+  EXPECT_EQ(r.num[4], 1100.0);  // master strings carry their chainage in dimension 4
+  EXPECT_EQ(r.num[12], 1.571);  // dimension 5 moved to number 13
+  EXPECT_EQ(r.num[5], 0.0);
+
+  ASSERT_EQ(da.point("M", "X001", 1, r), 0);
+  EXPECT_EQ(r.txt[4], "S1");  // a text dimension
+  EXPECT_EQ(r.num[3], -7.5);
+  EXPECT_EQ(r.txt[13], "MAST");
+  EXPECT_EQ(r.txt[15], "5");
+}
+
+TEST_F(EngineTest, InterfacesStatusWordsAndCounts) {
+  MxDataAccess& da = engine_->dataAccess();
+  std::int32_t count = 7;
+  PointRecord r;
+  EXPECT_EQ(da.stringInfo("M", "S1", count), kNoModel);  // no store yet
+  EXPECT_EQ(count, 0);
+  ASSERT_EQ(run(kModel), "");
+  EXPECT_EQ(da.stringInfo("M", "S1", count), kFound);
+  EXPECT_EQ(count, 4);
+  EXPECT_EQ(da.stringInfo("M", "NONE", count), kNoString);
+  EXPECT_EQ(da.stringInfo("NONE", "S1", count), kNoModel);
+  EXPECT_EQ(da.point("M", "S1", 0, r), kNoPoint);
+  EXPECT_EQ(da.point("M", "S1", 5, r), kNoPoint);
+  EXPECT_TRUE(engine_->stringExists("m", "mast"));
+  EXPECT_FALSE(engine_->stringExists("M", "MAS"));
+  EXPECT_FALSE(engine_->modelExists("N"));
+}
+
+TEST_F(EngineTest, InterfacesRecordCountsPointsThroughTheCurrentModel) {
+  PointRecord r;
+  EXPECT_EQ(engine_->record(1, r), kNoModel);  // no model named yet
+  ASSERT_EQ(run(kModel + std::string("crea,OTHER\ndele,OTHER\n")), "");
+  ASSERT_EQ(engine_->record(5, r), kFound);  // S1 has 4 points: record 5 is MAST point 1
+  EXPECT_EQ(r.txt[12], "MAST");
+  EXPECT_EQ(r.num[13], 1.0);
+  ASSERT_EQ(engine_->record(7, r), kFound);
+  EXPECT_EQ(r.txt[12], "X001");
+  EXPECT_EQ(engine_->record(8, r), kNoPoint);
+  EXPECT_EQ(engine_->record(0, r), kNoPoint);
+}
+
+TEST_F(EngineTest, InterfacesLabelsCountAndNext) {
+  std::string text = "geni,M\n001FORMAT(2F8.1)\n";
+  for (const char* l : {"AB00", "AB05", "ab0z", "AC00", "B"})
+    text += std::string("080,") + l + ",,,,,2\n     1.0     1.0\n     0.0     0.0\n";
+  ASSERT_EQ(run(text + "999\n"), "");
+  MxDataAccess& da = engine_->dataAccess();
+  std::int32_t count = 0;
+  ASSERT_EQ(da.labelCount("M", "ab", count), kFound);
+  EXPECT_EQ(count, 3);
+  ASSERT_EQ(da.labelCount("M", "AB05", count), kFound);
+  EXPECT_EQ(count, 1);
+  EXPECT_EQ(da.labelCount("N", "A", count), kNoModel);
+
+  std::string label;
+  ASSERT_EQ(da.nextLabel("M", "ab", label), kFound);
+  EXPECT_EQ(label, "AB10");  // after AB0Z
+  ASSERT_EQ(da.nextLabel("M", "Q", label), kFound);
+  EXPECT_EQ(label, "Q000");
+  EXPECT_EQ(da.nextLabel("M", "", label), kBadArgument);
+  EXPECT_EQ(da.nextLabel("M", "ABCD", label), kBadArgument);
+  EXPECT_EQ(da.nextLabel("N", "A", label), kNoModel);
+
+  // When the highest label is the last one, the lowest free one is given.
+  EXPECT_EQ(nextLabel({"ABZZ", "AB00", "AB01"}, "AB"), "AB02");
+  std::vector<std::string> full;
+  for (char a : std::string("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"))
+    full.push_back(std::string("XY0") + a);
+  EXPECT_EQ(nextLabel(full, "XY0"), std::nullopt);
+}
+
+TEST_F(EngineTest, InterfacesParametersSettingsAndProject) {
+  ASSERT_EQ(run(kModel), "");
+  MxDataAccess& da = engine_->dataAccess();
+  std::string value;
+  EXPECT_EQ(da.parameter(" ProjectFolder ", 1, value), 1);
+  EXPECT_EQ(value, folder_.string());
+  EXPECT_EQ(da.parameter("CurrentModel", 1, value), 1);
+  EXPECT_EQ(value, "M");
+  EXPECT_EQ(da.parameter("privatemacros", 2, value), 1);
+  EXPECT_EQ(value, "/macros/private");
+  EXPECT_EQ(da.parameter("privatemacros", 1, value), 0);
+  EXPECT_EQ(da.parameter("NoSuchThing", 3, value), 0);
+  EXPECT_EQ(value, "");
+  EXPECT_EQ(engine_->configuration().setting("PublicMacros"), "/macros/public");
+  EXPECT_EQ(engine_->configuration().setting("ProjectMacros"), "");
+  EXPECT_EQ(engine_->project().currentFolder(), folder_.string());
+}
+
+TEST_F(EngineTest, InterfacesModelLibrary) {
+  ASSERT_EQ(run(kModel), "");
+  EXPECT_EQ(engine_->library().model("NONE"), nullptr);
+  auto model = engine_->library().model("m");
+  ASSERT_TRUE(model);
+  EXPECT_EQ(model->stringLabels(), (std::vector<std::string>{"S1", "MAST", "X001"}));
+  EXPECT_EQ(model->string("QQ"), nullptr);
+  auto s = model->string("s1");
+  ASSERT_TRUE(s);
+  EXPECT_EQ(s->name(), "S1");
+  auto pts = s->points();
+  ASSERT_EQ(pts.size(), 4u);
+  EXPECT_EQ(pts[1].X, 3.0);
+  EXPECT_EQ(pts[1].z, -999.0);
+  EXPECT_EQ(pts[1].Discontinuity, 1);
+  EXPECT_EQ(pts[0].Discontinuity, 0);
+  EXPECT_EQ(s->GetPointData(), (std::vector<double>{0, 1, 10, 3, 5, -999, 10, 5, 12, 10, 9, 13}));
+  // Objects read the store when asked: a later run shows through.
+  ASSERT_EQ(run("edit,M\n005,3=S1,6=2\n999\n"), "");
+  EXPECT_EQ(s->GetPointData().size(), 6u);
+  EXPECT_EQ(s->points()[1].Discontinuity, 0);
+  ASSERT_EQ(run("dele,M\n"), "");
+  EXPECT_TRUE(s->points().empty());
+  EXPECT_TRUE(model->stringLabels().empty());
+}
+
+TEST_F(EngineTest, InterfacesFactoryAndRunVerb) {
+  EngineOptions o;
+  o.projectFolder = folder_.string();
+  std::string error;
+  auto engine = korvane::hosts::makeEngine(EngineKind::Embedded, o, error);
+  ASSERT_TRUE(engine) << error;
+  EXPECT_EQ(engine->project().currentFolder(), folder_.string());
+  o.projectFolder = (folder_ / "missing").string();
+  EXPECT_FALSE(korvane::hosts::makeEngine(EngineKind::Embedded, o, error));
+  EXPECT_NE(error.find("does not exist"), std::string::npos);
+
+  write("in.txt", "crea,A\n");
+  EXPECT_NE(engine_->configuration().run("draw", path("in.txt")).error, "");
+  MxRunResult r = engine_->configuration().run("INPUT", path("nothing.txt"));
+  EXPECT_NE(r.error.find("cannot read the input file"), std::string::npos);
+  r = engine_->configuration().run("input", path("in.txt"));
+  EXPECT_TRUE(r.ok());
+  EXPECT_EQ(r.listing, path("korvane-engine.lst"));
+}
