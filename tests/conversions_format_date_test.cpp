@@ -4,21 +4,12 @@
 #include <string>
 
 #include "shell/conversions.h"
+#include "support/format_cases.h"
 
 using namespace korvane::conv;
 
 namespace {
-struct FormatCase {
-  const char* value;
-  const char* pattern;
-  const char* expected;
-};
-
-void check(const FormatCase* begin, const FormatCase* end) {
-  for (const FormatCase* c = begin; c != end; ++c)
-    EXPECT_EQ(Format(c->value, c->pattern), c->expected)
-        << "Format(\"" << c->value << "\", \"" << c->pattern << "\")";
-}
+using korvane::test::FormatCase;
 
 constexpr const char* kDec58 = "1958-12-07 20:50:35";
 constexpr const char* kMar24 = "2024-03-05 14:07:09";
@@ -67,7 +58,7 @@ TEST(ConvFormatDate, VerifiedPatterns) {
       {"0", "General Date", "12:00:00 AM"},
       {"3.34", "General Date", "1/2/1900 8:09:36 AM"},
   };
-  check(std::begin(cases), std::end(cases));
+  korvane::test::checkFormat(cases);
 }
 
 TEST(ConvFormatDate, EngineersPatterns) {
@@ -110,7 +101,7 @@ TEST(ConvFormatDate, EngineersPatterns) {
       {"2958465.999999999", "yyyy-mm-dd hh:nn:ss", "9999-12-31 23:59:59"},
       {"2024-02-30", "yyyy", "2024-02-30"},  // no such day: not a date
   };
-  check(std::begin(cases), std::end(cases));
+  korvane::test::checkFormat(cases);
 }
 
 TEST(ConvFormatText, StringPatterns) {
@@ -130,7 +121,7 @@ TEST(ConvFormatText, StringPatterns) {
       {"abc", "\"ref \"", "ref abc"},  // literals only: the text follows them
       {"abc", "xyz", "abc"},           // "y" makes it a date pattern; "abc" is no date
   };
-  check(std::begin(cases), std::end(cases));
+  korvane::test::checkFormat(cases);
 }
 
 TEST(ConvDates, ParseDateForms) {

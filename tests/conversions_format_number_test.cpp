@@ -3,21 +3,12 @@
 #include <string>
 
 #include "shell/conversions.h"
+#include "support/format_cases.h"
 
 using namespace korvane::conv;
 
 namespace {
-struct FormatCase {
-  const char* value;
-  const char* pattern;
-  const char* expected;
-};
-
-void check(const FormatCase* begin, const FormatCase* end) {
-  for (const FormatCase* c = begin; c != end; ++c)
-    EXPECT_EQ(Format(c->value, c->pattern), c->expected)
-        << "Format(\"" << c->value << "\", \"" << c->pattern << "\")";
-}
+using korvane::test::FormatCase;
 }  // namespace
 
 // Results verified on Windows (en-US) and derived cases from the classic rules.
@@ -62,7 +53,7 @@ TEST(ConvFormatNumber, DigitPlaceholders) {
       {"17", ".00", "17.00"},
       {"1/3", "0.00", "1/3"},  // not a number: unchanged
   };
-  check(std::begin(cases), std::end(cases));
+  korvane::test::checkFormat(cases);
 }
 
 TEST(ConvFormatNumber, GroupingPercentAndRounding) {
@@ -102,7 +93,7 @@ TEST(ConvFormatNumber, GroupingPercentAndRounding) {
       {"1e20", "0", "100000000000000000000"},
       {"12", "%0", "%12"},  // "%" before any placeholder is only a literal
   };
-  check(std::begin(cases), std::end(cases));
+  korvane::test::checkFormat(cases);
 }
 
 TEST(ConvFormatNumber, ScientificForms) {
@@ -125,7 +116,7 @@ TEST(ConvFormatNumber, ScientificForms) {
       {"0", "0.00E+00", "0.00E+00"},
       {"1e300", "0E+0", "1E+300"},
   };
-  check(std::begin(cases), std::end(cases));
+  korvane::test::checkFormat(cases);
 }
 
 TEST(ConvFormatNumber, SectionsAndLiterals) {
@@ -153,7 +144,7 @@ TEST(ConvFormatNumber, SectionsAndLiterals) {
       {"5", "0\\", "5"},
       {"5", "\"unterminated", "unterminated"},
   };
-  check(std::begin(cases), std::end(cases));
+  korvane::test::checkFormat(cases);
 }
 
 TEST(ConvFormatNumber, NamedFormats) {
@@ -179,7 +170,7 @@ TEST(ConvFormatNumber, NamedFormats) {
       {"abc", "Fixed", "abc"},
       {"", "Yes/No", ""},
   };
-  check(std::begin(cases), std::end(cases));
+  korvane::test::checkFormat(cases);
 }
 
 TEST(ConvFormatNumber, EmptyPatternAndOddInputs) {
@@ -188,7 +179,7 @@ TEST(ConvFormatNumber, EmptyPatternAndOddInputs) {
       {"abc", "", "abc"},      {"", "", ""},          {"abc", "0.00", "abc"}, {"", "0.00", ""},
       {"1e999", "0", "1e999"}, {" 2 ", "0.0", "2.0"}, {"&H10", "000", "016"}, {"5", ";", ""},
   };
-  check(std::begin(cases), std::end(cases));
+  korvane::test::checkFormat(cases);
   try {
     Format("1", "0;0;0;0;0");
     ADD_FAILURE() << "five sections accepted";

@@ -32,6 +32,17 @@ TEST_F(Profile, ReadsLikeThePrivateProfileReader) {
   EXPECT_EQ(status, 0);
 }
 
+TEST_F(Profile, Utf16AndUtf8FilesAreReadInTheUsersCodePage) {
+  std::string utf16 = "\xFF\xFE";
+  for (char16_t u : std::u16string(u"[s]\r\nk=\u00E1\u0151\r\n")) {
+    utf16 += static_cast<char>(u & 0xFF);
+    utf16 += static_cast<char>(u >> 8);
+  }
+  EXPECT_EQ(ReadProfileString("s", "k", project.write("u16.ini", utf16)), "\xE1\xF5");  // "áő"
+  std::string f8 = project.write("u8.ini", "\xEF\xBB\xBF[s]\nk=\xC5\x91\n");
+  EXPECT_EQ(ReadProfileString("s", "k", f8), "\xF5");
+}
+
 TEST_F(Profile, ValuesAreCutAt127Characters) {
   std::string longFile = project.write("l.ini", "[s]\nk=" + std::string(200, 'x') + "\n");
   EXPECT_EQ(ReadProfileString("s", "k", longFile), std::string(127, 'x'));

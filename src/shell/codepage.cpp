@@ -154,6 +154,14 @@ std::string fromUtf8(std::string_view s) {
   return out;
 }
 
+std::string fromUtf16le(std::string_view bytes) {
+  std::string utf8;
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
+    appendUtf8(utf8, static_cast<unsigned char>(bytes[i]) |
+                         static_cast<char32_t>(static_cast<unsigned char>(bytes[i + 1])) << 8);
+  return fromUtf8(utf8);
+}
+
 bool looksLikeUtf8(std::string_view s) {
   bool nonAscii = false;
   for (std::size_t i = 0; i < s.size();) {

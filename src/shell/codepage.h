@@ -23,6 +23,8 @@ std::string toUtf8(std::string_view cp1250);
 // UTF-8 to Windows-1250; characters outside the code page become '?'.
 // Invalid UTF-8 sequences are taken byte by byte, as they stand.
 std::string fromUtf8(std::string_view utf8);
+// UTF-16LE bytes (without their byte-order mark) to Windows-1250.
+std::string fromUtf16le(std::string_view bytes);
 // True when the text is valid UTF-8 and holds at least one non-ASCII character.
 bool looksLikeUtf8(std::string_view s);
 

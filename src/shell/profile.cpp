@@ -31,23 +31,8 @@ struct RawLine {
 std::string decodeIni(std::string data) {
   if (data.size() >= 3 && data.compare(0, 3, "\xEF\xBB\xBF") == 0)
     return cp::fromUtf8(std::string_view(data).substr(3));
-  if (data.size() >= 2 && data[0] == '\xFF' && data[1] == '\xFE') {
-    std::string utf8;
-    for (std::size_t i = 2; i + 1 < data.size(); i += 2) {
-      unsigned u = static_cast<unsigned char>(data[i]) | static_cast<unsigned char>(data[i + 1]) << 8;
-      if (u < 0x80) {
-        utf8 += static_cast<char>(u);
-      } else if (u < 0x800) {
-        utf8 += static_cast<char>(0xC0 | (u >> 6));
-        utf8 += static_cast<char>(0x80 | (u & 0x3F));
-      } else {
-        utf8 += static_cast<char>(0xE0 | (u >> 12));
-        utf8 += static_cast<char>(0x80 | ((u >> 6) & 0x3F));
-        utf8 += static_cast<char>(0x80 | (u & 0x3F));
-      }
-    }
-    return cp::fromUtf8(utf8);
-  }
+  if (data.size() >= 2 && data[0] == '\xFF' && data[1] == '\xFE')
+    return cp::fromUtf16le(std::string_view(data).substr(2));
   return data;
 }
 
