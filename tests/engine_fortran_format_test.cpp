@@ -6,24 +6,24 @@ using namespace korvane::hosts::embedded;
 
 namespace {
 
-FortranFormat fmt(const std::string& spec) {
+FortranFormat fmt(const std::string& descriptors) {
   std::string error;
-  auto f = FortranFormat::parse(spec, error);
-  EXPECT_TRUE(f) << spec << ": " << error;
+  auto f = FortranFormat::parse(descriptors, error);
+  EXPECT_TRUE(f) << descriptors << ": " << error;
   return f ? *f : FortranFormat::mxDefault();
 }
 
-std::string parseError(const std::string& spec) {
+std::string parseError(const std::string& descriptors) {
   std::string error;
-  auto f = FortranFormat::parse(spec, error);
-  EXPECT_FALSE(f) << spec << " was accepted as " << f->text();
+  auto f = FortranFormat::parse(descriptors, error);
+  EXPECT_FALSE(f) << descriptors << " was accepted as " << f->text();
   return error;
 }
 
-RecordLayout layoutOf(const std::string& spec, int items) {
+RecordLayout layoutOf(const std::string& descriptors, int items) {
   RecordLayout l;
   std::string error;
-  EXPECT_TRUE(fmt(spec).layout(items, l, error)) << error;
+  EXPECT_TRUE(fmt(descriptors).layout(items, l, error)) << error;
   return l;
 }
 

@@ -16,7 +16,7 @@ struct RunEntry {
   std::string section;  // empty for the whole file
 };
 RunEntry parseRunEntry(const std::string& entry);
-// The file spec the compile pass takes for an entry.
+// What the compile pass takes for an entry: the file name and its section label.
 std::string entryFileSpec(const RunEntry& entry);
 
 // Starts an input file: keeps only the "g_" variables, resets the temporary

@@ -16,11 +16,11 @@ constexpr int kRowFields = 14;
 
 struct Insert {
   CompileCall& call;
-  std::string spec;
+  std::string target;
   std::string assign;
 
   void compile(CompileMode mode) const {
-    CompileFile(call.ctx, spec, call.folder, call.name, assign, mode);
+    CompileFile(call.ctx, target, call.folder, call.name, assign, mode);
   }
   bool stopped() const { return call.ctx.stop.set; }
 };
@@ -109,11 +109,11 @@ void insertDirective(CompileCall& call, const std::string& fileSpec) {
   RunContext& ctx = call.ctx;
   Insert in{call, fileSpec, {}};
   if (text::endsWith(fileSpec, ";")) {
-    in.spec = text::rtrim(fileSpec.substr(0, fileSpec.size() - 1));
+    in.target = text::rtrim(fileSpec.substr(0, fileSpec.size() - 1));
     ctx.vars.clear();
     in.assign = call.lastInsertAssign;  // carried over from the previous insert, deliberately
   } else if (text::endsWith(fileSpec, ".")) {
-    in.spec = text::rtrim(fileSpec.substr(0, fileSpec.size() - 1));
+    in.target = text::rtrim(fileSpec.substr(0, fileSpec.size() - 1));
     in.assign = ",";
   } else {
     in.assign = call.readKeywordText();

@@ -17,10 +17,10 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 class Parser {
  public:
-  Parser(std::string_view spec, std::string& error) : error_(error) {
-    for (char c : spec)
+  Parser(std::string_view descriptors, std::string& error) : error_(error) {
+    for (char c : descriptors)
       if (c != ' ') s_ += (c >= 'a' && c <= 'z') ? static_cast<char>(c - 32) : c;
-    original_ = std::string(spec);
+    original_ = std::string(descriptors);
   }
 
   bool parse(std::vector<FormatNode>& nodes) {
@@ -254,9 +254,9 @@ struct Walk {
 
 bool isNumericEdit(Edit e) { return e == Edit::F || e == Edit::E || e == Edit::D || e == Edit::I; }
 
-std::optional<FortranFormat> FortranFormat::parse(std::string_view spec, std::string& error) {
+std::optional<FortranFormat> FortranFormat::parse(std::string_view descriptors, std::string& error) {
   FortranFormat f;
-  Parser p(spec, error);
+  Parser p(descriptors, error);
   if (!p.parse(f.nodes_)) return std::nullopt;
   RecordLayout probe;
   if (!f.layout(1, probe, error)) return std::nullopt;

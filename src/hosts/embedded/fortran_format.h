@@ -44,7 +44,7 @@ bool isNumericEdit(Edit e);
 class FortranFormat {
  public:
   // Parses "(...)" in any case, blanks ignored. False with a reason on error.
-  static std::optional<FortranFormat> parse(std::string_view spec, std::string& error);
+  static std::optional<FortranFormat> parse(std::string_view descriptors, std::string& error);
   // MX's own format for GENIO output: (3D23.17).
   static FortranFormat mxDefault();
 

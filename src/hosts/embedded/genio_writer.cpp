@@ -20,13 +20,13 @@ DimValue item(const StringHeader& h, const ModelPoint& p, int d) {
 }  // namespace
 
 FortranFormat naturalFormat(const ModelString& s) {
-  std::string spec;
+  std::string descriptors;
   int numbers = 0, texts = 0;
   auto close = [&] {
-    if (!spec.empty()) spec += '/';
-    if (numbers > 0) spec += (numbers > 1 ? std::to_string(numbers) : "") + "D23.17";
+    if (!descriptors.empty()) descriptors += '/';
+    if (numbers > 0) descriptors += (numbers > 1 ? std::to_string(numbers) : "") + "D23.17";
     if (texts > 0)
-      spec += std::string(numbers > 0 ? "," : "") + (texts > 1 ? std::to_string(texts) : "") + "A4";
+      descriptors += std::string(numbers > 0 ? "," : "") + (texts > 1 ? std::to_string(texts) : "") + "A4";
     numbers = texts = 0;
   };
   for (int d = 1; d <= s.header.dimension; ++d) {
@@ -39,7 +39,7 @@ FortranFormat naturalFormat(const ModelString& s) {
   }
   close();
   std::string error;
-  auto f = FortranFormat::parse("(" + spec + ")", error);
+  auto f = FortranFormat::parse("(" + descriptors + ")", error);
   return f ? *f : FortranFormat::mxDefault();
 }
 
