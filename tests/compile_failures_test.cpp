@@ -2,6 +2,8 @@
 // what was compiled before stays written.
 #include <gtest/gtest.h>
 
+#include <atomic>
+
 #include "compiler/line_reader.h"
 #include "support/project.h"
 
@@ -78,6 +80,34 @@ TEST_F(Failures, BinaryFilesAndHugeLinesAreRefused) {
   EXPECT_EQ(failure("huge.ipf"),
             c.ctx.messages.format("Runtime", "linelen", std::to_string(LineReader::kMaxLine)));
   EXPECT_EQ(c.lines, (Lines{"crea,a"}));
+}
+
+TEST_F(Failures, InterruptionEndsTheRunAtTheNextLine) {
+  std::atomic<bool> interrupted{true};
+  c.ctx.interrupted = &interrupted;
+  project.write("a.ipf", "crea,a\r\n");
+  EXPECT_EQ(failure("a.ipf"), c.ctx.text("Runtime", "interrupted"));
+  EXPECT_TRUE(c.lines.empty());
+}
+
+TEST_F(Failures, APrintFileThatIsAFolderCannotBeWritten) {
+  project.write("out/keep.txt", "x");
+  project.write("a.ipf", "crea,a\r\nprint,out\r\nline\r\nendprint\r\n");
+  EXPECT_EQ(failure("a.ipf"), c.ctx.messages.format("Runtime", "write", project.path("out")));
+  EXPECT_EQ(c.ctx.failure->line, 2);
+  EXPECT_EQ(project.read("out/keep.txt"), "x");
+}
+
+TEST_F(Failures, AnEngineThatStopsEarlyIsReportedWithWhereTheCompileStood) {
+  c.engine.leaveSentinel = true;
+  c.engine.failWith = "line 2: refused";
+  project.write("a.ipf", "crea,a\r\nkill,x\r\ncrea,b\r\n");
+  EXPECT_FALSE(c.compile("a.ipf"));
+  EXPECT_NE(c.ctx.stop.message.find("line 2: refused"), std::string::npos);
+  EXPECT_NE(c.ctx.stop.message.find(c.ctx.messages.format("Runtime", "where", project.path("a.ipf"), "2")),
+            std::string::npos)
+      << c.ctx.stop.message;
+  EXPECT_EQ(c.lines, (Lines{"crea,a"}));  // the run stopped at the flush
 }
 
 TEST_F(Failures, MissingFilesStopWithTheirMessage) {

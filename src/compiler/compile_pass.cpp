@@ -14,10 +14,21 @@ namespace korvane {
 namespace {
 
 struct DepthGuard {
-  int& depth;
-  explicit DepthGuard(int& d) : depth(d) { ++depth; }
-  ~DepthGuard() { --depth; }
+  RunContext& ctx;
+  explicit DepthGuard(RunContext& c) : ctx(c) { ++ctx.depth; }
+  ~DepthGuard() {
+    --ctx.depth;
+    ctx.whereOwner = nullptr;  // the next line read names its file again
+  }
 };
+
+void noteWhere(RunContext& ctx, const CompileCall& call) {
+  if (ctx.whereOwner != &call) {
+    ctx.whereFile = call.reader.fullName();
+    ctx.whereOwner = &call;
+  }
+  ctx.whereLine = call.reader.lineNumber();
+}
 
 // Reads on until a line that begins with `prefix` (ignoring case).
 bool seekLine(CompileCall& call, const std::string& prefix) {
@@ -135,7 +146,7 @@ std::string CompileCall::readKeywordText() {
 void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string& baseFolder,
                  const std::string& currentFile, const std::string& assignText, CompileMode mode) {
   if (ctx.stop.set) return;
-  DepthGuard guard(ctx.depth);
+  DepthGuard guard(ctx);
 
   CompileCall call{ctx, {}, {}, {}, assignText, mode};
   std::string label;
@@ -175,6 +186,7 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
       if (ctx.interrupted && ctx.interrupted->load()) throw RuntimeFailure("interrupted");
       if (!call.readLine(line)) return;
       ctx.currentLine = call.rawLine = line;
+      noteWhere(ctx, call);
       if (!line.empty() && line[0] == '[') return;
       if (compileLine(call, line)) return;
     }

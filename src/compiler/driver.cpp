@@ -35,6 +35,7 @@ void beginInputFile(RunContext& ctx) {
   ctx.labelSeed = "S000";
   applyAssignments(ctx, carried);
 
+  ctx.whereFile.clear();
   ctx.output.setName(mxOutputName(ctx));
   if (ctx.engine && ctx.engine->configuration().modelExists(kSentinelModel)) {
     ctx.output.open(mxOutputName(ctx));

@@ -98,6 +98,8 @@ void runCompiledOutput(RunContext& ctx) {
     ctx.status(ctx.text("StatusBar1", "stat4"));
     std::string message = ctx.text("Messages", "s5");
     if (!result.ok()) message += "\n" + ctx.messages.format("Runtime", "engine", result.error);
+    if (!ctx.whereFile.empty())
+      message += "\n" + ctx.messages.format("Runtime", "where", ctx.whereFile, std::to_string(ctx.whereLine));
     ctx.stop.raise(message);
   }
 }

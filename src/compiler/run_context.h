@@ -105,6 +105,11 @@ struct RunContext {
   std::int32_t tempCounter = 0;
   std::string labelSeed = "S000";
   int depth = 0;  // nesting of the compile pass
+  // Where the compile stands: the file and line read last, for messages about
+  // MX runs that a flush started there.
+  std::string whereFile;
+  long whereLine = 0;
+  const void* whereOwner = nullptr;
   CompiledOutput output;
   SaveFiles save;
   int engineRuns = 0;  // MX runs of the current entry, for progress reports
