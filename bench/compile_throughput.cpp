@@ -58,13 +58,15 @@ void run(const Case& c, const stdfs::path& dir, const std::string& home) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string home = argc > 1 ? argv[1] : fs::fromNative(stdfs::path(argv[0]).parent_path() / ".." / "bin");
+  std::string home =
+      argc > 1 ? argv[1] : fs::fromNative(stdfs::path(argv[0]).parent_path() / ".." / "bin");
   stdfs::path dir = stdfs::temp_directory_path() / "korvane-bench-compile";
   stdfs::remove_all(dir);
   stdfs::create_directories(dir);
 
   const Case cases[] = {
-      {"plain/expr/repeat", "crea,plain line\r\n   a comment line\r\ncrea,m|count|\r\n|count*2+1|,|count&\"x\"|\r\n",
+      {"plain/expr/repeat",
+       "crea,plain line\r\n   a comment line\r\ncrea,m|count|\r\n|count*2+1|,|count&\"x\"|\r\n",
        250000, 4},
       {"function-heavy",
        "crea,|len(\"abcdef\")|,|mid(\"abcdef\",count-int(count/6)*6+1,2)|\r\n"

@@ -64,7 +64,8 @@ int main() {
               static_cast<double>(fs::file_size(genio)) / 1e6, importTime, 100000 / importTime);
 
   fs::path input = folder / "output.txt";
-  std::ofstream(input, std::ios::binary) << "over,out.txt,genio\ngeni,BENCH\n081\n999\nover,,genio\n";
+  std::ofstream(input, std::ios::binary)
+      << "over,out.txt,genio\ngeni,BENCH\n081\n999\nover,,genio\n";
   t = std::chrono::steady_clock::now();
   r = engine->configuration().run("input", input.string());
   double outputTime = seconds(t);

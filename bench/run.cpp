@@ -14,7 +14,8 @@ using namespace korvane;
 namespace stdfs = std::filesystem;
 
 int main(int argc, char** argv) {
-  std::string home = argc > 1 ? argv[1] : fs::fromNative(stdfs::path(argv[0]).parent_path() / ".." / "bin");
+  std::string home =
+      argc > 1 ? argv[1] : fs::fromNative(stdfs::path(argv[0]).parent_path() / ".." / "bin");
   const int repeats = argc > 2 ? std::atoi(argv[2]) : 1000;
   stdfs::path dir = stdfs::temp_directory_path() / "korvane-bench-run";
   stdfs::remove_all(dir);

@@ -51,7 +51,9 @@ struct FakeSystem : hosts::AutomationSystem {
     return it->second;
   }
   std::string fileVersion(const std::string& path) override { return versions[path]; }
-  std::vector<std::string> registrySubkeys(const std::string& key) override { return registry[key]; }
+  std::vector<std::string> registrySubkeys(const std::string& key) override {
+    return registry[key];
+  }
 };
 
 struct AutoCad {
@@ -79,11 +81,12 @@ struct AutoCad {
 TEST(AutoCadChannel, PlaysTheScriptWithFiledialogOffAndWaitsForQuiescence) {
   AutoCad acad;
   playAutoCadScript(*acad.app, "/p/tmpinput.scr");
-  EXPECT_EQ(acad.log, (std::vector<std::string>{
-                          "docs.Add(acad)", "acad.Visible=True", "doc.GetVariable(FILEDIA)",
-                          "doc.SetVariable(FILEDIA,0)", "doc.SendCommand(_script\r/p/tmpinput.scr\r)",
-                          "acad.GetAcadState()", "acad.GetAcadState()", "acad.GetAcadState()",
-                          "doc.SetVariable(FILEDIA,1)"}));
+  EXPECT_EQ(acad.log,
+            (std::vector<std::string>{"docs.Add(acad)", "acad.Visible=True",
+                                      "doc.GetVariable(FILEDIA)", "doc.SetVariable(FILEDIA,0)",
+                                      "doc.SendCommand(_script\r/p/tmpinput.scr\r)",
+                                      "acad.GetAcadState()", "acad.GetAcadState()",
+                                      "acad.GetAcadState()", "doc.SetVariable(FILEDIA,1)"}));
 }
 
 TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
@@ -99,8 +102,8 @@ TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
   EXPECT_TRUE(lookUpAutoCad(c.ctx, sys));  // undefined: LATEST
   c.ctx.vars.set("g_acadver", "OLDEST");
   EXPECT_TRUE(lookUpAutoCad(c.ctx, sys));
-  EXPECT_EQ(sys.attached, (std::vector<std::string>{"AutoCAD.Application.18.0",
-                                                    "AutoCAD.Application.17.1"}));
+  EXPECT_EQ(sys.attached,
+            (std::vector<std::string>{"AutoCAD.Application.18.0", "AutoCAD.Application.17.1"}));
   c.ctx.vars.set("g_acadver", "2007");  // 17.0: not running
   EXPECT_FALSE(lookUpAutoCad(c.ctx, sys));
   EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", "2007 "));
@@ -159,13 +162,15 @@ TEST_F(ChannelRun, KeyinsGoToMicroStationAndItsAbsenceIsAFailure) {
   EXPECT_EQ(c.ctx.failure->description, c.ctx.text("Runtime", "mstation"));
   sys.running["MicroStationDGN.Application"] = ustation;
   ASSERT_TRUE(c.compile("a.ipf"));
-  EXPECT_EQ(log, (std::vector<std::string>{"queue.SendCommand(@" + project.path("tmpinput.key") + ")"}));
+  EXPECT_EQ(log,
+            (std::vector<std::string>{"queue.SendCommand(@" + project.path("tmpinput.key") + ")"}));
 }
 
 TEST_F(ChannelRun, KeepScriptsKeepsNumberedCopiesAndGoesOnWithoutCad) {
   c.ctx.players = makeCadPlayers(sys, CadOptions{true});
-  project.write("a.ipf", "script\r\n_line\r\nendscript\r\nkey-in\r\nk1\r\nendkey-in\r\n"
-                         "script\r\n_arc\r\nendscript\r\ncrea,done\r\n");
+  project.write("a.ipf",
+                "script\r\n_line\r\nendscript\r\nkey-in\r\nk1\r\nendkey-in\r\n"
+                "script\r\n_arc\r\nendscript\r\ncrea,done\r\n");
   ASSERT_TRUE(c.compile("a.ipf")) << c.ctx.stop.message;
   EXPECT_EQ(project.read("script001.scr"), "_line\r\n");
   EXPECT_EQ(project.read("keyin002.key"), "k1\r\n");

@@ -17,8 +17,8 @@ struct CliCompile : ::testing::Test {
 
   // Runs korvane with `args` in the project folder; returns the exit status.
   int run(const std::string& args) {
-    std::string cmd = "cd '" + project.folder() + "' && '" + bin + "' " + args + " --home '" + home +
-                      "' >out.txt 2>err.txt </dev/null";
+    std::string cmd = "cd '" + project.folder() + "' && '" + bin + "' " + args + " --home '" +
+                      home + "' >out.txt 2>err.txt </dev/null";
     int rc = std::system(cmd.c_str());
     return WIFEXITED(rc) ? WEXITSTATUS(rc) : -1;
   }
@@ -58,7 +58,8 @@ TEST_F(CliCompile, MissingSettingsOrWrongUsageExitTwo) {
   project.write("a.ipf", "crea,a\n");
   home = project.path("nohome");
   EXPECT_EQ(run("compile a.ipf"), 2);
-  EXPECT_EQ(project.read("err.txt"), "File not found: " + project.path("nohome/Korvane.ini") + "\n");
+  EXPECT_EQ(project.read("err.txt"),
+            "File not found: " + project.path("nohome/Korvane.ini") + "\n");
   home = test::sourceDir() + "/data";
   EXPECT_EQ(run("compile"), 2);
   EXPECT_EQ(run("compile a.ipf --engine bogus"), 2);

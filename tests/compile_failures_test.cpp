@@ -74,7 +74,8 @@ TEST_F(Failures, AnInsertOfItselfStopsAtAFixedDepth) {
 
 TEST_F(Failures, BinaryFilesAndHugeLinesAreRefused) {
   project.write("bin.ipf", std::string("crea,a\r\n\x01\x02\0\x03", 12));
-  EXPECT_EQ(failure("bin.ipf"), c.ctx.messages.format("Runtime", "binary", project.path("bin.ipf")));
+  EXPECT_EQ(failure("bin.ipf"),
+            c.ctx.messages.format("Runtime", "binary", project.path("bin.ipf")));
   project.write("huge.ipf", "crea,a\r\n" + std::string(1 << 20, 'x') + "\r\n");
   c.lines.clear();
   EXPECT_EQ(failure("huge.ipf"),
@@ -104,7 +105,8 @@ TEST_F(Failures, AnEngineThatStopsEarlyIsReportedWithWhereTheCompileStood) {
   project.write("a.ipf", "crea,a\r\nkill,x\r\ncrea,b\r\n");
   EXPECT_FALSE(c.compile("a.ipf"));
   EXPECT_NE(c.ctx.stop.message.find("line 2: refused"), std::string::npos);
-  EXPECT_NE(c.ctx.stop.message.find(c.ctx.messages.format("Runtime", "where", project.path("a.ipf"), "2")),
+  EXPECT_NE(c.ctx.stop.message.find(
+                c.ctx.messages.format("Runtime", "where", project.path("a.ipf"), "2")),
             std::string::npos)
       << c.ctx.stop.message;
   EXPECT_EQ(c.lines, (Lines{"crea,a"}));  // the run stopped at the flush

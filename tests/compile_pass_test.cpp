@@ -43,15 +43,16 @@ TEST_F(CompilePass, HashRulesLetAndConditions) {
 TEST_F(CompilePass, ExistAsksTheEngineAndKeepsThePreviousTruthOtherwise) {
   c.engine.models = {"GROUND"};
   c.engine.strings = {"GROUND/MAST"};
-  project.write("a.ipf", crlf({"if exist(GROUND) then a=1 else a=0",
-                               "if exist(GROUND,MAST) then b=1 else b=0",
-                               "if exist(GROUND,NONE) then c=1 else c=0",
-                               "if exist(a,b,c) then d=1 else d=0", "if nothing then e=1 else e=0"}));
+  project.write(
+      "a.ipf",
+      crlf({"if exist(GROUND) then a=1 else a=0", "if exist(GROUND,MAST) then b=1 else b=0",
+            "if exist(GROUND,NONE) then c=1 else c=0", "if exist(a,b,c) then d=1 else d=0",
+            "if nothing then e=1 else e=0"}));
   ASSERT_TRUE(c.compile("a.ipf"));
   EXPECT_EQ(c.var("a"), "1");
   EXPECT_EQ(c.var("b"), "1");
   EXPECT_EQ(c.var("c"), "0");
-  EXPECT_EQ(c.var("d"), "0");  // three arguments: the previous condition's truth
+  EXPECT_EQ(c.var("d"), "0");        // three arguments: the previous condition's truth
   EXPECT_EQ(c.var("e"), "<unset>");  // neither an operator nor exist(): nothing applies
 }
 
@@ -77,9 +78,10 @@ TEST_F(CompilePass, SectionsCompileFromTheirHeadToTheNextOne) {
 
 TEST_F(CompilePass, InsertSearchesBaseProjectInputsAndMacroFolders) {
   test::TempProject macros;
-  test::Compiler m{project, {{"ProjectMacros", macros.folder() + "/proj"},
-                             {"PrivateMacros", macros.folder() + "/priv"},
-                             {"PublicMacros", macros.folder() + "/pub"}}};
+  test::Compiler m{project,
+                   {{"ProjectMacros", macros.folder() + "/proj"},
+                    {"PrivateMacros", macros.folder() + "/priv"},
+                    {"PublicMacros", macros.folder() + "/pub"}}};
   project.write("inputs/in.ipm", crlf({"crea,from inputs", "insert,near"}));
   project.write("inputs/near.ipm", crlf({"crea,near inputs"}));
   project.write("near.ipm", crlf({"crea,near project"}));
@@ -133,7 +135,9 @@ TEST_F(CompilePass, ScriptWithoutAutoCadStopsWithItsMessageAfterWritingTheScript
   EXPECT_EQ(project.read("tmpinput.scr"), "_line\r\n\r\n");  // the Enter stays in a script
   EXPECT_NE(c.ctx.stop.message.find("AutoCAD"), std::string::npos);
   std::string played;
-  c.ctx.players.script = [&](RunContext&, const std::string& f) { played = project.read("tmpinput.scr"); };
+  c.ctx.players.script = [&](RunContext&, const std::string& f) {
+    played = project.read("tmpinput.scr");
+  };
   c.ctx.stop.clear();
   c.lines.clear();
   EXPECT_TRUE(c.compile("a.ipf"));
@@ -152,10 +156,13 @@ TEST_F(CompilePass, GlobalVariablesCarryToTheNextInputFileOnly) {
 TEST_F(CompilePass, LineEndsAndEncodings) {
   project.write("lf.ipf", "crea,a\nlet,x=1,\ncrea,|x|\n");
   project.write("cr.ipf", "crea,b\rcrea,c");
-  project.write("utf8.ipf", "\xEF\xBB\xBF" "crea,\xC3\xA1rok\xC5\x91\r\n");  // "árokő" in UTF-8
+  project.write("utf8.ipf",
+                "\xEF\xBB\xBF"
+                "crea,\xC3\xA1rok\xC5\x91\r\n");  // "árokő" in UTF-8
   project.write("cp.ipf", "let,\xE1rok=\xF5,\r\ncrea,|\xE1rok|\r\n");
   for (auto f : {"lf.ipf", "cr.ipf", "utf8.ipf", "cp.ipf"}) ASSERT_TRUE(c.compile(f)) << f;
-  EXPECT_EQ(c.lines, (Lines{"crea,a", "crea,1", "crea,b", "crea,c", "crea,\xE1rok\xF5", "crea,\xF5"}));
+  EXPECT_EQ(c.lines,
+            (Lines{"crea,a", "crea,1", "crea,b", "crea,c", "crea,\xE1rok\xF5", "crea,\xF5"}));
 }
 
 TEST_F(CompilePass, FlushRunsWhatWasCompiledAndSentinelOnlyOutputsAreNotRun) {

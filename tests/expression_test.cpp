@@ -1,7 +1,8 @@
 // The evaluator's operator split, quoting, temporaries and the field scanner.
+#include "compiler/expression.h"
+
 #include <gtest/gtest.h>
 
-#include "compiler/expression.h"
 #include "compiler/field_scanner.h"
 #include "compiler/runtime_failure.h"
 #include "support/project.h"
@@ -18,16 +19,25 @@ struct ExpressionTest : ::testing::Test {
 
 TEST_F(ExpressionTest, OperatorsSplitAtTheLastOccurrenceOfTheLoosest) {
   const std::pair<const char*, const char*> cases[] = {
-      {"1+2*3", "7"},      {"10-4-3", "3"},      // chains group from the left
-      {"2^3^2", "64"},     {"8/2/2", "2"},       // (2^3)^2, (8/2)/2
-      {"1+2-3", "0"},      {"2*-3", "-1"},       // 2* read as 2, then 2-3
-      {"-5", "-5"},        {"-2*3", "-6"},       // leading "-" is 0 minus the rest
-      {"1E-5", "-4"},      {"0.1+0.2", "0.3"},   // exponent split at its "-"
+      {"1+2*3", "7"},
+      {"10-4-3", "3"},  // chains group from the left
+      {"2^3^2", "64"},
+      {"8/2/2", "2"},  // (2^3)^2, (8/2)/2
+      {"1+2-3", "0"},
+      {"2*-3", "-1"},  // 2* read as 2, then 2-3
+      {"-5", "-5"},
+      {"-2*3", "-6"},  // leading "-" is 0 minus the rest
+      {"1E-5", "-4"},
+      {"0.1+0.2", "0.3"},  // exponent split at its "-"
       {"1/3", "0.333333333333333"},
-      {"a&b", "ab"},       {"1&2+3", "15"},      // "&" binds loosest
-      {"12.5abc*2", "25"}, {"abc*2", "0"},       // leading number of a text
-      {"(1+2)*3", "9"},    {"x&", "x&"},         // an operator at the end is not seen
-      {"   ", ""},         {"word", "word"},
+      {"a&b", "ab"},
+      {"1&2+3", "15"},  // "&" binds loosest
+      {"12.5abc*2", "25"},
+      {"abc*2", "0"},  // leading number of a text
+      {"(1+2)*3", "9"},
+      {"x&", "x&"},  // an operator at the end is not seen
+      {"   ", ""},
+      {"word", "word"},
   };
   for (auto [expr, want] : cases) EXPECT_EQ(eval(expr), want) << expr;
 }

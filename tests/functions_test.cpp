@@ -24,23 +24,36 @@ TEST_F(Functions, NamesAreScannedBackwardsOverTheNameAlphabet) {
   const std::string dotted = eval("x.len(ab)");
   EXPECT_EQ(dotted.substr(0, 2), "x.");
   EXPECT_EQ(c.var(dotted.substr(2)), "2");
-  c.ctx.vars.set("\xE9rt\xE9k", "5");   // "érték": accented letters belong to names
+  c.ctx.vars.set("\xE9rt\xE9k", "5");     // "érték": accented letters belong to names
   EXPECT_EQ(eval("\xC9RT\xC9K(1)"), "");  // an unknown function, upper-case accents lowered
   EXPECT_TRUE(isNameCharacter('\xF5'));
-  EXPECT_TRUE(isNameCharacter('\xDB'));  // "Ű" lowers to "ű"
+  EXPECT_TRUE(isNameCharacter('\xDB'));   // "Ű" lowers to "ű"
   EXPECT_FALSE(isNameCharacter('\xE4'));  // "ä" is not in the alphabet
   EXPECT_FALSE(isNameCharacter('-'));
 }
 
 TEST_F(Functions, TextFunctions) {
   const std::pair<const char*, const char*> cases[] = {
-      {"find(abcabc,b)", "2"},     {"find(abcabc,b,-1)", "5"}, {"find(abcabc,b,3)", ""},
-      {"find(abc,z)", "0"},        {"mid(abcdef,3)", "c"},     {"mid(abcdef,3,2)", "cd"},
-      {"char(abcdef,6)", "f"},     {"mid(abc,9,2)", ""},       {"left(abc,2)", "ab"},
-      {"left(abc,9)", "abc"},      {"right(abc,2)", "bc"},     {"right(abc,0)", ""},
-      {"replace(\"a-b-c\",\"-\",+)", "a+b+c"}, {"replace(a-b,x,y)", "0"}, {"replace(aaa,aa,b)", "ba"}, {"len()", "0"},
-      {"len(\"a,b\")", "3"},       {"format(3.14159,0.00)", "3.14"},
-      {"format(1234567.891,\"#,##0.00\")", "1,234,567.89"}, {"format(7,000)", "007"},
+      {"find(abcabc,b)", "2"},
+      {"find(abcabc,b,-1)", "5"},
+      {"find(abcabc,b,3)", ""},
+      {"find(abc,z)", "0"},
+      {"mid(abcdef,3)", "c"},
+      {"mid(abcdef,3,2)", "cd"},
+      {"char(abcdef,6)", "f"},
+      {"mid(abc,9,2)", ""},
+      {"left(abc,2)", "ab"},
+      {"left(abc,9)", "abc"},
+      {"right(abc,2)", "bc"},
+      {"right(abc,0)", ""},
+      {"replace(\"a-b-c\",\"-\",+)", "a+b+c"},
+      {"replace(a-b,x,y)", "0"},
+      {"replace(aaa,aa,b)", "ba"},
+      {"len()", "0"},
+      {"len(\"a,b\")", "3"},
+      {"format(3.14159,0.00)", "3.14"},
+      {"format(1234567.891,\"#,##0.00\")", "1,234,567.89"},
+      {"format(7,000)", "007"},
   };
   for (auto [expr, want] : cases) EXPECT_EQ(eval(expr), want) << expr;
 }
@@ -57,10 +70,14 @@ TEST_F(Functions, TrappedTextFailuresGiveEmptyTextAndALogLine) {
 
 TEST_F(Functions, ArithmeticFunctions) {
   const std::pair<const char*, const char*> cases[] = {
-      {"sqr(-4)", "0"},   {"sqr(2)", "1.4142135623731"}, {"sgn(-0.1)", "-1"}, {"sgn(0)", "0"},
-      {"int(-0.5)", "-1"}, {"int(-2.5)", "-3"},  {"int(2.9)", "2"},    {"abs(-2)", "2"},
-      {"lg(1000)", "3"},   {"ln(1)", "0"},       {"exp(0)", "1"},      {"atn(1)*4", "3.14159265358979"},
-      {"sin(0)", "0"},     {"cos(0)", "1"},      {"tan(0)", "0"},      {"2/3", "0.666666666666667"},
+      {"sqr(-4)", "0"},    {"sqr(2)", "1.4142135623731"},
+      {"sgn(-0.1)", "-1"}, {"sgn(0)", "0"},
+      {"int(-0.5)", "-1"}, {"int(-2.5)", "-3"},
+      {"int(2.9)", "2"},   {"abs(-2)", "2"},
+      {"lg(1000)", "3"},   {"ln(1)", "0"},
+      {"exp(0)", "1"},     {"atn(1)*4", "3.14159265358979"},
+      {"sin(0)", "0"},     {"cos(0)", "1"},
+      {"tan(0)", "0"},     {"2/3", "0.666666666666667"},
   };
   for (auto [expr, want] : cases) EXPECT_EQ(eval(expr), want) << expr;
 }

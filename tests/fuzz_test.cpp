@@ -22,9 +22,12 @@ std::string randomText(std::mt19937& rng, std::size_t maxLen) {
   std::string s;
   for (std::size_t n = len(rng); n > 0; --n) {
     int p = pick(rng);
-    if (p < 90) s += kAlphabet[rng() % kAlphabet.size()];
-    else if (p < 97) s += "len(abc)";  // a real call now and then
-    else s += static_cast<char>(rng() % 256);
+    if (p < 90)
+      s += kAlphabet[rng() % kAlphabet.size()];
+    else if (p < 97)
+      s += "len(abc)";  // a real call now and then
+    else
+      s += static_cast<char>(rng() % 256);
   }
   return s;
 }
@@ -55,12 +58,14 @@ TEST(Fuzz, CompilePassNeverCrashesAndAlwaysEndsTheRun) {
   test::TempProject project;
   test::Compiler c{project};
   std::mt19937 rng(7);
-  static const char* kLineStarts[] = {"insert,", "let,", "#", "if ", "repeat", "endrepeat",
-                                      "default", "[", "crea,", "   ", "fini", "reset", "print,p"};
+  static const char* kLineStarts[] = {"insert,",   "let,",    "#",      "if ",   "repeat",
+                                      "endrepeat", "default", "[",      "crea,", "   ",
+                                      "fini",      "reset",   "print,p"};
   for (int i = 0; i < 300; ++i) {
     std::string body;
     for (int l = rng() % 12; l > 0; --l)
-      body += std::string(kLineStarts[rng() % std::size(kLineStarts)]) + randomText(rng, 30) + "\r\n";
+      body +=
+          std::string(kLineStarts[rng() % std::size(kLineStarts)]) + randomText(rng, 30) + "\r\n";
     project.write("f.ipm", body);
     project.write("f.ipf", body);
     c.compile("f.ipf");  // must return, whatever it says

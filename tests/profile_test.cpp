@@ -1,8 +1,9 @@
 // Ini files as Windows reads and writes them.
+#include "shell/profile.h"
+
 #include <gtest/gtest.h>
 
 #include "shell/messages.h"
-#include "shell/profile.h"
 #include "support/project.h"
 
 using namespace korvane;
@@ -11,9 +12,10 @@ namespace {
 
 struct Profile : ::testing::Test {
   test::TempProject project;
-  std::string file = project.write(
-      "a.ini", "; comment\r\n[section1]\r\nname1=val1\r\nname2=\"val2\"\r\nname3\r\n"
-               "name4 = a \r\n\r\n[ section2 ]\r\nkey='q'\r\n[section1]\r\nlater=x\r\n");
+  std::string file =
+      project.write("a.ini",
+                    "; comment\r\n[section1]\r\nname1=val1\r\nname2=\"val2\"\r\nname3\r\n"
+                    "name4 = a \r\n\r\n[ section2 ]\r\nkey='q'\r\n[section1]\r\nlater=x\r\n");
 };
 
 TEST_F(Profile, ReadsLikeThePrivateProfileReader) {
@@ -75,10 +77,10 @@ TEST_F(Profile, MessagesReplacePlaceholdersOnce) {
 TEST(ShippedLanguageFiles, BothLanguagesHaveTheKeysTheProgramUses) {
   for (const char* name : {"/data/English.lng", "/data/Hungarian.lng"}) {
     Messages m(test::sourceDir() + name);
-    for (const char* key : {"title", "where", "text", "div0", "overflow", "mismatch", "badarg",
-                            "fields", "args", "vars", "bar", "paren", "depth", "notavail",
-                            "binary", "linelen", "write", "pattern", "strfunc", "subscript",
-                            "mstation", "engine", "then"})
+    for (const char* key :
+         {"title", "where",   "text",    "div0",      "overflow", "mismatch", "badarg", "fields",
+          "args",  "vars",    "bar",     "paren",     "depth",    "notavail", "binary", "linelen",
+          "write", "pattern", "strfunc", "subscript", "mstation", "engine",   "then"})
       EXPECT_FALSE(m.text("Runtime", key).empty()) << name << " Runtime/" << key;
     for (const char* key : {"s5", "s8", "s9", "s10", "s12", "s13", "s14", "s15", "s17"})
       EXPECT_FALSE(m.text("Messages", key).empty()) << name << " Messages/" << key;

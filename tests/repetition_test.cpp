@@ -14,8 +14,9 @@ struct Repetition : ::testing::Test {
 };
 
 TEST_F(Repetition, CountedRepeatStopsWhenTheBlockAssignsEnd) {
-  project.write("m.ipm", "crea,head\r\nrepeat\r\ncrea,|count|\r\nif count=2 then repeat=end\r\n"
-                         "endrepeat\r\ncrea,tail\r\n");
+  project.write("m.ipm",
+                "crea,head\r\nrepeat\r\ncrea,|count|\r\nif count=2 then repeat=end\r\n"
+                "endrepeat\r\ncrea,tail\r\n");
   project.write("a.ipf", "insert,m\r\nrepeat=5\r\ncrea,|count|\r\n");
   ASSERT_TRUE(c.compile("a.ipf"));
   EXPECT_EQ(c.lines, (Lines{"crea,head", "crea,1", "crea,2", "crea,tail", "crea,2"}));
@@ -41,8 +42,9 @@ TEST_F(Repetition, EachIteratesTheSelectionList) {
 
 TEST_F(Repetition, SingleRowsSetFieldsAndCount) {
   project.write("row.ipm", "repeat\r\ncrea,|f1|-|f2|,|count|\r\nendrepeat\r\n");
-  project.write("a.ipf", "insert,row\r\nrepeat=single\r\nA1,x\r\n## skipped\r\nB2,|1+1|\r\n"
-                         "END\r\ncrea,after\r\n");
+  project.write("a.ipf",
+                "insert,row\r\nrepeat=single\r\nA1,x\r\n## skipped\r\nB2,|1+1|\r\n"
+                "END\r\ncrea,after\r\n");
   ASSERT_TRUE(c.compile("a.ipf"));
   EXPECT_EQ(c.lines, (Lines{"crea,A1-x,1", "crea,B2-2,2", "crea,after"}));
 }

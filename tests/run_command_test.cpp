@@ -1,7 +1,8 @@
 // The Run command: entries in order, the stop state, save files and status.
+#include "shell/run_command.h"
+
 #include <gtest/gtest.h>
 
-#include "shell/run_command.h"
 #include "support/project.h"
 
 using namespace korvane;
@@ -68,9 +69,11 @@ TEST_F(RunCommand, SaveFilesHoldTheCompiledLinesWithoutSentinels) {
   RunOutcome o = runEntries(c.ctx, entries({"a.ipf", "b.ipf"}), settings);
   ASSERT_FALSE(o.stopped) << o.message;
   const std::string s12 = c.ctx.text("Outputs", "s12");
-  EXPECT_EQ(project.read("complete.inp"),
-            "\r\n   " + s12 + ":   " + project.path("a.ipf") + "\r\ncrea,a1\r\n   marker\r\ncrea,a2\r\n"
-            "\r\n\r\n\r\n   " + s12 + ":   " + project.path("b.ipf") + "\r\ncrea,b1\r\n");
+  EXPECT_EQ(project.read("complete.inp"), "\r\n   " + s12 + ":   " + project.path("a.ipf") +
+                                              "\r\ncrea,a1\r\n   marker\r\ncrea,a2\r\n"
+                                              "\r\n\r\n\r\n   " +
+                                              s12 + ":   " + project.path("b.ipf") +
+                                              "\r\ncrea,b1\r\n");
   EXPECT_EQ(project.read("compiled_a.inp"), "crea,a1\r\n   marker\r\ncrea,a2\r\n");
   EXPECT_EQ(project.read("compiled_b.inp"), "crea,b1\r\n");
 }

@@ -1,7 +1,6 @@
 // korvane compile: compiles run entries into MX input without running it
 // (unless an engine is named), for checking what a file produces.
 #include <CLI/CLI.hpp>
-
 #include <cstdio>
 #include <fstream>
 #include <iostream>

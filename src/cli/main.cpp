@@ -1,6 +1,5 @@
 // korvane: the command-line front end.
 #include <CLI/CLI.hpp>
-
 #include <string>
 #include <vector>
 

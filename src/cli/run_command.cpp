@@ -1,9 +1,11 @@
 // korvane run: runs entries through MX (or the embedded engine) as the Run
 // command does, with progress as it goes and a summary at the end. Also the
 // batch form `korvane ENTRY`, where the words make one run entry.
-#include <CLI/CLI.hpp>
+#include "shell/run_command.h"
+
 #include <unistd.h>
 
+#include <CLI/CLI.hpp>
 #include <atomic>
 #include <csignal>
 #include <cstdio>
@@ -16,7 +18,6 @@
 #include "hosts/embedded/embedded_engine.h"
 #include "shell/codepage.h"
 #include "shell/fs.h"
-#include "shell/run_command.h"
 
 namespace korvane::cli {
 namespace {
@@ -62,7 +63,8 @@ class TerminalProgress final : public RunProgress {
 };
 
 // What the project folder holds: name -> (size, time).
-using FolderState = std::map<std::string, std::pair<std::uintmax_t, std::filesystem::file_time_type>>;
+using FolderState =
+    std::map<std::string, std::pair<std::uintmax_t, std::filesystem::file_time_type>>;
 
 FolderState folderState(const std::string& folder) {
   FolderState s;

@@ -65,7 +65,8 @@ std::unique_ptr<Session> Session::open(const SessionOptions& options,
   ctx.settingsPath = s->paths.settings;
   ctx.messages = Messages(s->paths.language);
 
-  std::string project = options.project.empty() ? fs::currentFolder() : fromTerminal(options.project);
+  std::string project =
+      options.project.empty() ? fs::currentFolder() : fromTerminal(options.project);
   project = fs::withoutTrailingSeparator(fs::absolute(project));
   if (!fs::folderExists(project)) {
     printError(ctx.messages.format("Messages", "s9", project));

@@ -24,8 +24,8 @@ void drawxsection(RunContext& ctx, const std::string& a1, const std::string& a2,
 
 // Excel: a macro of the running Excel, and one cell put.
 void xlmacro(RunContext& ctx, const std::string& macro, const std::string* args, int count);
-void xlput(RunContext& ctx, const std::string& workbook, const std::string& sheet,
-           std::int32_t row, std::int32_t column, const std::string& value);
+void xlput(RunContext& ctx, const std::string& workbook, const std::string& sheet, std::int32_t row,
+           std::int32_t column, const std::string& value);
 // Whether a process of that executable name runs.
 bool processRunning(const std::string& exeName);
 

@@ -8,7 +8,9 @@ namespace korvane::commands {
 void labelmove(RunContext&, const std::string&, const std::string&, LineReader&) {
   throw RuntimeFailure("notavail", "labelmove");
 }
-void trimsection(RunContext&, const std::string&) { throw RuntimeFailure("notavail", "trimsection"); }
+void trimsection(RunContext&, const std::string&) {
+  throw RuntimeFailure("notavail", "trimsection");
+}
 void superelevation(RunContext&, const std::string&, LineReader&, const std::string&) {
   throw RuntimeFailure("notavail", "superelevation");
 }

@@ -24,7 +24,8 @@ void keepCopy(RunContext& ctx, const std::string& file, int& counter, const char
               const char* ext) {
   char name[32];
   std::snprintf(name, sizeof name, "%s%03d.%s", stem, ++counter, ext);
-  if (!fs::copyFile(file, ctx.projectFolder + name)) throw RuntimeFailure("write", ctx.projectFolder + name);
+  if (!fs::copyFile(file, ctx.projectFolder + name))
+    throw RuntimeFailure("write", ctx.projectFolder + name);
 }
 
 }  // namespace

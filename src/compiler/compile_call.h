@@ -12,9 +12,9 @@ namespace korvane {
 struct CompileCall {
   RunContext& ctx;
   LineReader reader;
-  std::string folder;       // where this call's file was found; base folder of its inserts
-  std::string name;         // the name as this call received it, without a section label
-  std::string assignText;   // passed down by the caller
+  std::string folder;      // where this call's file was found; base folder of its inserts
+  std::string name;        // the name as this call received it, without a section label
+  std::string assignText;  // passed down by the caller
   CompileMode mode = CompileMode::Whole;
   std::string lastInsertAssign;  // assignment text of this call's previous insert
   bool lastCondition = false;    // truth of this call's previous condition

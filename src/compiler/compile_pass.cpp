@@ -44,8 +44,10 @@ void rewriteLine(std::string& line) {
     line = "rem";
   } else if (text::startsWith(line, "#")) {
     std::string rest = line.substr(1);
-    if (cp::startsWithIgnoreCase(rest, "if ")) line = "if," + rest.substr(3);
-    else line = "let," + rest + ",";
+    if (cp::startsWithIgnoreCase(rest, "if "))
+      line = "if," + rest.substr(3);
+    else
+      line = "let," + rest + ",";
   }
   if (cp::startsWithIgnoreCase(line, "if ")) line = "if," + line.substr(3);
 }
@@ -67,7 +69,8 @@ bool compileLine(CompileCall& call, std::string line) {
   rewriteLine(line);
   ctx.currentLine = line;
   splitFields(ctx, line);
-  const std::string keyword = text::startsWith(line, "   ") ? std::string() : cp::lower(ctx.fields[0]);
+  const std::string keyword =
+      text::startsWith(line, "   ") ? std::string() : cp::lower(ctx.fields[0]);
   const std::string arg1 = ctx.fields[1], arg2 = ctx.fields[2];
 
   if (keyword == "fini") return true;
@@ -120,10 +123,14 @@ void locate(RuntimeFailure& f, const CompileCall& call) {
 
 RuntimeFailure fromConversion(const conv::ConversionError& e) {
   switch (e.code()) {
-    case conv::ConvErrc::Overflow: return RuntimeFailure("overflow", e.what());
-    case conv::ConvErrc::TypeMismatch: return RuntimeFailure("mismatch", e.what());
-    case conv::ConvErrc::InvalidPattern: return RuntimeFailure("pattern", e.what());
-    default: return RuntimeFailure("badarg", e.what());
+    case conv::ConvErrc::Overflow:
+      return RuntimeFailure("overflow", e.what());
+    case conv::ConvErrc::TypeMismatch:
+      return RuntimeFailure("mismatch", e.what());
+    case conv::ConvErrc::InvalidPattern:
+      return RuntimeFailure("pattern", e.what());
+    default:
+      return RuntimeFailure("badarg", e.what());
   }
 }
 
@@ -175,8 +182,9 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
       ctx.stop.raise(ctx.messages.format("Messages", "s13", found.shownName, label));
       return;
     }
-    const char* seek = mode == CompileMode::Repeating ? "repeat"
-                       : mode == CompileMode::Trailing ? "endrepeat" : nullptr;
+    const char* seek = mode == CompileMode::Repeating  ? "repeat"
+                       : mode == CompileMode::Trailing ? "endrepeat"
+                                                       : nullptr;
     if (seek && !seekLine(call, seek)) {
       ctx.stop.raise(ctx.messages.format("Messages", "s14", seek));
       return;

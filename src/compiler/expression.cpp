@@ -18,9 +18,15 @@ constexpr int kMaxSubstitutions = 100000;
 double arithmetic(char op, double l, double r, const std::string& expr) {
   double v = 0;
   switch (op) {
-    case '+': v = l + r; break;
-    case '-': v = l - r; break;
-    case '*': v = l * r; break;
+    case '+':
+      v = l + r;
+      break;
+    case '-':
+      v = l - r;
+      break;
+    case '*':
+      v = l * r;
+      break;
     case '/':
       if (r == 0) throw RuntimeFailure("div0", expr);
       v = l / r;

@@ -11,8 +11,8 @@ namespace korvane {
 namespace {
 
 constexpr std::array<std::string_view, 7> kCommands = {
-    "labelmove", "trimsection", "drawxsection", "superelevation",
-    "earthwork->excel", "ditch_list", "ditch_pips"};
+    "labelmove",        "trimsection", "drawxsection", "superelevation",
+    "earthwork->excel", "ditch_list",  "ditch_pips"};
 
 // Compiles the settings file's "[COMMAND:keyword]" section, whose `default`
 // line assigns the command's defaults and then `passedDown`.

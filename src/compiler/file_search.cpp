@@ -35,10 +35,7 @@ FoundFile findInputFile(const RunContext& ctx, const std::string& name,
   // The public macro folder would come sixth; the counts stop at five, so it is
   // never searched.
   const std::array<std::string, 5> place = {
-      baseFolder,
-      project,
-      project + fs::kSep + "inputs" + fs::kSep,
-      ctx.projectMacros(),
+      baseFolder,          project, project + fs::kSep + "inputs" + fs::kSep, ctx.projectMacros(),
       ctx.privateMacros(),
   };
   for (int i = 0; i < places; ++i)

@@ -13,7 +13,8 @@ bool onlySentinels(const std::string& fullName) {
   if (!size || *size >= 300) return false;
   auto data = fs::readFile(fullName);
   if (!data) return false;
-  const std::string two = std::string(kSentinelCreate) + "\r\n" + std::string(kSentinelDelete) + "\r\n";
+  const std::string two =
+      std::string(kSentinelCreate) + "\r\n" + std::string(kSentinelDelete) + "\r\n";
   const std::string three = std::string(kSentinelDelete) + "\r\n" + two;
   return *data == two || *data == three;
 }
@@ -69,7 +70,8 @@ void copyToSaveFiles(RunContext& ctx, const std::string& compiled) {
     if (s.one) add(combined, s.lastCombinedLine, line);
     if (s.separate) add(separate, s.lastSeparateLine, line);
   }
-  if (s.one && !fs::appendFile(s.combinedPath, combined)) throw RuntimeFailure("write", s.combinedPath);
+  if (s.one && !fs::appendFile(s.combinedPath, combined))
+    throw RuntimeFailure("write", s.combinedPath);
   if (s.separate && !fs::appendFile(s.separatePath, separate))
     throw RuntimeFailure("write", s.separatePath);
 }
@@ -99,7 +101,8 @@ void runCompiledOutput(RunContext& ctx) {
     std::string message = ctx.text("Messages", "s5");
     if (!result.ok()) message += "\n" + ctx.messages.format("Runtime", "engine", result.error);
     if (!ctx.whereFile.empty())
-      message += "\n" + ctx.messages.format("Runtime", "where", ctx.whereFile, std::to_string(ctx.whereLine));
+      message += "\n" + ctx.messages.format("Runtime", "where", ctx.whereFile,
+                                            std::to_string(ctx.whereLine));
     ctx.stop.raise(message);
   }
 }
@@ -114,8 +117,10 @@ void flushAndRun(RunContext& ctx) {
     beginMxOutput(ctx);
   } else if (channel == "tmpinput.scr") {
     ctx.output.close();
-    if (ctx.players.script) ctx.players.script(ctx, name);
-    else ctx.stop.raise(ctx.messages.format("Messages", "s15", ""));  // no AutoCAD here
+    if (ctx.players.script)
+      ctx.players.script(ctx, name);
+    else
+      ctx.stop.raise(ctx.messages.format("Messages", "s15", ""));  // no AutoCAD here
     if (ctx.stop.set) return;
     reopenFresh(ctx, name);
   } else if (channel == "tmpinput.key") {

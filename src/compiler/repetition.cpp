@@ -133,9 +133,12 @@ void insertDirective(CompileCall& call, const std::string& fileSpec) {
   in.compile(CompileMode::Leading);
   if (in.stopped()) return;
   applyAssignments(ctx, "count=0,");
-  if (r == "single") singleRows(in, r);
-  else if (r == "double") doubleRows(in, r);
-  else counted(in, r, eachMode);
+  if (r == "single")
+    singleRows(in, r);
+  else if (r == "double")
+    doubleRows(in, r);
+  else
+    counted(in, r, eachMode);
   if (in.stopped()) return;
   in.compile(CompileMode::Trailing);
 }

@@ -10,7 +10,12 @@ namespace korvane {
 bool isNameCharacter(char c) {
   // "0123456789aábcdeéfghiíjklmnoóöőpqrstuúüűvwxyz_" in Windows-1250
   static const std::string_view kAlphabet =
-      "0123456789a\xE1" "bcde\xE9" "fghi\xED" "jklmno\xF3\xF6\xF5" "pqrstu\xFA\xFC\xFB" "vwxyz_";
+      "0123456789a\xE1"
+      "bcde\xE9"
+      "fghi\xED"
+      "jklmno\xF3\xF6\xF5"
+      "pqrstu\xFA\xFC\xFB"
+      "vwxyz_";
   return kAlphabet.find(cp::toLower(c)) != std::string_view::npos;
 }
 

@@ -17,7 +17,7 @@ bool parseEngineKind(const std::string& word, EngineKind& kind);
 EngineKind defaultEngineKind();
 
 struct EngineOptions {
-  std::string projectFolder;                   // the MX project folder, no trailing separator
+  std::string projectFolder;                    // the MX project folder, no trailing separator
   std::map<std::string, std::string> settings;  // "PrivateMacros", "ProjectMacros", "PublicMacros"
 };
 

@@ -15,7 +15,7 @@ namespace korvane::hosts {
 
 // Result area of one string-point or data-record query.
 struct PointRecord {
-  std::array<double, 16> num{};      // numbers 1..16 in slots 0..15; number 5 is the chainage
+  std::array<double, 16> num{};       // numbers 1..16 in slots 0..15; number 5 is the chainage
   std::array<std::string, 16> txt{};  // texts 1..16 in slots 0..15
 };
 

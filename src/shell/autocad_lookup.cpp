@@ -45,8 +45,10 @@ hosts::AutoObject lookUpAutoCad(RunContext& ctx, hosts::AutomationSystem& system
   if (wanted == "MIA") {
     best = launcherRelease(system);
     if (best.empty()) return fail(ctx, "");
-    if (best == "1") wanted = "LATEST";
-    else attachNow = true;
+    if (best == "1")
+      wanted = "LATEST";
+    else
+      attachNow = true;
   }
   if (!attachNow) {
     auto lines = system.processCommandLines("acad.exe");

@@ -43,8 +43,7 @@ std::string userFolder() {
   std::filesystem::create_directories(fs::native(folder), ec);
   for (const auto& e : std::filesystem::directory_iterator(fs::native(defaults), ec)) {
     auto target = fs::native(folder) / e.path().filename();
-    if (!std::filesystem::exists(target, ec))
-      std::filesystem::copy_file(e.path(), target, ec);
+    if (!std::filesystem::exists(target, ec)) std::filesystem::copy_file(e.path(), target, ec);
   }
   return folder;
 }

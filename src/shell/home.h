@@ -6,9 +6,9 @@
 namespace korvane {
 
 struct HomePaths {
-  std::string home;      // the folder, without a trailing separator
-  std::string settings;  // home + "Korvane.ini"
-  std::string language;  // home + value of Language/lang + ".lng"
+  std::string home;            // the folder, without a trailing separator
+  std::string settings;        // home + "Korvane.ini"
+  std::string language;        // home + value of Language/lang + ".lng"
   bool hungarianHelp = false;  // "lang" is exactly "Hungarian"
 };
 

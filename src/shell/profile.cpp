@@ -163,7 +163,8 @@ std::string WriteProfileString(std::string_view section, std::string_view key,
     std::string_view name, k, v;
     if (sectionName(lines[i].text, name)) {
       if (header >= 0) break;
-      if (cp::equalsIgnoreCase(name, section)) header = lastContent = static_cast<std::ptrdiff_t>(i);
+      if (cp::equalsIgnoreCase(name, section))
+        header = lastContent = static_cast<std::ptrdiff_t>(i);
       continue;
     }
     if (header < 0) continue;

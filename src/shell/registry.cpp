@@ -12,9 +12,12 @@ namespace korvane {
 namespace {
 HKEY hiveHandle(RegistryHive hive) {
   switch (hive) {
-    case RegistryHive::ClassesRoot: return HKEY_CLASSES_ROOT;
-    case RegistryHive::CurrentUser: return HKEY_CURRENT_USER;
-    case RegistryHive::LocalMachine: return HKEY_LOCAL_MACHINE;
+    case RegistryHive::ClassesRoot:
+      return HKEY_CLASSES_ROOT;
+    case RegistryHive::CurrentUser:
+      return HKEY_CURRENT_USER;
+    case RegistryHive::LocalMachine:
+      return HKEY_LOCAL_MACHINE;
   }
   return HKEY_CURRENT_USER;
 }

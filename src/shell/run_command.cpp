@@ -37,7 +37,8 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
     if (progress) progress->entryStarted(i, entries.size(), entries[i]);
     ctx.status(ctx.text("StatusBar1", "stat2"));
     const std::string file = parseRunEntry(entries[i]).path;
-    save.separatePath = ctx.projectFolder + settings.separatePrefix + fs::splitName(file).base + ".inp";
+    save.separatePath =
+        ctx.projectFolder + settings.separatePrefix + fs::splitName(file).base + ".inp";
     if (save.separate && startedSeparate.insert(save.separatePath).second)
       fs::removeFile(save.separatePath);
     ctx.onEngineRun = [&](int run) {

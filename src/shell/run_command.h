@@ -22,7 +22,7 @@ class RunProgress {
 struct RunSettings {
   bool saveOne = false;
   bool saveSeparate = false;
-  std::string combinedName = "complete";  // "Files"/"inpf"
+  std::string combinedName = "complete";     // "Files"/"inpf"
   std::string separatePrefix = "compiled_";  // "Files"/"comp"
 };
 
@@ -32,8 +32,8 @@ RunSettings readRunSettings(const std::string& settingsFile);
 struct RunOutcome {
   std::size_t entriesRun = 0;  // entries that ran to their end
   bool stopped = false;
-  std::size_t stoppedAt = 0;   // 0-based index of the entry that stopped the run
-  std::string message;         // the stop message
+  std::size_t stoppedAt = 0;  // 0-based index of the entry that stopped the run
+  std::string message;        // the stop message
 };
 
 RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,

@@ -1,10 +1,10 @@
 #include "support/project.h"
 
+#include <unistd.h>
+
 #include <atomic>
 #include <fstream>
 #include <sstream>
-
-#include <unistd.h>
 
 #include "compiler/compiled_output.h"
 #include "compiler/driver.h"
@@ -47,7 +47,9 @@ std::string TempProject::read(const std::string& relative) const {
   return s.str();
 }
 
-bool TempProject::exists(const std::string& relative) const { return stdfs::exists(root_ / relative); }
+bool TempProject::exists(const std::string& relative) const {
+  return stdfs::exists(root_ / relative);
+}
 
 std::string RecordingEngine::setting(std::string_view name) {
   auto it = settings_.find(std::string(name));
@@ -57,8 +59,10 @@ std::string RecordingEngine::setting(std::string_view name) {
 hosts::MxRunResult RecordingEngine::run(std::string_view, const std::string& fullName) {
   runs.push_back(fs::readFile(fullName).value_or("<unreadable>"));
   // MX that stops early leaves the sentinel model; one that reaches the end deletes it.
-  if (leaveSentinel) models.insert(std::string(kSentinelModel));
-  else models.erase(std::string(kSentinelModel));
+  if (leaveSentinel)
+    models.insert(std::string(kSentinelModel));
+  else
+    models.erase(std::string(kSentinelModel));
   return {failWith, {}};
 }
 

@@ -4,8 +4,8 @@
 
 #include <filesystem>
 #include <map>
-#include <set>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -54,8 +54,8 @@ class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, ho
 
   std::vector<std::string> runs;  // content of each run's input
   std::set<std::string> models, strings;
-  bool leaveSentinel = false;     // simulate MX stopping before the end
-  std::string failWith;           // error text the next runs report
+  bool leaveSentinel = false;  // simulate MX stopping before the end
+  std::string failWith;        // error text the next runs report
 
  private:
   hosts::NullEngine null_;

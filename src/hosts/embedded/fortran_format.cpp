@@ -254,7 +254,8 @@ struct Walk {
 
 bool isNumericEdit(Edit e) { return e == Edit::F || e == Edit::E || e == Edit::D || e == Edit::I; }
 
-std::optional<FortranFormat> FortranFormat::parse(std::string_view descriptors, std::string& error) {
+std::optional<FortranFormat> FortranFormat::parse(std::string_view descriptors,
+                                                  std::string& error) {
   FortranFormat f;
   Parser p(descriptors, error);
   if (!p.parse(f.nodes_)) return std::nullopt;

@@ -26,7 +26,8 @@ FortranFormat naturalFormat(const ModelString& s) {
     if (!descriptors.empty()) descriptors += '/';
     if (numbers > 0) descriptors += (numbers > 1 ? std::to_string(numbers) : "") + "D23.17";
     if (texts > 0)
-      descriptors += std::string(numbers > 0 ? "," : "") + (texts > 1 ? std::to_string(texts) : "") + "A4";
+      descriptors +=
+          std::string(numbers > 0 ? "," : "") + (texts > 1 ? std::to_string(texts) : "") + "A4";
     numbers = texts = 0;
   };
   for (int d = 1; d <= s.header.dimension; ++d) {
