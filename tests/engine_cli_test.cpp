@@ -62,7 +62,7 @@ TEST_F(EngineCli, ImportListShowExportDelete) {
 
   ASSERT_EQ(korvane("models delete COPY" + project()), 0) << err_;
   EXPECT_EQ(korvane("models delete COPY" + project()), 1);
-  EXPECT_NE(err_.find("there is no model \"COPY\""), std::string::npos);
+  EXPECT_NE(err_.find("COPY"), std::string::npos) << err_;  // the language file says there is none
   EXPECT_EQ(korvane("models show COPY" + project()), 1);
 }
 
@@ -82,7 +82,7 @@ TEST_F(EngineCli, UsageErrorsExitWithTwo) {
   EXPECT_EQ(korvane("models show" + project()), 2);
   EXPECT_EQ(korvane("models frobnicate" + project()), 2);
   EXPECT_EQ(korvane("models list --project " + path("no-such-folder")), 2);
-  EXPECT_NE(err_.find("does not exist"), std::string::npos);
+  EXPECT_NE(err_.find("no-such-folder"), std::string::npos) << err_;
   write(korvane::hosts::embedded::ModelStore::kFileName, "junk");
   EXPECT_EQ(korvane("models list" + project()), 1);  // a foreign store is an engine error
 }

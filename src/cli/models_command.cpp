@@ -10,6 +10,8 @@
 #include "hosts/embedded/embedded_engine.h"
 #include "hosts/embedded/genio_records.h"
 #include "shell/codepage.h"
+#include "shell/home.h"
+#include "shell/messages.h"
 
 namespace korvane::cli {
 namespace {
@@ -18,6 +20,7 @@ namespace fs = std::filesystem;
 using hosts::embedded::EmbeddedEngine;
 
 struct ModelsArgs {
+  std::string home;
   std::string project;
   std::string model;
   std::string label;
@@ -34,12 +37,20 @@ constexpr int kOk = 0, kEngineError = 1, kUsageError = 2;
 
 std::string terminal(std::string_view cp1250) { return cp::toUtf8(cp1250); }
 
+// The language file's texts, once the home folder is known.
+Messages& messages() {
+  static Messages m;
+  return m;
+}
+
 // The engine of the --project folder (the current directory by default).
 std::unique_ptr<EmbeddedEngine> openEngine() {
   std::error_code ec;
   fs::path folder = args().project.empty() ? fs::current_path(ec) : fs::path(args().project);
   if (!fs::is_directory(folder, ec)) {
-    std::cerr << "korvane models: the project folder " << folder.string() << " does not exist\n";
+    std::cerr << "korvane models: "
+              << terminal(messages().format("Cli", "no_project", fs::absolute(folder, ec).string()))
+              << "\n";
     setExitCode(kUsageError);
     return nullptr;
   }
@@ -103,7 +114,8 @@ int show(EmbeddedEngine& e) {
 int report(const hosts::MxRunResult& r) {
   if (r.ok()) return kOk;
   std::cerr << "korvane models: " << terminal(r.error) << "\n";
-  if (!r.listing.empty()) std::cerr << "  (listing: " << r.listing << ")\n";
+  if (!r.listing.empty())
+    std::cerr << "  " << terminal(messages().format("Cli", "listing", r.listing)) << "\n";
   return kEngineError;
 }
 
@@ -116,7 +128,10 @@ int import(EmbeddedEngine& e) {
   if (!e.strings(model, rows, error)) return fail(error);
   long points = 0;
   for (const auto& r : rows) points += r.pointCount;
-  std::cout << terminal(model) << ": " << rows.size() << " strings, " << points << " points\n";
+  std::cout << terminal(model + ": " +
+                        messages().format("Cli", "model_counts", std::to_string(rows.size()),
+                                          std::to_string(points)))
+            << "\n";
   return kOk;
 }
 
@@ -132,13 +147,13 @@ int exportModel(EmbeddedEngine& e) {
   if (!e.exportGenio(model, sink, error)) return fail(error);
   std::ofstream out(args().output, std::ios::binary | std::ios::trunc);
   out << text.str();
-  if (!out) return fail("cannot write " + args().output);
+  if (!out) return fail(messages().format("Runtime", "write", args().output));
   return kOk;
 }
 
 int remove(EmbeddedEngine& e) {
   const std::string model = cp::fromUtf8(args().model);
-  if (!e.modelExists(model)) return fail("there is no model \"" + model + "\"");
+  if (!e.modelExists(model)) return fail(messages().format("Cli", "no_model", model));
   return report(e.runLines({"dele," + model}, "korvane models delete"));
 }
 
@@ -156,7 +171,16 @@ CLI::App* subcommand(CLI::App* models, const char* name, const char* help,
                      int (*action)(EmbeddedEngine&)) {
   CLI::App* sub = models->add_subcommand(name, help);
   sub->add_option("--project", args().project, "Project folder (default: the current directory)");
+  sub->add_option("--home", args().home, "Folder of Korvane.ini and the language files");
   sub->callback([action] {
+    HomePaths home;
+    std::string error;
+    if (!resolveHome(args().home, home, error)) {
+      std::cerr << terminal(error) << "\n";
+      setExitCode(kUsageError);
+      return;
+    }
+    messages() = Messages(home.language);
     auto engine = openEngine();
     if (engine) setExitCode(action(*engine));
   });
