@@ -71,6 +71,8 @@ FolderState folderState(const std::string& folder) {
   std::error_code ec;
   for (const auto& e : std::filesystem::directory_iterator(fs::native(folder), ec)) {
     if (!e.is_regular_file(ec)) continue;
+    const std::string name = e.path().filename().string();
+    if (name.size() > 8 && name.compare(name.size() - 8, 8, "-journal") == 0) continue;  // SQLite's own
     s[fs::fromNative(e.path().filename())] = {e.file_size(ec), e.last_write_time(ec)};
   }
   return s;
