@@ -1,8 +1,5 @@
 // The korvane program end to end: `korvane compile` as users and scripts call it.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-
-#include <cstdlib>
 
 #include "support/project.h"
 
@@ -12,15 +9,10 @@ namespace {
 
 struct CliCompile : ::testing::Test {
   test::TempProject project;
-  std::string bin = std::string(KORVANE_BIN_DIR) + "/korvane";
   std::string home = test::sourceDir() + "/data";
 
-  // Runs korvane with `args` in the project folder; returns the exit status.
   int run(const std::string& args) {
-    std::string cmd = "cd '" + project.folder() + "' && '" + bin + "' " + args + " --home '" +
-                      home + "' >out.txt 2>err.txt </dev/null";
-    int rc = std::system(cmd.c_str());
-    return WIFEXITED(rc) ? WEXITSTATUS(rc) : -1;
+    return test::runKorvane(project.folder(), args + " --home '" + home + "'");
   }
 };
 

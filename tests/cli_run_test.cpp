@@ -1,8 +1,6 @@
 // `korvane run` end to end on the example project, with the embedded engine.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "support/project.h"
@@ -13,17 +11,14 @@ namespace {
 
 struct CliRun : ::testing::Test {
   test::TempProject project;
-  std::string bin = std::string(KORVANE_BIN_DIR) + "/korvane";
 
   void SetUp() override {
     std::filesystem::copy(test::sourceDir() + "/examples/road", project.folder(),
                           std::filesystem::copy_options::recursive);
   }
   int run(const std::string& args) {
-    std::string cmd = "cd '" + project.folder() + "' && KORVANE_HOME='" + test::sourceDir() +
-                      "/data' '" + bin + "' " + args + " >out.txt 2>err.txt </dev/null";
-    int rc = std::system(cmd.c_str());
-    return WIFEXITED(rc) ? WEXITSTATUS(rc) : -1;
+    return test::runKorvane(project.folder(), args,
+                            "KORVANE_HOME='" + test::sourceDir() + "/data'");
   }
   std::string out() { return project.read("out.txt"); }
 };

@@ -5,7 +5,7 @@
 #include "compiler/file_search.h"
 #include "compiler/flush.h"
 #include "compiler/runtime_failure.h"
-#include "compiler/text.h"
+#include "shell/text.h"
 #include "shell/codepage.h"
 #include "shell/conversions.h"
 #include "shell/fs.h"

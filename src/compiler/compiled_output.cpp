@@ -1,7 +1,7 @@
 #include "compiler/compiled_output.h"
 
 #include "compiler/runtime_failure.h"
-#include "compiler/text.h"
+#include "shell/text.h"
 #include "shell/codepage.h"
 #include "shell/fs.h"
 

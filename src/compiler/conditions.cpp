@@ -4,7 +4,7 @@
 #include "compiler/compile_call.h"
 #include "compiler/expression.h"
 #include "compiler/runtime_failure.h"
-#include "compiler/text.h"
+#include "shell/text.h"
 #include "shell/codepage.h"
 #include "shell/conversions.h"
 

@@ -4,7 +4,7 @@
 #include "compiler/expression.h"
 #include "compiler/flush.h"
 #include "compiler/runtime_failure.h"
-#include "compiler/text.h"
+#include "shell/text.h"
 #include "shell/conversions.h"
 
 namespace korvane {

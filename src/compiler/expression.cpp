@@ -5,7 +5,7 @@
 
 #include "compiler/field_scanner.h"
 #include "compiler/runtime_failure.h"
-#include "compiler/text.h"
+#include "shell/text.h"
 #include "functions/dispatch.h"
 #include "shell/conversions.h"
 

@@ -1,7 +1,7 @@
 #include "compiler/flush.h"
 
 #include "compiler/runtime_failure.h"
-#include "compiler/text.h"
+#include "shell/text.h"
 #include "shell/fs.h"
 
 namespace korvane {

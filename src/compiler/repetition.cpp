@@ -5,9 +5,9 @@
 #include "compiler/compile_call.h"
 #include "compiler/expression.h"
 #include "compiler/runtime_failure.h"
-#include "compiler/text.h"
 #include "shell/codepage.h"
 #include "shell/conversions.h"
+#include "shell/text.h"
 
 namespace korvane {
 namespace {
@@ -36,6 +36,13 @@ bool nextRow(CompileCall& call, std::string& row) {
 }
 
 std::string fieldName(int i, const char* suffix) { return "f" + std::to_string(i) + suffix; }
+
+// Splits a data row and assigns its fields to f1<suffix> .. f14<suffix>.
+void assignRow(RunContext& ctx, const std::string& row, const char* suffix) {
+  splitFields(ctx, row);
+  for (int i = 1; i <= kRowFields; ++i)
+    applyAssignments(ctx, fieldName(i, suffix) + "=" + ctx.fields[i - 1] + ",");
+}
 
 void countUp(RunContext& ctx, const std::string& r) {
   std::string count = conv::CStr(conv::Val(variableOrName(ctx, "count")) + 1);
@@ -66,9 +73,7 @@ void singleRows(const Insert& in, const std::string& r) {
   bool going = true;
   while (nextRow(in.call, row)) {
     if (!going) continue;  // rows after repeat=end are read and ignored
-    splitFields(ctx, row);
-    for (int i = 1; i <= kRowFields; ++i)
-      applyAssignments(ctx, fieldName(i, "=") + ctx.fields[i - 1] + ",");
+    assignRow(ctx, row, "");
     countUp(ctx, r);
     in.compile(CompileMode::Repeating);
     if (in.stopped()) return;
@@ -82,15 +87,11 @@ void doubleRows(const Insert& in, const std::string& r) {
   RunContext& ctx = in.call.ctx;
   std::string row;
   if (!nextRow(in.call, row)) return;
-  splitFields(ctx, row);
-  for (int i = 1; i <= kRowFields; ++i)
-    applyAssignments(ctx, fieldName(i, "_s=") + ctx.fields[i - 1] + ",");
+  assignRow(ctx, row, "_s");
   bool going = true;
   while (nextRow(in.call, row)) {
     if (!going) continue;
-    splitFields(ctx, row);
-    for (int i = 1; i <= kRowFields; ++i)
-      applyAssignments(ctx, fieldName(i, "_e=") + ctx.fields[i - 1] + ",");
+    assignRow(ctx, row, "_e");
     countUp(ctx, r);
     in.compile(CompileMode::Repeating);
     if (in.stopped()) return;

@@ -1,7 +1,7 @@
 #include "compiler/variable_table.h"
 
 #include "compiler/runtime_failure.h"
-#include "compiler/text.h"
+#include "shell/text.h"
 
 namespace korvane {
 

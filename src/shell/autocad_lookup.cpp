@@ -3,7 +3,7 @@
 #include <iterator>
 
 #include "compiler/expression.h"
-#include "compiler/text.h"
+#include "shell/text.h"
 #include "shell/codepage.h"
 #include "shell/conversions.h"
 

@@ -1,8 +1,10 @@
 #include "support/project.h"
 
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -14,6 +16,13 @@ namespace korvane::test {
 namespace stdfs = std::filesystem;
 
 std::string sourceDir() { return KORVANE_SOURCE_DIR; }
+
+int runKorvane(const std::string& folder, const std::string& args, const std::string& env) {
+  std::string cmd = "cd '" + folder + "' && " + env + " '" + KORVANE_BIN_DIR + "/korvane' " + args +
+                    " >out.txt 2>err.txt </dev/null";
+  int rc = std::system(cmd.c_str());
+  return WIFEXITED(rc) ? WEXITSTATUS(rc) : -1;
+}
 
 TempProject::TempProject() {
   static std::atomic<int> counter{0};

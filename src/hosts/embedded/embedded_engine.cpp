@@ -8,6 +8,7 @@
 #include "hosts/embedded/listing.h"
 #include "hosts/embedded/point_record.h"
 #include "shell/codepage.h"
+#include "shell/text.h"
 
 namespace korvane::hosts::embedded {
 namespace {
@@ -121,7 +122,7 @@ std::int32_t EmbeddedEngine::findModel(std::string_view model, ModelRow& row) {
     std::string error;
     ModelStore* store = access_.get(error);
     if (!store) return error.empty() ? kNoModel : kStoreFailure;
-    auto m = store->findModel(trimmed(model));
+    auto m = store->findModel(text::trim(model));
     if (!m) return kNoModel;
     row = *m;
     return kFound;
@@ -233,7 +234,7 @@ std::int32_t EmbeddedEngine::labelCount(std::string_view model, std::string_view
 
 std::int32_t EmbeddedEngine::parameter(std::string_view name, int group, std::string& value) {
   value.clear();
-  const std::string key = cp::lower(trimmed(name));
+  const std::string key = cp::lower(text::trim(name));
   if (group == 1) {
     if (key == "engine")
       value = "embedded";

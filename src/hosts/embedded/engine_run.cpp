@@ -12,6 +12,7 @@
 #include "hosts/embedded/linemode_lexer.h"
 #include "hosts/embedded/selection_masks.h"
 #include "shell/codepage.h"
+#include "shell/text.h"
 
 namespace korvane::hosts::embedded {
 namespace {
@@ -37,7 +38,7 @@ void storeStep(Step&& step) {
 
 // A record that ends a point list early: "999", "NNN," or "001FORMAT".
 bool looksLikeRecord(std::string_view line) {
-  if (trimmed(line) == "999") return true;
+  if (text::trim(line) == "999") return true;
   int n = minorNumber(line);
   return n >= 0 && (line.size() == 3 || line[3] == ',' || n == 1);
 }
@@ -328,8 +329,8 @@ void EngineRun::closeBlock() {
 void EngineRun::redirect(const std::string& argument) {
   std::size_t comma = argument.rfind(',');
   if (comma == std::string::npos) refuse("OVER needs a file and a channel: over,FILE,genio");
-  std::string file = trimmed(argument.substr(0, comma));
-  std::string channel = trimmed(argument.substr(comma + 1));
+  std::string file = text::trim(argument.substr(0, comma));
+  std::string channel = text::trim(argument.substr(comma + 1));
   if (!cp::equalsIgnoreCase(channel, "genio"))
     refuse("OVER: unknown channel '" + channel + "' (only genio is redirected)");
   if (over_.is_open()) over_.close();
@@ -414,7 +415,7 @@ void EngineRun::addMask(const Fields& f) {
   if (!f.integer(4, mode, error)) refuse(error);
   if (mode && *mode != 1 && *mode != -1) refuse("019: field 4 must be 1 (include) or -1 (exclude)");
   std::string_view mask = f.raw(2);
-  if (rtrimmed(mask).size() > kLabelWidth) refuse("019: a mask has at most 4 characters");
+  if (text::rtrim(mask).size() > kLabelWidth) refuse("019: a mask has at most 4 characters");
   masks_.add(mask, mode.value_or(1) == 1);
 }
 

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "shell/codepage.h"
+#include "shell/text.h"
 
 namespace korvane::hosts::embedded {
 
@@ -50,7 +51,7 @@ bool parseFormatRecord(std::string_view record, FortranFormat& out, std::string&
   }
   std::string_view after = rest.substr(end + 1);
   if (after.find_first_not_of(", ") != std::string_view::npos) {
-    error = "text after the FORMAT list: '" + trimmed(after) + "'";
+    error = "text after the FORMAT list: '" + text::trim(after) + "'";
     return false;
   }
   auto f = FortranFormat::parse(rest.substr(0, end + 1), error);
@@ -62,7 +63,7 @@ bool parseFormatRecord(std::string_view record, FortranFormat& out, std::string&
 std::string formatRecord(const FortranFormat& f) { return "001FORMAT" + f.text(); }
 
 bool parseOrderRecord(const Fields& f, GenioOrder& out, std::string& error) {
-  if (cp::upper(trimmed(f.raw(2))) != "ORDR") {
+  if (cp::upper(text::trim(f.raw(2))) != "ORDR") {
     error = "003 needs ORDR in field 2";
     return false;
   }

@@ -4,6 +4,7 @@
 
 #include "hosts/embedded/fortran_format.h"
 #include "shell/codepage.h"
+#include "shell/text.h"
 
 namespace korvane::hosts::embedded {
 namespace {
@@ -24,18 +25,6 @@ constexpr MajorName kMajors[] = {
 
 }  // namespace
 
-std::string trimmed(std::string_view s) {
-  std::size_t b = s.find_first_not_of(' ');
-  if (b == std::string_view::npos) return {};
-  std::size_t e = s.find_last_not_of(' ');
-  return std::string(s.substr(b, e - b + 1));
-}
-
-std::string rtrimmed(std::string_view s) {
-  std::size_t e = s.find_last_not_of(' ');
-  return e == std::string_view::npos ? std::string() : std::string(s.substr(0, e + 1));
-}
-
 LineKind classifyLine(std::string_view line) {
   if (line.find_first_not_of(' ') == std::string_view::npos) return LineKind::Blank;
   if (line.substr(0, 3) == "   " || line.substr(0, 3) == "***") return LineKind::Comment;
@@ -55,11 +44,11 @@ std::optional<MajorRecord> parseMajor(std::string_view record) {
     MajorRecord r{m.major, std::string(record.substr(0, n)), {}};
     std::string_view rest = record.substr(n);
     if (!rest.empty() && rest[0] == ',') rest.remove_prefix(1);
-    std::string arg = trimmed(rest);
+    std::string arg = text::trim(rest);
     if (m.major != Major::Over) {
-      if (!arg.empty() && arg.back() == ',') arg = trimmed(arg.substr(0, arg.size() - 1));
+      if (!arg.empty() && arg.back() == ',') arg = text::trim(arg.substr(0, arg.size() - 1));
       if (arg.size() >= 2 && arg.front() == '"' && arg.back() == '"')
-        arg = trimmed(arg.substr(1, arg.size() - 2));
+        arg = text::trim(arg.substr(1, arg.size() - 2));
     }
     r.argument = arg;
     return r;
@@ -89,7 +78,7 @@ bool Fields::split(std::string_view record, Fields& out, std::string& error) {
     // "N=value" jumps to field N.
     std::size_t eq = piece.find('=');
     if (position > 1 && eq != std::string_view::npos) {
-      std::string n = trimmed(piece.substr(0, eq));
+      std::string n = text::trim(piece.substr(0, eq));
       bool digits = !n.empty() && n.size() <= 3;
       for (char c : n) digits = digits && isDigit(c);
       if (!digits) {
@@ -125,7 +114,7 @@ std::string_view Fields::raw(int n) const {
 bool Fields::number(int n, std::optional<double>& out, std::string& why) const {
   out.reset();
   if (!has(n)) return true;
-  std::string t = trimmed(raw(n));
+  std::string t = text::trim(raw(n));
   double v = 0;
   if (t.find(' ') != std::string::npos || !parseFortranNumber(t, 0, v)) {
     why = "field " + std::to_string(n) + " ('" + t + "') is not a number";
@@ -141,7 +130,7 @@ bool Fields::integer(int n, std::optional<long>& out, std::string& why) const {
   if (!number(n, v, why)) return false;
   if (!v) return true;
   if (*v != std::floor(*v) || std::fabs(*v) > 2e9) {
-    why = "field " + std::to_string(n) + " ('" + trimmed(raw(n)) + "') is not a whole number";
+    why = "field " + std::to_string(n) + " ('" + text::trim(raw(n)) + "') is not a whole number";
     return false;
   }
   out = static_cast<long>(*v);

@@ -56,7 +56,4 @@ class Fields {
   std::map<int, std::string> fields_;
 };
 
-std::string trimmed(std::string_view s);
-std::string rtrimmed(std::string_view s);
-
 }  // namespace korvane::hosts::embedded

@@ -1,4 +1,4 @@
-#include "compiler/text.h"
+#include "shell/text.h"
 
 namespace korvane::text {
 
