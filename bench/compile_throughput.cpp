@@ -8,9 +8,10 @@
 #include <fstream>
 #include <string>
 
-#include "compiler/driver.h"
+#include "base/fs.h"
 #include "hosts/null_engine.h"
-#include "shell/fs.h"
+#include "shell/driver.h"
+#include "shell/standard_language.h"
 
 using namespace korvane;
 namespace stdfs = std::filesystem;
@@ -43,6 +44,7 @@ void run(const Case& c, const stdfs::path& dir, const std::string& home) {
   ctx.projectFolder = fs::withTrailingSeparator(fs::fromNative(dir));
   ctx.settingsPath = home + "/Korvane.ini";
   ctx.messages = Messages(home + "/English.lng");
+  ctx.language = &standardLanguage();
   ctx.engine = &engine;
   long lines = 0;
   ctx.output.setMxTap([&](std::string_view) { ++lines; });

@@ -6,9 +6,10 @@
 #include <filesystem>
 #include <fstream>
 
-#include "compiler/driver.h"
+#include "base/fs.h"
 #include "hosts/embedded/embedded_engine.h"
-#include "shell/fs.h"
+#include "shell/driver.h"
+#include "shell/standard_language.h"
 
 using namespace korvane;
 namespace stdfs = std::filesystem;
@@ -36,6 +37,7 @@ int main(int argc, char** argv) {
   ctx.projectFolder = fs::withTrailingSeparator(options.projectFolder);
   ctx.settingsPath = home + "/Korvane.ini";
   ctx.messages = Messages(home + "/English.lng");
+  ctx.language = &standardLanguage();
   ctx.engine = engine.get();
 
   auto t0 = std::chrono::steady_clock::now();

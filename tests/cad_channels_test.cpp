@@ -4,7 +4,8 @@
 
 #include <map>
 
-#include "compiler/cad_players.h"
+#include "compiler/compile_failure.h"
+#include "shell/cad_players.h"
 #include "shell/autocad_lookup.h"
 #include "support/project.h"
 
@@ -89,6 +90,17 @@ TEST(AutoCadChannel, PlaysTheScriptWithFiledialogOffAndWaitsForQuiescence) {
                                       "acad.GetAcadState()", "doc.SetVariable(FILEDIA,1)"}));
 }
 
+// The lookup as a compile meets it: a missing AutoCAD ends the run with its
+// message in the stop state.
+hosts::AutoObject lookUp(RunContext& ctx, hosts::AutomationSystem& sys) {
+  try {
+    return lookUpAutoCad(ctx, sys);
+  } catch (const CompileFailure& f) {
+    ctx.stop.raise(describeFailure(ctx.messages, f));
+    return nullptr;
+  }
+}
+
 TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
   test::TempProject project;
   test::Compiler c{project};
@@ -99,24 +111,24 @@ TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
   sys.running["AutoCAD.Application.18.0"] = acad.app;
   sys.running["AutoCAD.Application.17.1"] = acad.app;
 
-  EXPECT_TRUE(lookUpAutoCad(c.ctx, sys));  // undefined: LATEST
+  EXPECT_TRUE(lookUp(c.ctx, sys));  // undefined: LATEST
   c.ctx.vars.set("g_acadver", "OLDEST");
-  EXPECT_TRUE(lookUpAutoCad(c.ctx, sys));
+  EXPECT_TRUE(lookUp(c.ctx, sys));
   EXPECT_EQ(sys.attached,
             (std::vector<std::string>{"AutoCAD.Application.18.0", "AutoCAD.Application.17.1"}));
   c.ctx.vars.set("g_acadver", "2007");  // 17.0: not running
-  EXPECT_FALSE(lookUpAutoCad(c.ctx, sys));
+  EXPECT_FALSE(lookUp(c.ctx, sys));
   EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", "2007 "));
 
   sys.processes["acad.exe"].pop_back();  // one process: always the plain name
   sys.running["AutoCAD.Application"] = acad.app;
   c.ctx.stop.clear();
   c.ctx.vars.set("g_acadver", "LATEST");
-  EXPECT_TRUE(lookUpAutoCad(c.ctx, sys));
+  EXPECT_TRUE(lookUp(c.ctx, sys));
   EXPECT_EQ(sys.attached.back(), "AutoCAD.Application");
 
   sys.processes.clear();
-  EXPECT_FALSE(lookUpAutoCad(c.ctx, sys));
+  EXPECT_FALSE(lookUp(c.ctx, sys));
   EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", ""));
 }
 

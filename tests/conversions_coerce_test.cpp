@@ -4,7 +4,7 @@
 #include <limits>
 #include <string>
 
-#include "shell/conversions.h"
+#include "base/conversions.h"
 
 using namespace korvane::conv;
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "shell/conversions.h"
+#include "base/conversions.h"
 
 using namespace korvane::conv;
 

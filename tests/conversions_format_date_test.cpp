@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "shell/conversions.h"
+#include "base/conversions.h"
 #include "support/format_cases.h"
 
 using namespace korvane::conv;

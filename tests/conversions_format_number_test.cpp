@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "shell/conversions.h"
+#include "base/conversions.h"
 #include "support/format_cases.h"
 
 using namespace korvane::conv;

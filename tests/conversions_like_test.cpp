@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-#include "shell/conversions.h"
+#include "base/conversions.h"
 
 using namespace korvane::conv;
 

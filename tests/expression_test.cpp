@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "compiler/compile_failure.h"
 #include "compiler/field_scanner.h"
-#include "compiler/runtime_failure.h"
 #include "support/project.h"
 
 using namespace korvane;

@@ -4,9 +4,9 @@
 
 #include <random>
 
+#include "base/conversions.h"
+#include "compiler/compile_failure.h"
 #include "compiler/expression.h"
-#include "compiler/runtime_failure.h"
-#include "shell/conversions.h"
 #include "support/project.h"
 
 using namespace korvane;

@@ -1,9 +1,9 @@
 // Ini files as Windows reads and writes them.
-#include "shell/profile.h"
+#include "base/profile.h"
 
 #include <gtest/gtest.h>
 
-#include "shell/messages.h"
+#include "base/messages.h"
 #include "support/project.h"
 
 using namespace korvane;

@@ -5,10 +5,10 @@
 #include <fstream>
 #include <iostream>
 
+#include "base/fs.h"
 #include "cli/commands.h"
 #include "cli/session.h"
-#include "compiler/driver.h"
-#include "shell/fs.h"
+#include "shell/driver.h"
 
 namespace korvane::cli {
 namespace {

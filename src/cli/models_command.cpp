@@ -6,12 +6,12 @@
 #include <memory>
 #include <sstream>
 
+#include "base/codepage.h"
+#include "base/messages.h"
 #include "cli/commands.h"
 #include "hosts/embedded/embedded_engine.h"
 #include "hosts/embedded/genio_records.h"
-#include "shell/codepage.h"
 #include "shell/home.h"
-#include "shell/messages.h"
 
 namespace korvane::cli {
 namespace {

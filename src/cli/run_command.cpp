@@ -12,12 +12,12 @@
 #include <filesystem>
 #include <map>
 
+#include "base/codepage.h"
+#include "base/fs.h"
 #include "cli/commands.h"
 #include "cli/session.h"
-#include "compiler/cad_players.h"
 #include "hosts/embedded/embedded_engine.h"
-#include "shell/codepage.h"
-#include "shell/fs.h"
+#include "shell/cad_players.h"
 
 namespace korvane::cli {
 namespace {
@@ -72,7 +72,8 @@ FolderState folderState(const std::string& folder) {
   for (const auto& e : std::filesystem::directory_iterator(fs::native(folder), ec)) {
     if (!e.is_regular_file(ec)) continue;
     const std::string name = e.path().filename().string();
-    if (name.size() > 8 && name.compare(name.size() - 8, 8, "-journal") == 0) continue;  // SQLite's own
+    if (name.size() > 8 && name.compare(name.size() - 8, 8, "-journal") == 0)
+      continue;  // SQLite's own
     s[fs::fromNative(e.path().filename())] = {e.file_size(ec), e.last_write_time(ec)};
   }
   return s;

@@ -2,9 +2,10 @@
 
 #include <iostream>
 
-#include "shell/codepage.h"
-#include "shell/fs.h"
-#include "shell/profile.h"
+#include "base/codepage.h"
+#include "base/fs.h"
+#include "base/profile.h"
+#include "shell/standard_language.h"
 
 namespace korvane::cli {
 
@@ -64,6 +65,7 @@ std::unique_ptr<Session> Session::open(const SessionOptions& options,
   RunContext& ctx = s->ctx;
   ctx.settingsPath = s->paths.settings;
   ctx.messages = Messages(s->paths.language);
+  ctx.language = &standardLanguage();
 
   std::string project =
       options.project.empty() ? fs::currentFolder() : fromTerminal(options.project);

@@ -27,17 +27,6 @@ struct CompileCall {
   bool readLine(std::string& line) { return reader.readLine(line); }
 };
 
-// Directives implemented outside the line loop. Each returns true when the
-// call must return (the rest of the file is skipped).
-void insertDirective(CompileCall& call, const std::string& fileSpec);
-bool conditionDirective(CompileCall& call, const std::string& line);
-void extendedCommand(CompileCall& call, const std::string& keyword);
-void xlmacroDirective(CompileCall& call);
-void xlputDirective(CompileCall& call);
-void channelDirective(CompileCall& call, const std::string& keyword);
-bool isExtendedCommand(const std::string& keyword);
-bool isChannelDirective(const std::string& keyword);
-
 // True when `repeat` now evaluates to `word`.
 bool repeatIs(RunContext& ctx, const char* word);
 

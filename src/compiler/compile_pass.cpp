@@ -1,14 +1,16 @@
 #include "compiler/compile_pass.h"
 
+#include "base/codepage.h"
+#include "base/conversions.h"
+#include "base/fs.h"
+#include "base/text.h"
 #include "compiler/compile_call.h"
+#include "compiler/compile_failure.h"
+#include "compiler/directive_call.h"
 #include "compiler/expression.h"
 #include "compiler/file_search.h"
 #include "compiler/flush.h"
-#include "compiler/runtime_failure.h"
-#include "shell/text.h"
-#include "shell/codepage.h"
-#include "shell/conversions.h"
-#include "shell/fs.h"
+#include "compiler/language.h"
 
 namespace korvane {
 namespace {
@@ -61,6 +63,34 @@ void writePlainLine(RunContext& ctx, const std::string& line) {
   if (out.ext == "scr" && blank) ctx.output.writeLine(line);
 }
 
+// Compiles the settings file's "[COMMAND:keyword]" section, whose `default`
+// line assigns the command's defaults and then `passedDown`.
+void defaultBlock(RunContext& ctx, const std::string& keyword, const std::string& passedDown) {
+  CompileFile(ctx, ctx.settingsPath + " [COMMAND:" + keyword + "]", "", "", passedDown,
+              CompileMode::Whole);
+}
+
+void prepare(RunContext& ctx, DirectiveCall& d, const std::string& keyword, const Preparation& p) {
+  if (p.announce)
+    ctx.output.writeLine("   " + ctx.messages.format("Outputs", p.announce, d.argument(1)));
+  if (p.flushFirst) flushAndRun(ctx);
+  if (p.readKeywordText) d.setKeywordText(d.compileCall().readKeywordText());
+  if (p.defaults != DefaultBlock::None)
+    defaultBlock(ctx, keyword, p.defaults == DefaultBlock::WithKeywordText ? d.keywordText() : "");
+  for (const std::string& list : p.assignments)
+    applyAssignments(ctx, replaceAll(list, "%1", d.argument(1)));
+  if (p.assignKeywordText) applyAssignments(ctx, d.keywordText());
+}
+
+const DirectiveTable& directives(const RunContext& ctx) {
+  static const DirectiveTable compilerOnly = [] {
+    DirectiveTable t;
+    addCompilerDirectives(t);
+    return t;
+  }();
+  return ctx.language ? ctx.language->directives : compilerOnly;
+}
+
 // Handles one line; returns true when the call must return.
 bool compileLine(CompileCall& call, std::string line) {
   RunContext& ctx = call.ctx;
@@ -69,69 +99,26 @@ bool compileLine(CompileCall& call, std::string line) {
   rewriteLine(line);
   ctx.currentLine = line;
   splitFields(ctx, line);
+  // A line that begins with three blanks is MX data, never a directive.
   const std::string keyword =
       text::startsWith(line, "   ") ? std::string() : cp::lower(ctx.fields[0]);
-  const std::string arg1 = ctx.fields[1], arg2 = ctx.fields[2];
-
-  if (keyword == "fini") return true;
-  if (keyword == "insert") {
-    insertDirective(call, arg1);
-  } else if (keyword == "default") {
-    applyAssignments(ctx, call.readKeywordText());
-    applyAssignments(ctx, call.assignText);
-  } else if (keyword == "option" || keyword == "rem") {
-  } else if (keyword == "repeat") {
-    if (call.mode == CompileMode::Leading) return true;
-  } else if (keyword == "endrepeat") {
-    if (call.mode == CompileMode::Repeating) return true;
-  } else if (keyword == "reset") {
-    ctx.vars.clear();
-  } else if (keyword == "let") {
-    applyAssignments(ctx, line.size() > 4 ? std::string_view(line).substr(4) : std::string_view());
-    return repeatIs(ctx, "skip");
-  } else if (keyword == "if") {
-    conditionDirective(call, line);
-    return repeatIs(ctx, "skip");
-  } else if (isExtendedCommand(keyword)) {
-    extendedCommand(call, keyword);
-  } else if (keyword == "xlmacro") {
-    xlmacroDirective(call);
-  } else if (keyword == "xlput") {
-    xlputDirective(call);
-  } else if (keyword == "kill") {
-    flushAndRun(ctx);
-    fs::removeFile(ctx.projectFolder + arg1);
-  } else if (keyword == "copyfile") {
-    flushAndRun(ctx);
-    fs::copyFile(ctx.projectFolder + arg1, ctx.projectFolder + arg2);
-  } else if (isChannelDirective(keyword)) {
-    channelDirective(call, keyword);
-  } else {
+  const DirectiveRow* row = keyword.empty() ? nullptr : directives(ctx).find(keyword);
+  if (!row) {
     writePlainLine(ctx, line);
+    return false;
   }
-  return false;
+  DirectiveCall d(call, line);
+  prepare(ctx, d, keyword, row->preparation);
+  return row->handler(d) == DirectiveResult::EndCall;
 }
 
 // Adds the place where the compile stood to a failure that has none yet.
-void locate(RuntimeFailure& f, const CompileCall& call) {
+void locate(CompileFailure& f, const CompileCall& call) {
   if (f.located) return;
   f.located = true;
   f.file = call.reader.fullName();
   f.line = call.reader.lineNumber();
   f.lineText = call.rawLine;
-}
-
-RuntimeFailure fromConversion(const conv::ConversionError& e) {
-  switch (e.code()) {
-    case conv::ConvErrc::Overflow:
-      return RuntimeFailure("overflow", e.what());
-    case conv::ConvErrc::TypeMismatch:
-      return RuntimeFailure("mismatch", e.what());
-    case conv::ConvErrc::InvalidPattern:
-      return RuntimeFailure("pattern", e.what());
-    default:
-      return RuntimeFailure("badarg", e.what());
-  }
 }
 
 }  // namespace
@@ -150,9 +137,14 @@ std::string CompileCall::readKeywordText() {
   return result + ",";
 }
 
+DirectiveCall::DirectiveCall(CompileCall& call, std::string line)
+    : call_(call), fields_(call.ctx.fields), line_(std::move(line)), context_(call.ctx) {}
+
+bool DirectiveCall::readLine(std::string& line) { return call_.readLine(line); }
+const std::string& DirectiveCall::fileName() const { return call_.reader.fullName(); }
+
 void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string& baseFolder,
                  const std::string& currentFile, const std::string& assignText, CompileMode mode) {
-  if (ctx.stop.set) return;
   DepthGuard guard(ctx);
 
   CompileCall call{ctx, {}, {}, {}, assignText, mode};
@@ -167,30 +159,17 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     throw RuntimeFailure("depth", std::to_string(kMaxCompileDepth), name);
 
   FoundFile found = findInputFile(ctx, name, baseFolder);
-  if (!found.found) {
-    ctx.stop.raise(ctx.messages.format("Messages", "s9", found.shownName));
-    return;
-  }
+  if (!found.found || !call.reader.open(found.fullName)) throw StopMessage("s9", found.shownName);
   call.folder = found.folder;
-  if (!call.reader.open(found.fullName)) {
-    ctx.stop.raise(ctx.messages.format("Messages", "s9", found.shownName));
-    return;
-  }
 
   try {
-    if (!label.empty() && !seekLine(call, label)) {
-      ctx.stop.raise(ctx.messages.format("Messages", "s13", found.shownName, label));
-      return;
-    }
+    if (!label.empty() && !seekLine(call, label)) throw StopMessage("s13", found.shownName, label);
     const char* seek = mode == CompileMode::Repeating  ? "repeat"
                        : mode == CompileMode::Trailing ? "endrepeat"
                                                        : nullptr;
-    if (seek && !seekLine(call, seek)) {
-      ctx.stop.raise(ctx.messages.format("Messages", "s14", seek));
-      return;
-    }
+    if (seek && !seekLine(call, seek)) throw StopMessage("s14", seek);
     std::string line;
-    while (!ctx.stop.set) {
+    for (;;) {
       if (ctx.interrupted && ctx.interrupted->load()) throw RuntimeFailure("interrupted");
       if (!call.readLine(line)) return;
       ctx.currentLine = call.rawLine = line;
@@ -198,11 +177,11 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
       if (!line.empty() && line[0] == '[') return;
       if (compileLine(call, line)) return;
     }
-  } catch (RuntimeFailure& f) {
+  } catch (CompileFailure& f) {
     locate(f, call);
     throw;
   } catch (const conv::ConversionError& e) {
-    RuntimeFailure f = fromConversion(e);
+    RuntimeFailure f = failureFromConversion(e);
     locate(f, call);
     throw f;
   }

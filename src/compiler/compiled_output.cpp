@@ -1,9 +1,9 @@
 #include "compiler/compiled_output.h"
 
-#include "compiler/runtime_failure.h"
-#include "shell/text.h"
-#include "shell/codepage.h"
-#include "shell/fs.h"
+#include "base/codepage.h"
+#include "base/fs.h"
+#include "base/text.h"
+#include "compiler/compile_failure.h"
 
 namespace korvane {
 
@@ -30,7 +30,26 @@ void CompiledOutput::writeLine(std::string_view line) {
   if (tap_ && isMxChannel() && !isSentinelLine(line)) tap_(line);
 }
 
-bool CompiledOutput::isMxChannel() const { return text::endsWith(name_, "tmpinput.txt"); }
+Channel channelOf(std::string_view fullName) {
+  const std::string_view last =
+      fullName.size() >= 12 ? fullName.substr(fullName.size() - 12) : fullName;
+  for (Channel c : {Channel::Mx, Channel::AutoCadScript, Channel::MicroStationKeyin})
+    if (last == channelFileName(c)) return c;
+  return Channel::Print;
+}
+
+const char* channelFileName(Channel channel) {
+  switch (channel) {
+    case Channel::Mx:
+      return "tmpinput.txt";
+    case Channel::AutoCadScript:
+      return "tmpinput.scr";
+    case Channel::MicroStationKeyin:
+      return "tmpinput.key";
+    default:
+      return "";
+  }
+}
 
 bool isSentinelLine(std::string_view line) {
   std::string l = cp::lower(line);

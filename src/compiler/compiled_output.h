@@ -13,6 +13,14 @@ inline constexpr std::string_view kSentinelCreate = "crea,it is just a flag mode
 inline constexpr std::string_view kSentinelDelete = "dele,it is just a flag model";
 inline constexpr std::string_view kSentinelModel = "it is just a flag model";
 
+// Where the compiled output goes, told by the last 12 characters of its name:
+// the MX input, an AutoCAD script, a MicroStation key-in file, or any other
+// file named by a `print` directive.
+enum class Channel { Mx, AutoCadScript, MicroStationKeyin, Print };
+Channel channelOf(std::string_view fullName);
+// "tmpinput.txt", "tmpinput.scr", "tmpinput.key"; empty for a print file.
+const char* channelFileName(Channel channel);
+
 class CompiledOutput {
  public:
   CompiledOutput() = default;
@@ -31,8 +39,8 @@ class CompiledOutput {
 
   void writeLine(std::string_view line);
 
-  // True when the output is the MX input (its name ends with "tmpinput.txt").
-  bool isMxChannel() const;
+  Channel channel() const { return channelOf(name_); }
+  bool isMxChannel() const { return channel() == Channel::Mx; }
 
   // Receives every line written to the MX input except the sentinel lines.
   void setMxTap(std::function<void(std::string_view)> tap) { tap_ = std::move(tap); }

@@ -1,12 +1,13 @@
 // The conditional line: "if," condition " then " assignments [" else " assignments].
 #include <array>
 
+#include "base/codepage.h"
+#include "base/conversions.h"
+#include "base/text.h"
 #include "compiler/compile_call.h"
+#include "compiler/compile_failure.h"
+#include "compiler/directives.h"
 #include "compiler/expression.h"
-#include "compiler/runtime_failure.h"
-#include "shell/text.h"
-#include "shell/codepage.h"
-#include "shell/conversions.h"
 
 namespace korvane {
 namespace {
@@ -56,7 +57,7 @@ bool existCondition(CompileCall& call, const std::string& condition, bool& appli
 
 }  // namespace
 
-bool conditionDirective(CompileCall& call, const std::string& line) {
+void conditionDirective(CompileCall& call, const std::string& line) {
   RunContext& ctx = call.ctx;
   const std::string s = line.substr(3);
   const std::string lowered = cp::lower(s);
@@ -93,10 +94,9 @@ bool conditionDirective(CompileCall& call, const std::string& line) {
   } else {
     truth = existCondition(call, condition, applies);
   }
-  if (!applies) return false;
+  if (!applies) return;
   call.lastCondition = truth;
   applyAssignments(ctx, (truth ? thenPart : elsePart) + ",");
-  return false;
 }
 
 }  // namespace korvane

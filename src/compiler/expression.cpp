@@ -3,11 +3,11 @@
 #include <cmath>
 #include <cstdio>
 
+#include "base/conversions.h"
+#include "base/text.h"
+#include "compiler/compile_failure.h"
 #include "compiler/field_scanner.h"
-#include "compiler/runtime_failure.h"
-#include "shell/text.h"
-#include "functions/dispatch.h"
-#include "shell/conversions.h"
+#include "compiler/function_dispatch.h"
 
 namespace korvane {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "shell/fs.h"
+#include "base/fs.h"
 
 namespace korvane {
 

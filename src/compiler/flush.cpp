@@ -1,8 +1,8 @@
 #include "compiler/flush.h"
 
-#include "compiler/runtime_failure.h"
-#include "shell/text.h"
-#include "shell/fs.h"
+#include "base/fs.h"
+#include "base/text.h"
+#include "compiler/compile_failure.h"
 
 namespace korvane {
 namespace {
@@ -30,7 +30,9 @@ void reopenFresh(RunContext& ctx, const std::string& name) {
 
 }  // namespace
 
-std::string mxOutputName(const RunContext& ctx) { return ctx.projectFolder + "tmpinput.txt"; }
+std::string mxOutputName(const RunContext& ctx) {
+  return ctx.projectFolder + std::string(channelFileName(Channel::Mx));
+}
 
 void beginMxOutput(RunContext& ctx) {
   ctx.output.open(mxOutputName(ctx));
@@ -79,15 +81,14 @@ void copyToSaveFiles(RunContext& ctx, const std::string& compiled) {
 void saveCompiledOutput(RunContext& ctx) noexcept {
   try {
     copyToSaveFiles(ctx, ctx.output.fullName());
-  } catch (const RuntimeFailure&) {
-    // Reported already by the failure that brought us here.
+  } catch (const CompileFailure&) {
+    // The failure that brought us here is the one reported.
   }
 }
 
 void runCompiledOutput(RunContext& ctx) {
   const std::string name = ctx.output.fullName();
   copyToSaveFiles(ctx, name);
-  if (ctx.stop.set) return;
   if (onlySentinels(name)) return;
   ctx.status(ctx.text("StatusBar1", "stat3"));
   ++ctx.engineRuns;
@@ -98,38 +99,43 @@ void runCompiledOutput(RunContext& ctx) {
   bool sentinelLeft = ctx.engine && ctx.engine->configuration().modelExists(kSentinelModel);
   if (sentinelLeft || !result.ok()) {
     ctx.status(ctx.text("StatusBar1", "stat4"));
-    std::string message = ctx.text("Messages", "s5");
-    if (!result.ok()) message += "\n" + ctx.messages.format("Runtime", "engine", result.error);
-    if (!ctx.whereFile.empty())
-      message += "\n" + ctx.messages.format("Runtime", "where", ctx.whereFile,
-                                            std::to_string(ctx.whereLine));
-    ctx.stop.raise(message);
+    StopMessage stop("s5");
+    stop.engineError = result.error;
+    stop.whereFile = ctx.whereFile;
+    stop.whereLine = ctx.whereLine;
+    throw stop;
   }
 }
 
 void flushAndRun(RunContext& ctx) {
   const std::string name = ctx.output.fullName();
-  const std::string channel = name.size() >= 12 ? name.substr(name.size() - 12) : name;
-  if (channel == "tmpinput.txt") {
-    ctx.output.writeLine(kSentinelDelete);
-    ctx.output.close();
-    runCompiledOutput(ctx);
-    beginMxOutput(ctx);
-  } else if (channel == "tmpinput.scr") {
-    ctx.output.close();
-    if (ctx.players.script)
+  switch (channelOf(name)) {
+    case Channel::Mx:
+      ctx.output.writeLine(kSentinelDelete);
+      ctx.output.close();
+      try {
+        runCompiledOutput(ctx);
+      } catch (const StopMessage&) {
+        beginMxOutput(ctx);  // the output after a stopped run is a fresh one, as after any run
+        throw;
+      }
+      beginMxOutput(ctx);
+      break;
+    case Channel::AutoCadScript:
+      ctx.output.close();
+      if (!ctx.players.script) throw StopMessage("s15", "");  // no AutoCAD here
       ctx.players.script(ctx, name);
-    else
-      ctx.stop.raise(ctx.messages.format("Messages", "s15", ""));  // no AutoCAD here
-    if (ctx.stop.set) return;
-    reopenFresh(ctx, name);
-  } else if (channel == "tmpinput.key") {
-    ctx.output.close();
-    if (!ctx.players.keyin) throw RuntimeFailure("mstation");  // no MicroStation here
-    ctx.players.keyin(ctx, name);
-    reopenFresh(ctx, name);
+      reopenFresh(ctx, name);
+      break;
+    case Channel::MicroStationKeyin:
+      ctx.output.close();
+      if (!ctx.players.keyin) throw RuntimeFailure("mstation");  // no MicroStation here
+      ctx.players.keyin(ctx, name);
+      reopenFresh(ctx, name);
+      break;
+    case Channel::Print:
+      break;  // a print file stays open and keeps receiving lines
   }
-  // Any other name is a print file: it stays open and keeps receiving lines.
 }
 
 }  // namespace korvane

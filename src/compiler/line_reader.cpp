@@ -1,8 +1,8 @@
 #include "compiler/line_reader.h"
 
-#include "compiler/runtime_failure.h"
-#include "shell/codepage.h"
-#include "shell/fs.h"
+#include "base/codepage.h"
+#include "base/fs.h"
+#include "compiler/compile_failure.h"
 
 namespace korvane {
 

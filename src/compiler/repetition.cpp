@@ -2,12 +2,13 @@
 // the selection list ("each"), or over data rows ("single", "double").
 #include <string>
 
+#include "base/codepage.h"
+#include "base/conversions.h"
+#include "base/text.h"
 #include "compiler/compile_call.h"
+#include "compiler/compile_failure.h"
+#include "compiler/directives.h"
 #include "compiler/expression.h"
-#include "compiler/runtime_failure.h"
-#include "shell/codepage.h"
-#include "shell/conversions.h"
-#include "shell/text.h"
 
 namespace korvane {
 namespace {
@@ -22,7 +23,6 @@ struct Insert {
   void compile(CompileMode mode) const {
     CompileFile(call.ctx, target, call.folder, call.name, assign, mode);
   }
-  bool stopped() const { return call.ctx.stop.set; }
 };
 
 // Reads the next data row of the caller's file: skips "##" lines; false at
@@ -62,7 +62,7 @@ void counted(const Insert& in, const std::string& r, bool eachMode) {
       applyAssignments(ctx, "each=" + ctx.selection[i - 1] + ",");
     }
     in.compile(CompileMode::Repeating);
-    if (in.stopped() || repeatIs(ctx, "end")) break;
+    if (repeatIs(ctx, "end")) break;
   }
 }
 
@@ -76,7 +76,6 @@ void singleRows(const Insert& in, const std::string& r) {
     assignRow(ctx, row, "");
     countUp(ctx, r);
     in.compile(CompileMode::Repeating);
-    if (in.stopped()) return;
     if (repeatIs(ctx, "end")) going = false;
   }
 }
@@ -94,7 +93,6 @@ void doubleRows(const Insert& in, const std::string& r) {
     assignRow(ctx, row, "_e");
     countUp(ctx, r);
     in.compile(CompileMode::Repeating);
-    if (in.stopped()) return;
     for (int i = 1; i <= kRowFields; ++i) {
       const std::string s = fieldName(i, "_s"), e = fieldName(i, "_e");
       if (variableOrName(ctx, s) != s) ctx.vars.set(s, "");
@@ -132,7 +130,6 @@ void insertDirective(CompileCall& call, const std::string& fileSpec) {
     return;
   }
   in.compile(CompileMode::Leading);
-  if (in.stopped()) return;
   applyAssignments(ctx, "count=0,");
   if (r == "single")
     singleRows(in, r);
@@ -140,7 +137,6 @@ void insertDirective(CompileCall& call, const std::string& fileSpec) {
     doubleRows(in, r);
   else
     counted(in, r, eachMode);
-  if (in.stopped()) return;
   in.compile(CompileMode::Trailing);
 }
 

@@ -1,18 +1,18 @@
 #include "compiler/run_context.h"
 
-#include "shell/fs.h"
+#include "base/fs.h"
 
 namespace korvane {
 
-std::string RunContext::projectMacros() const {
+std::string RunEnvironment::projectMacros() const {
   return engine ? engine->configuration().setting("ProjectMacros") : std::string();
 }
 
-std::string RunContext::privateMacros() const {
+std::string RunEnvironment::privateMacros() const {
   return engine ? engine->configuration().setting("PrivateMacros") : std::string();
 }
 
-std::string RunContext::mxProjectFolder() const {
+std::string RunEnvironment::mxProjectFolder() const {
   return engine ? engine->project().currentFolder() : fs::withoutTrailingSeparator(projectFolder);
 }
 

@@ -1,7 +1,9 @@
-// Everything a compile run shares between the compile pass, the expression
-// evaluator, the functions and the extended commands: the variable table, the
-// stop state, the current line and its fields, the argument array, the
-// selection list, the compiled output and the hosts it talks to.
+// What a compile run shares, split by what it is:
+//  - RunEnvironment: the run's settings and hosts, set up once by the shell;
+//  - CompileState: what the compile pass, the expressions, the functions and
+//    the commands change as the run goes on.
+// The compiler works on RunContext, which is both. Functions and extended
+// commands see the narrower CallContext (compiler/call_context.h).
 #pragma once
 
 #include <array>
@@ -12,16 +14,18 @@
 #include <string>
 #include <vector>
 
+#include "base/messages.h"
 #include "compiler/compiled_output.h"
 #include "compiler/variable_table.h"
 #include "hosts/mx.h"
-#include "shell/messages.h"
 
 namespace korvane {
 
 struct RunContext;
+struct LanguageTables;
 
-// The stop state: set by whoever ends the run early, with the message to show.
+// The stop state: set by the driver when a failure ended the run, with the
+// message to show; the Run command reads it and ends the run.
 struct StopState {
   bool set = false;
   std::string message;
@@ -35,7 +39,8 @@ struct StopState {
   }
 };
 
-// Where and why a run-time failure ended the compile.
+// Where and why a run-time failure ended the compile, for front ends that
+// show more than the message.
 struct FailureReport {
   std::string description;  // the language file's text for the failure
   std::string file;
@@ -78,44 +83,19 @@ struct SaveFiles {
   std::string lastCombinedLine, lastSeparateLine;
 };
 
-struct RunContext {
-  // Settings of the run.
+struct RunEnvironment {
   std::string projectFolder;  // ends with a separator
   std::string settingsPath;
   Messages messages;
+  const LanguageTables* language = nullptr;  // directives and functions of the input language
   hosts::MxEngine* engine = nullptr;
   ChannelPlayers players;
   InputPrompt* prompt = nullptr;
   StatusSink* statusSink = nullptr;
   std::function<void(const std::string&)> log;  // the run's log (trapped failures)
-
-  // Shared state of the compile.
-  VariableTable vars;
-  StopState stop;
-  std::optional<FailureReport> failure;
-  std::string currentLine;
-  std::array<std::string, 15> fields;
-  std::array<std::string, 15> args;
-  int argCount = 0;
-  int expectedArgs = 0;
-  std::int32_t queryStatus = 0;
-  std::int32_t pointCount = 0;
-  hosts::PointRecord pointRecord;
-  std::vector<std::string> selection;
-  std::int32_t tempCounter = 0;
-  std::string labelSeed = "S000";
-  int depth = 0;  // nesting of the compile pass
-  // Where the compile stands: the file and line read last, for messages about
-  // MX runs that a flush started there.
-  std::string whereFile;
-  long whereLine = 0;
-  const void* whereOwner = nullptr;
-  CompiledOutput output;
-  SaveFiles save;
-  int engineRuns = 0;  // MX runs of the current entry, for progress reports
-  std::function<void(int run)> onEngineRun;
   // Set from outside (Ctrl-C, the window's stop button) to end the run at the next line.
   const std::atomic<bool>* interrupted = nullptr;
+  std::function<void(int run)> onEngineRun;  // MX runs of the current entry, for progress
 
   // Macro folders asked of MX (empty when it has none).
   std::string projectMacros() const;
@@ -132,5 +112,28 @@ struct RunContext {
     if (log) log(line);
   }
 };
+
+struct CompileState {
+  VariableTable vars;
+  StopState stop;
+  std::optional<FailureReport> failure;  // the run-time failure that set the stop state
+  std::string currentLine;
+  std::array<std::string, 15> fields;
+  std::array<std::string, 15> args;  // the arguments of the function call being dispatched
+  int argCount = 0;
+  std::vector<std::string> selection;  // string labels that `repeat=each...` iterates
+  std::int32_t tempCounter = 0;
+  int depth = 0;  // nesting of the compile pass
+  // Where the compile stands: the file and line read last, for messages about
+  // MX runs that a flush started there.
+  std::string whereFile;
+  long whereLine = 0;
+  const void* whereOwner = nullptr;
+  CompiledOutput output;
+  SaveFiles save;
+  int engineRuns = 0;  // MX runs of the current entry
+};
+
+struct RunContext : RunEnvironment, CompileState {};
 
 }  // namespace korvane

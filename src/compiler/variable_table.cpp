@@ -1,7 +1,7 @@
 #include "compiler/variable_table.h"
 
-#include "compiler/runtime_failure.h"
-#include "shell/text.h"
+#include "base/text.h"
+#include "compiler/compile_failure.h"
 
 namespace korvane {
 

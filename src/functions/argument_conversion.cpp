@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "compiler/runtime_failure.h"
-#include "functions/function_table.h"
-#include "shell/conversions.h"
+#include "base/conversions.h"
+#include "compiler/compile_failure.h"
+#include "functions/functions.h"
 
 namespace korvane {
 namespace {
@@ -14,22 +14,21 @@ auto convert(const std::string& text, F f) {
   try {
     return f(text);
   } catch (const conv::ConversionError& e) {
-    if (e.code() == conv::ConvErrc::Overflow) throw RuntimeFailure("overflow", text);
-    throw RuntimeFailure("mismatch", text);
+    throw failureFromConversion(e, text);
   }
 }
 
 }  // namespace
 
-double numberArg(const RunContext& ctx, int k) {
+double numberArg(const CallContext& ctx, int k) {
   return convert(arg(ctx, k), [](const std::string& t) { return conv::CDbl(t); });
 }
 
-std::int16_t integerArg(const RunContext& ctx, int k) {
+std::int16_t integerArg(const CallContext& ctx, int k) {
   return convert(arg(ctx, k), [](const std::string& t) { return conv::CInt(t); });
 }
 
-std::int32_t longArg(const RunContext& ctx, int k) {
+std::int32_t longArg(const CallContext& ctx, int k) {
   return convert(arg(ctx, k), [](const std::string& t) { return conv::CLng(t); });
 }
 

@@ -5,13 +5,13 @@
 #include <cstdint>
 #include <string>
 
-#include "compiler/run_context.h"
+#include "compiler/call_context.h"
 
 namespace korvane {
 
-double numberArg(const RunContext& ctx, int k);
-std::int16_t integerArg(const RunContext& ctx, int k);
-std::int32_t longArg(const RunContext& ctx, int k);
+double numberArg(const CallContext& ctx, int k);
+std::int16_t integerArg(const CallContext& ctx, int k);
+std::int32_t longArg(const CallContext& ctx, int k);
 // The general text of a numeric result; an infinite or undefined result is an
 // overflow naming the function.
 std::string numberResult(double v, const char* function);

@@ -2,38 +2,38 @@
 // is not a number, a logarithm of zero or an overflow ends the compile run.
 #include <cmath>
 
-#include "compiler/runtime_failure.h"
+#include "compiler/compile_failure.h"
 #include "functions/argument_conversion.h"
-#include "functions/function_table.h"
+#include "functions/functions.h"
 
 namespace korvane {
 
-std::string fnAbs(RunContext& ctx) { return numberResult(std::fabs(numberArg(ctx, 1)), "abs"); }
-std::string fnInt(RunContext& ctx) { return numberResult(std::floor(numberArg(ctx, 1)), "int"); }
+std::string fnAbs(CallContext& ctx) { return numberResult(std::fabs(numberArg(ctx, 1)), "abs"); }
+std::string fnInt(CallContext& ctx) { return numberResult(std::floor(numberArg(ctx, 1)), "int"); }
 
-std::string fnSqr(RunContext& ctx) {
+std::string fnSqr(CallContext& ctx) {
   double x = numberArg(ctx, 1);
   return x < 0 ? "0" : numberResult(std::sqrt(x), "sqr");
 }
 
-std::string fnSgn(RunContext& ctx) {
+std::string fnSgn(CallContext& ctx) {
   double x = numberArg(ctx, 1);
   return x < 0 ? "-1" : x > 0 ? "1" : "0";
 }
 
-std::string fnExp(RunContext& ctx) { return numberResult(std::exp(numberArg(ctx, 1)), "exp"); }
-std::string fnSin(RunContext& ctx) { return numberResult(std::sin(numberArg(ctx, 1)), "sin"); }
-std::string fnCos(RunContext& ctx) { return numberResult(std::cos(numberArg(ctx, 1)), "cos"); }
-std::string fnTan(RunContext& ctx) { return numberResult(std::tan(numberArg(ctx, 1)), "tan"); }
-std::string fnAtn(RunContext& ctx) { return numberResult(std::atan(numberArg(ctx, 1)), "atn"); }
+std::string fnExp(CallContext& ctx) { return numberResult(std::exp(numberArg(ctx, 1)), "exp"); }
+std::string fnSin(CallContext& ctx) { return numberResult(std::sin(numberArg(ctx, 1)), "sin"); }
+std::string fnCos(CallContext& ctx) { return numberResult(std::cos(numberArg(ctx, 1)), "cos"); }
+std::string fnTan(CallContext& ctx) { return numberResult(std::tan(numberArg(ctx, 1)), "tan"); }
+std::string fnAtn(CallContext& ctx) { return numberResult(std::atan(numberArg(ctx, 1)), "atn"); }
 
-std::string fnLn(RunContext& ctx) {
+std::string fnLn(CallContext& ctx) {
   double x = numberArg(ctx, 1);
   if (x <= 0) throw RuntimeFailure("badarg", "ln(" + arg(ctx, 1) + ")");
   return numberResult(std::log(x), "ln");
 }
 
-std::string fnLg(RunContext& ctx) {
+std::string fnLg(CallContext& ctx) {
   double x = numberArg(ctx, 1);
   if (x <= 0) throw RuntimeFailure("badarg", "lg(" + arg(ctx, 1) + ")");
   return numberResult(std::log(x) / std::log(10.0), "lg");

@@ -4,10 +4,10 @@
 // run's log.
 #include <string>
 
-#include "compiler/runtime_failure.h"
+#include "base/conversions.h"
+#include "compiler/compile_failure.h"
 #include "functions/argument_conversion.h"
-#include "functions/function_table.h"
-#include "shell/conversions.h"
+#include "functions/functions.h"
 
 namespace korvane {
 namespace {
@@ -15,15 +15,15 @@ namespace {
 struct Trapped {};
 
 template <typename F>
-std::string trapped(RunContext& ctx, const char* name, int expected, F body) {
-  ctx.expectedArgs = expected;
+std::string trapped(CallContext& ctx, const char* name, int expected, F body) {
   try {
     return body();
   } catch (const RuntimeFailure&) {
+    // only run-time failures are trapped; a message that ends the run goes on
   } catch (const conv::ConversionError&) {
   } catch (const Trapped&) {
   }
-  ctx.writeLog(ctx.messages.format("Runtime", "strfunc", name, std::to_string(expected)));
+  ctx.writeLog(ctx.format("Runtime", "strfunc", name, std::to_string(expected)));
   return {};
 }
 
@@ -31,11 +31,11 @@ std::size_t position1(std::size_t zeroBased) { return zeroBased + 1; }
 
 }  // namespace
 
-std::string fnLen(RunContext& ctx) {
+std::string fnLen(CallContext& ctx) {
   return trapped(ctx, "len", 1, [&] { return std::to_string(arg(ctx, 1).size()); });
 }
 
-std::string fnReplace(RunContext& ctx) {
+std::string fnReplace(CallContext& ctx) {
   return trapped(ctx, "replace", 3, [&] {
     std::string s = arg(ctx, 1);
     const std::string &what = arg(ctx, 2), &by = arg(ctx, 3);
@@ -48,7 +48,7 @@ std::string fnReplace(RunContext& ctx) {
   });
 }
 
-std::string fnFind(RunContext& ctx) {
+std::string fnFind(CallContext& ctx) {
   bool fromEnd = !arg(ctx, 3).empty();
   return trapped(ctx, "find", fromEnd ? 3 : 2, [&]() -> std::string {
     const std::string &s = arg(ctx, 1), &what = arg(ctx, 2);
@@ -65,7 +65,7 @@ std::string fnFind(RunContext& ctx) {
   });
 }
 
-std::string fnLeft(RunContext& ctx) {
+std::string fnLeft(CallContext& ctx) {
   return trapped(ctx, "left", 2, [&] {
     int n = integerArg(ctx, 2);
     if (n < 0) throw Trapped{};
@@ -73,7 +73,7 @@ std::string fnLeft(RunContext& ctx) {
   });
 }
 
-std::string fnRight(RunContext& ctx) {
+std::string fnRight(CallContext& ctx) {
   return trapped(ctx, "right", 2, [&] {
     int n = integerArg(ctx, 2);
     if (n < 0) throw Trapped{};
@@ -85,7 +85,7 @@ std::string fnRight(RunContext& ctx) {
 
 // `mid` and `char`: with a length, that many characters from the start; without
 // one, the single character at the start.
-std::string fnMid(RunContext& ctx) {
+std::string fnMid(CallContext& ctx) {
   bool withLength = !arg(ctx, 3).empty();
   return trapped(ctx, "mid", withLength ? 3 : 2, [&] {
     std::int32_t start = longArg(ctx, 2);
@@ -97,6 +97,6 @@ std::string fnMid(RunContext& ctx) {
   });
 }
 
-std::string fnFormat(RunContext& ctx) { return conv::Format(arg(ctx, 1), arg(ctx, 2)); }
+std::string fnFormat(CallContext& ctx) { return conv::Format(arg(ctx, 1), arg(ctx, 2)); }
 
 }  // namespace korvane

@@ -2,20 +2,18 @@
 
 #include <iterator>
 
+#include "base/codepage.h"
+#include "base/conversions.h"
+#include "base/text.h"
+#include "compiler/compile_failure.h"
 #include "compiler/expression.h"
-#include "shell/text.h"
-#include "shell/codepage.h"
-#include "shell/conversions.h"
 
 namespace korvane {
 namespace {
 
 const char* const kAutoCadKey = "SOFTWARE\\Autodesk\\AutoCAD";
 
-hosts::AutoObject fail(RunContext& ctx, const std::string& wanted) {
-  ctx.stop.raise(ctx.messages.format("Messages", "s15", wanted));
-  return nullptr;
-}
+[[noreturn]] void fail(RunContext&, const std::string& wanted) { throw StopMessage("s15", wanted); }
 
 }  // namespace
 
@@ -44,7 +42,7 @@ hosts::AutoObject lookUpAutoCad(RunContext& ctx, hosts::AutomationSystem& system
   bool attachNow = false;
   if (wanted == "MIA") {
     best = launcherRelease(system);
-    if (best.empty()) return fail(ctx, "");
+    if (best.empty()) fail(ctx, "");
     if (best == "1")
       wanted = "LATEST";
     else
@@ -53,7 +51,7 @@ hosts::AutoObject lookUpAutoCad(RunContext& ctx, hosts::AutomationSystem& system
   if (!attachNow) {
     auto lines = system.processCommandLines("acad.exe");
     processes = static_cast<int>(lines.size());
-    if (processes == 0) return fail(ctx, "");
+    if (processes == 0) fail(ctx, "");
     for (const auto& cmd : lines) {
       std::size_t p = cp::findIgnoreCase(cmd, "acad.exe");
       if (p == std::string::npos) continue;
@@ -76,14 +74,13 @@ hosts::AutoObject lookUpAutoCad(RunContext& ctx, hosts::AutomationSystem& system
     }
   }
   double b = conv::Val(best);
-  if (b == 0 || b == 1000) return fail(ctx, wanted + " ");
+  if (b == 0 || b == 1000) fail(ctx, wanted + " ");
   const std::string release = conv::Format(best, "0.0");
   try {
     return system.runningObject(processes == 1 ? "AutoCAD.Application"
                                                : "AutoCAD.Application." + release);
   } catch (const hosts::AutomationError&) {
-    ctx.stop.raise(ctx.messages.format("Messages", "s17", release));
-    return nullptr;
+    throw StopMessage("s17", release);
   }
 }
 

@@ -19,7 +19,7 @@ inline constexpr const char* kAutoCadReleases[] = {"16.0", "16.1", "16.2", "17.0
 // installed release.
 std::string launcherRelease(hosts::AutomationSystem& system);
 
-// The chosen AutoCAD application, or null with the stop state set.
+// The chosen AutoCAD application; a StopMessage ("s15", "s17") when there is none.
 hosts::AutoObject lookUpAutoCad(RunContext& ctx, hosts::AutomationSystem& system);
 
 }  // namespace korvane

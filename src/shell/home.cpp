@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "shell/fs.h"
-#include "shell/profile.h"
+#include "base/fs.h"
+#include "base/profile.h"
 
 #ifdef _WIN32
 #include <windows.h>

@@ -2,9 +2,9 @@
 
 #include <set>
 
-#include "compiler/driver.h"
-#include "shell/fs.h"
-#include "shell/profile.h"
+#include "base/fs.h"
+#include "base/profile.h"
+#include "shell/driver.h"
 
 namespace korvane {
 

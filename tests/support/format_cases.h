@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/conversions.h"
+#include "base/conversions.h"
 
 namespace korvane::test {
 

@@ -8,9 +8,10 @@
 #include <fstream>
 #include <sstream>
 
+#include "base/fs.h"
 #include "compiler/compiled_output.h"
-#include "compiler/driver.h"
-#include "shell/fs.h"
+#include "shell/driver.h"
+#include "shell/standard_language.h"
 
 namespace korvane::test {
 namespace stdfs = std::filesystem;
@@ -80,6 +81,7 @@ Compiler::Compiler(const TempProject& p, std::map<std::string, std::string> sett
   ctx.projectFolder = fs::withTrailingSeparator(p.folder());
   ctx.settingsPath = sourceDir() + "/data/Korvane.ini";
   ctx.messages = Messages(sourceDir() + "/data/English.lng");
+  ctx.language = &standardLanguage();
   ctx.engine = &engine;
   ctx.log = [this](const std::string& line) { log.push_back(line); };
   ctx.output.setMxTap([this](std::string_view line) { lines.emplace_back(line); });

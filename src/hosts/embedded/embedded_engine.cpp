@@ -2,13 +2,13 @@
 
 #include <filesystem>
 
+#include "base/codepage.h"
+#include "base/text.h"
 #include "hosts/embedded/engine_run.h"
 #include "hosts/embedded/input_file.h"
 #include "hosts/embedded/label_rules.h"
 #include "hosts/embedded/listing.h"
 #include "hosts/embedded/point_record.h"
-#include "shell/codepage.h"
-#include "shell/text.h"
 
 namespace korvane::hosts::embedded {
 namespace {

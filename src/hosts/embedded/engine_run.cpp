@@ -4,6 +4,8 @@
 #include <fstream>
 #include <memory>
 
+#include "base/codepage.h"
+#include "base/text.h"
 #include "hosts/embedded/edit_options.h"
 #include "hosts/embedded/genio_reader.h"
 #include "hosts/embedded/genio_records.h"
@@ -11,8 +13,6 @@
 #include "hosts/embedded/input_file.h"
 #include "hosts/embedded/linemode_lexer.h"
 #include "hosts/embedded/selection_masks.h"
-#include "shell/codepage.h"
-#include "shell/text.h"
 
 namespace korvane::hosts::embedded {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
-#include "shell/codepage.h"
-#include "shell/text.h"
+#include "base/codepage.h"
+#include "base/text.h"
 
 namespace korvane::hosts::embedded {
 

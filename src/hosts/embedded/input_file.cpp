@@ -3,7 +3,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "shell/codepage.h"
+#include "base/codepage.h"
 
 namespace korvane::hosts::embedded {
 

@@ -2,8 +2,8 @@
 
 #include <set>
 
+#include "base/codepage.h"
 #include "hosts/embedded/model_string.h"
-#include "shell/codepage.h"
 
 namespace korvane::hosts::embedded {
 namespace {

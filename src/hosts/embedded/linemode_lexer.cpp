@@ -2,9 +2,9 @@
 
 #include <cmath>
 
+#include "base/codepage.h"
+#include "base/text.h"
 #include "hosts/embedded/fortran_format.h"
-#include "shell/codepage.h"
-#include "shell/text.h"
 
 namespace korvane::hosts::embedded {
 namespace {

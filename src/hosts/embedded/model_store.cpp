@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "shell/codepage.h"
+#include "base/codepage.h"
 
 namespace korvane::hosts::embedded {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "shell/codepage.h"
+#include "base/codepage.h"
 
 namespace korvane::hosts::embedded {
 

@@ -1,7 +1,7 @@
 #include "hosts/embedded/selection_masks.h"
 
+#include "base/codepage.h"
 #include "hosts/embedded/model_string.h"
-#include "shell/codepage.h"
 
 namespace korvane::hosts::embedded {
 

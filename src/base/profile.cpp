@@ -1,0 +1,201 @@
+#include "base/profile.h"
+
+#include <map>
+#include <mutex>
+#include <vector>
+
+#include "base/codepage.h"
+#include "base/fs.h"
+
+namespace korvane {
+namespace {
+
+bool isIniBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r' || c == '\x1A';
+}
+
+std::string_view trimIni(std::string_view s) {
+  while (!s.empty() && isIniBlank(s.front())) s.remove_prefix(1);
+  while (!s.empty() && isIniBlank(s.back())) s.remove_suffix(1);
+  return s;
+}
+
+// One physical line of an ini file: its text and the line break after it.
+struct RawLine {
+  std::string text;
+  std::string eol;
+};
+
+// Text of the file in the users' code page: a UTF-8 byte-order mark is honoured
+// (converted), a UTF-16LE one decoded.
+std::string decodeIni(std::string data) {
+  if (data.size() >= 3 && data.compare(0, 3, "\xEF\xBB\xBF") == 0)
+    return cp::fromUtf8(std::string_view(data).substr(3));
+  if (data.size() >= 2 && data[0] == '\xFF' && data[1] == '\xFE')
+    return cp::fromUtf16le(std::string_view(data).substr(2));
+  return data;
+}
+
+std::vector<RawLine> splitLines(const std::string& data) {
+  std::vector<RawLine> lines;
+  std::size_t i = 0;
+  while (i < data.size()) {
+    std::size_t j = data.find_first_of("\r\n", i);
+    if (j == std::string::npos) {
+      lines.push_back({data.substr(i), ""});
+      break;
+    }
+    std::size_t eolLen = (data[j] == '\r' && j + 1 < data.size() && data[j + 1] == '\n') ? 2 : 1;
+    lines.push_back({data.substr(i, j - i), data.substr(j, eolLen)});
+    i = j + eolLen;
+  }
+  return lines;
+}
+
+// A section header names the text between "[" and the last "]".
+bool sectionName(std::string_view line, std::string_view& name) {
+  std::string_view t = trimIni(line);
+  if (t.empty() || t.front() != '[') return false;
+  std::size_t close = t.rfind(']');
+  if (close == std::string_view::npos) return false;
+  name = trimIni(t.substr(1, close - 1));
+  return true;
+}
+
+bool keyOf(std::string_view line, std::string_view& key, std::string_view& value) {
+  std::string_view t = trimIni(line);
+  std::size_t eq = t.find('=');
+  if (eq == std::string_view::npos) return false;
+  key = trimIni(t.substr(0, eq));
+  value = trimIni(t.substr(eq + 1));
+  return true;
+}
+
+// Parsed files are kept while their size and time stamp stay the same, so that
+// the many message lookups of a run read each language file once.
+struct CachedFile {
+  std::filesystem::file_time_type stamp;
+  std::uintmax_t size = 0;
+  std::vector<RawLine> lines;
+};
+std::mutex g_cacheMutex;
+std::map<std::string, CachedFile> g_cache;
+
+bool loadLines(const std::string& file, std::vector<RawLine>& out) {
+  std::error_code ec;
+  auto path = fs::native(file);
+  auto stamp = std::filesystem::last_write_time(path, ec);
+  if (ec) return false;
+  auto size = std::filesystem::file_size(path, ec);
+  if (ec) return false;
+  std::lock_guard<std::mutex> lock(g_cacheMutex);
+  auto it = g_cache.find(file);
+  if (it != g_cache.end() && it->second.stamp == stamp && it->second.size == size) {
+    out = it->second.lines;
+    return true;
+  }
+  auto data = fs::readFile(file);
+  if (!data) return false;
+  CachedFile c{stamp, size, splitLines(decodeIni(std::move(*data)))};
+  out = c.lines;
+  g_cache[file] = std::move(c);
+  return true;
+}
+
+void forget(const std::string& file) {
+  std::lock_guard<std::mutex> lock(g_cacheMutex);
+  g_cache.erase(file);
+}
+
+}  // namespace
+
+std::string ReadProfileString(std::string_view section, std::string_view key,
+                              const std::string& file, std::int32_t* status) {
+  std::string result;
+  section = trimIni(section);
+  key = trimIni(key);
+  std::vector<RawLine> lines;
+  if (!section.empty() && !key.empty() && loadLines(file, lines)) {
+    bool inSection = false, seenSection = false;
+    for (const auto& line : lines) {
+      std::string_view name, k, v;
+      if (sectionName(line.text, name)) {
+        if (seenSection && inSection) break;  // only the first section of that name counts
+        inSection = cp::equalsIgnoreCase(name, section);
+        seenSection = seenSection || inSection;
+        continue;
+      }
+      if (inSection && keyOf(line.text, k, v) && cp::equalsIgnoreCase(k, key)) {
+        if (v.size() >= 2 && (v.front() == '"' || v.front() == '\'') && v.back() == v.front())
+          v = v.substr(1, v.size() - 2);
+        result = std::string(v.substr(0, kProfileValueMax));
+        break;
+      }
+    }
+  }
+  if (status) *status = static_cast<std::int32_t>(result.size());
+  return result;
+}
+
+std::string WriteProfileString(std::string_view section, std::string_view key,
+                               std::string_view value, const std::string& file,
+                               std::int32_t* status) {
+  auto fail = [&] {
+    if (status) *status = 0;
+    return std::string("0");
+  };
+  section = trimIni(section);
+  key = trimIni(key);
+  if (section.empty() || key.empty()) return fail();
+
+  std::vector<RawLine> lines;
+  if (fs::fileExists(file)) {
+    auto data = fs::readFile(file);
+    if (!data) return fail();
+    if (data->size() >= 2 && (*data)[0] == '\xFF' && (*data)[1] == '\xFE') return fail();
+    lines = splitLines(*data);
+  }
+
+  std::string entry = std::string(key) + "=" + std::string(value);
+  // Locate the first section of that name and, inside it, the key.
+  std::ptrdiff_t header = -1, keyLine = -1, lastContent = -1;
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    std::string_view name, k, v;
+    if (sectionName(lines[i].text, name)) {
+      if (header >= 0) break;
+      if (cp::equalsIgnoreCase(name, section))
+        header = lastContent = static_cast<std::ptrdiff_t>(i);
+      continue;
+    }
+    if (header < 0) continue;
+    if (!trimIni(lines[i].text).empty()) lastContent = static_cast<std::ptrdiff_t>(i);
+    if (keyLine < 0 && keyOf(lines[i].text, k, v) && cp::equalsIgnoreCase(k, key)) {
+      keyLine = static_cast<std::ptrdiff_t>(i);
+      entry = std::string(k) + "=" + std::string(value);  // keep the file's spelling of the key
+    }
+  }
+
+  if (keyLine >= 0) {
+    lines[keyLine].text = entry;
+  } else if (header >= 0) {
+    // A new key goes after the last non-blank line of its section.
+    RawLine& before = lines[lastContent];
+    std::string eol = before.eol.empty() ? "\r\n" : before.eol;
+    if (before.eol.empty()) before.eol = eol;
+    lines.insert(lines.begin() + lastContent + 1, RawLine{entry, eol});
+  } else {
+    if (!lines.empty() && lines.back().eol.empty()) lines.back().eol = "\r\n";
+    lines.push_back({"[" + std::string(section) + "]", "\r\n"});
+    lines.push_back({entry, "\r\n"});
+  }
+
+  std::string out;
+  for (const auto& l : lines) out += l.text + l.eol;
+  bool ok = fs::writeFileAtomic(file, out);
+  forget(file);
+  if (!ok) return fail();
+  if (status) *status = 1;
+  return "1";
+}
+
+}  // namespace korvane

@@ -1,0 +1,141 @@
+// Val: the leading number of a text, as classic BASIC reads operands.
+#include <cstdint>
+#include <string>
+
+#include "base/conv_detail.h"
+
+namespace korvane::conv {
+namespace {
+
+using detail::isBlank;
+using detail::isDigit;
+
+int digitValue(char c, int radix) {
+  int v = -1;
+  if (isDigit(c))
+    v = c - '0';
+  else if (c >= 'a' && c <= 'f')
+    v = c - 'a' + 10;
+  else if (c >= 'A' && c <= 'F')
+    v = c - 'A' + 10;
+  return v < radix ? v : -1;
+}
+
+// A "%" type suffix makes the number an Integer, "&" a Long; both round and range-check.
+double applyIntegerSuffix(double value, char suffix) {
+  if (suffix == '%') return static_cast<double>(detail::roundHalfEven(value, INT16_MIN, INT16_MAX));
+  if (suffix == '&') return static_cast<double>(detail::roundHalfEven(value, INT32_MIN, INT32_MAX));
+  return value;
+}
+
+// "&H..." / "&O..." after the "&". The literal is typed by its size as the BASIC source
+// literal would be: hex with 3-4 significant digits is an Integer (&HFFFF = -1), with 5-8 a Long
+// (&HFFFFFFFF = -1), longer ones a 64-bit value; octal likewise by value. A trailing "%" or "&"
+// forces the Integer or Long type. More than 64 bits is an overflow.
+double radixValue(std::string_view text, std::size_t i) {
+  if (i >= text.size()) return 0;
+  int radix = 0;
+  if (text[i] == 'H' || text[i] == 'h')
+    radix = 16;
+  else if (text[i] == 'O' || text[i] == 'o')
+    radix = 8;
+  else
+    return 0;
+  ++i;
+  std::uint64_t value = 0;
+  int digits = 0;
+  for (; i < text.size(); ++i) {
+    char c = text[i];
+    if (isBlank(c)) continue;
+    int dv = digitValue(c, radix);
+    if (dv < 0) break;
+    if (digits == 0 && dv == 0) continue;  // leading zeros do not count towards the type
+    if (value > (UINT64_MAX - static_cast<std::uint64_t>(dv)) / static_cast<std::uint64_t>(radix))
+      detail::fail(ConvErrc::Overflow, "Overflow");
+    value = value * static_cast<std::uint64_t>(radix) + static_cast<std::uint64_t>(dv);
+    ++digits;
+  }
+  char suffix = i < text.size() ? text[i] : '\0';
+  bool asLong, asInteger;
+  if (radix == 16) {
+    asLong = digits <= 8 && (digits > 4 || suffix == '&');
+    asInteger = !asLong && digits <= 4 && (digits > 2 || suffix == '%');
+  } else {
+    asLong = value <= 0xFFFFFFFFu && (value > 0xFFFFu || suffix == '&');
+    asInteger = !asLong && value <= 0xFFFFu && (value > 0xFFu || suffix == '%');
+  }
+  std::int64_t result;
+  if (asLong)
+    result = static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
+  else if (asInteger)
+    result = static_cast<std::int16_t>(static_cast<std::uint16_t>(value));
+  else
+    result = static_cast<std::int64_t>(value);
+  return applyIntegerSuffix(static_cast<double>(result), suffix);
+}
+
+}  // namespace
+
+// Blanks (space, TAB, LF, CR) are skipped anywhere; one leading sign; digits with at most one
+// "."; an exponent after "E", "e", "D" or "d" with at most one sign before its digits (no digits
+// means 0). Scanning stops at the first other character. A number ended by a "%" or "&" type
+// suffix must not have digits after the point (error 13) and is rounded to that type. The
+// Single ("!") and Currency ("@") suffixes end the number and leave the Double as it is.
+double Val(std::string_view text) {
+  std::size_t i = 0;
+  const std::size_t n = text.size();
+  while (i < n && isBlank(text[i])) ++i;
+  if (i >= n) return 0;
+  if (text[i] == '&') return radixValue(text, i + 1);
+
+  bool negative = false;
+  if (text[i] == '-' || text[i] == '+') negative = text[i++] == '-';
+
+  std::string digits;
+  bool afterPoint = false, exponentFollows = false;
+  std::int64_t fractionDigits = 0;
+  for (; i < n; ++i) {
+    char c = text[i];
+    if (isBlank(c)) continue;
+    if (isDigit(c)) {
+      if (c == '0' && digits.empty() && !afterPoint) continue;
+      digits.push_back(c);
+      if (afterPoint) ++fractionDigits;
+    } else if (c == '.' && !afterPoint) {
+      afterPoint = true;
+    } else {
+      exponentFollows = c == 'e' || c == 'E' || c == 'd' || c == 'D';
+      if (exponentFollows) ++i;
+      break;
+    }
+  }
+
+  std::int64_t exponent = 0;
+  if (exponentFollows) {
+    bool expNegative = false, signSeen = false, digitSeen = false;
+    for (; i < n; ++i) {
+      char c = text[i];
+      if (isBlank(c)) continue;
+      if (isDigit(c)) {
+        digitSeen = true;
+        if (exponent < 1'000'000'000'000) exponent = exponent * 10 + (c - '0');
+      } else if ((c == '+' || c == '-') && !signSeen && !digitSeen) {
+        signSeen = true;
+        expNegative = c == '-';
+      } else {
+        break;
+      }
+    }
+    if (expNegative) exponent = -exponent;
+  }
+
+  double value = 0;
+  if (!detail::digitsToDouble(digits, exponent - fractionDigits, negative, value))
+    detail::fail(ConvErrc::Overflow, "Overflow");
+  char suffix = i < n ? text[i] : '\0';
+  if ((suffix == '%' || suffix == '&') && fractionDigits > 0)
+    detail::fail(ConvErrc::TypeMismatch, "Type mismatch");
+  return applyIntegerSuffix(value, suffix);
+}
+
+}  // namespace korvane::conv

@@ -1,0 +1,16 @@
+#include "compiler/call_context.h"
+
+#include "compiler/expression.h"
+#include "compiler/flush.h"
+
+namespace korvane {
+
+std::string CallContext::evaluate(std::string_view expr) { return Evaluate(ctx_, expr); }
+void CallContext::assign(std::string_view list) { applyAssignments(ctx_, list); }
+std::string CallContext::variable(std::string_view name) const {
+  return variableOrName(ctx_, name);
+}
+void CallContext::writeLine(std::string_view line) { ctx_.output.writeLine(line); }
+void CallContext::flushAndRun() { korvane::flushAndRun(ctx_); }
+
+}  // namespace korvane

@@ -1,0 +1,57 @@
+// What a function or an extended command may see and do while a compile runs:
+// its arguments, the variables and expressions, the compiled output and its
+// flush-and-run step, the hosts, the texts of the language file and the
+// shared query state. The compile pass's own bookkeeping stays out of reach.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "compiler/run_context.h"
+
+namespace korvane {
+
+class CallContext {
+ public:
+  explicit CallContext(RunContext& ctx) : ctx_(ctx) {}
+
+  // Argument k (1-based) of the function call being dispatched; the count.
+  const std::string& arg(int k) const { return ctx_.args[k - 1]; }
+  int argCount() const { return ctx_.argCount; }
+
+  // Variables and expressions.
+  std::string evaluate(std::string_view expr);
+  void assign(std::string_view list);  // "name=expr,name=expr,"
+  // The value of a variable, or its name when it is not defined.
+  std::string variable(std::string_view name) const;
+
+  // The compiled output, and making it take effect.
+  void writeLine(std::string_view line);
+  void flushAndRun();
+
+  // Texts of the language file.
+  std::string text(const char* section, const char* key) const { return ctx_.text(section, key); }
+  std::string format(std::string_view section, std::string_view key, std::string_view a1 = {},
+                     std::string_view a2 = {}) const {
+    return ctx_.messages.format(section, key, a1, a2);
+  }
+
+  // Folders and hosts.
+  const std::string& projectFolder() const { return ctx_.projectFolder; }  // ends with a separator
+  std::string mxProjectFolder() const { return ctx_.mxProjectFolder(); }
+  const std::string& settingsPath() const { return ctx_.settingsPath; }
+  hosts::MxEngine* engine() const { return ctx_.engine; }
+  InputPrompt* prompt() const { return ctx_.prompt; }
+  void writeLog(const std::string& line) const { ctx_.writeLog(line); }
+  void status(const std::string& text) const { ctx_.status(text); }
+
+  // The string labels that `repeat=each...` iterates.
+  std::vector<std::string>& selection() { return ctx_.selection; }
+
+ private:
+  RunContext& ctx_;
+};
+
+}  // namespace korvane

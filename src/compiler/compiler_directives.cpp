@@ -1,0 +1,92 @@
+// The directive table rows of the compiler's own directives. Inclusion and
+// repetition, conditions and the output channels have files of their own.
+#include "base/fs.h"
+#include "compiler/compile_call.h"
+#include "compiler/directive_call.h"
+#include "compiler/directives.h"
+#include "compiler/expression.h"
+#include "compiler/language.h"
+
+namespace korvane {
+namespace {
+
+using R = DirectiveResult;
+
+R fini(DirectiveCall&) { return R::EndCall; }
+R nothing(DirectiveCall&) { return R::Continue; }
+
+// A `default` line assigns its keyword text, then what the caller passed down.
+R defaultLine(DirectiveCall& d) {
+  CompileCall& call = d.compileCall();
+  applyAssignments(call.ctx, d.keywordText());
+  applyAssignments(call.ctx, call.assignText);
+  return R::Continue;
+}
+
+R repeatLine(DirectiveCall& d) {
+  return d.compileCall().mode == CompileMode::Leading ? R::EndCall : R::Continue;
+}
+
+R endrepeatLine(DirectiveCall& d) {
+  return d.compileCall().mode == CompileMode::Repeating ? R::EndCall : R::Continue;
+}
+
+R reset(DirectiveCall& d) {
+  d.compileCall().ctx.vars.clear();
+  return R::Continue;
+}
+
+R let(DirectiveCall& d) {
+  RunContext& ctx = d.compileCall().ctx;
+  const std::string& line = d.line();
+  applyAssignments(ctx, line.size() > 4 ? std::string_view(line).substr(4) : std::string_view());
+  return repeatIs(ctx, "skip") ? R::EndCall : R::Continue;
+}
+
+R condition(DirectiveCall& d) {
+  conditionDirective(d.compileCall(), d.line());
+  return repeatIs(d.compileCall().ctx, "skip") ? R::EndCall : R::Continue;
+}
+
+R insert(DirectiveCall& d) {
+  insertDirective(d.compileCall(), d.argument(1));
+  return R::Continue;
+}
+
+// Failures of kill and copyfile are ignored.
+R kill(DirectiveCall& d) {
+  fs::removeFile(d.context().projectFolder() + d.argument(1));
+  return R::Continue;
+}
+
+R copyfile(DirectiveCall& d) {
+  const std::string& folder = d.context().projectFolder();
+  fs::copyFile(folder + d.argument(1), folder + d.argument(2));
+  return R::Continue;
+}
+
+}  // namespace
+
+void addCompilerDirectives(DirectiveTable& t) {
+  const Preparation none;
+  Preparation flush;
+  flush.flushFirst = true;
+  Preparation keywordText;
+  keywordText.readKeywordText = true;
+
+  t.add("fini", none, fini);
+  t.add("insert", none, insert);
+  t.add("default", keywordText, defaultLine);
+  t.add("option", none, nothing);
+  t.add("rem", none, nothing);
+  t.add("repeat", none, repeatLine);
+  t.add("endrepeat", none, endrepeatLine);
+  t.add("reset", none, reset);
+  t.add("let", none, let);
+  t.add("if", none, condition);
+  t.add("kill", flush, kill);
+  t.add("copyfile", flush, copyfile);
+  addChannelDirectives(t);
+}
+
+}  // namespace korvane

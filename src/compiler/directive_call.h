@@ -1,0 +1,44 @@
+// What a directive's handler is given: the directive line's fields as they
+// were before its preparation ran, the keyword text that the preparation read,
+// the file being compiled (whose following lines a command may read), and the
+// call context that functions get too.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "compiler/call_context.h"
+
+namespace korvane {
+
+struct CompileCall;
+
+class DirectiveCall {
+ public:
+  DirectiveCall(CompileCall& call, std::string line);
+
+  // Field k of the directive line (0 is the keyword as written, up to 14).
+  const std::string& argument(int k) const { return fields_[k]; }
+  // The directive line after substitution and rewriting.
+  const std::string& line() const { return line_; }
+  const std::string& keywordText() const { return keywordText_; }
+  void setKeywordText(std::string text) { keywordText_ = std::move(text); }
+
+  // The next line of the file being compiled; false at its end.
+  bool readLine(std::string& line);
+  // The full name of the file being compiled.
+  const std::string& fileName() const;
+
+  CallContext& context() { return context_; }
+  // The compile pass's own state, for the compiler's directives.
+  CompileCall& compileCall() { return call_; }
+
+ private:
+  CompileCall& call_;
+  std::array<std::string, 15> fields_;
+  std::string line_;
+  std::string keywordText_;
+  CallContext context_;
+};
+
+}  // namespace korvane

@@ -1,0 +1,42 @@
+#include "compiler/function_dispatch.h"
+
+#include "base/codepage.h"
+#include "compiler/call_context.h"
+#include "compiler/compile_failure.h"
+#include "compiler/expression.h"
+#include "compiler/language.h"
+
+namespace korvane {
+
+bool isNameCharacter(char c) {
+  // "0123456789aábcdeéfghiíjklmnoóöőpqrstuúüűvwxyz_" in Windows-1250
+  static const std::string_view kAlphabet =
+      "0123456789a\xE1"
+      "bcde\xE9"
+      "fghi\xED"
+      "jklmno\xF3\xF6\xF5"
+      "pqrstu\xFA\xFC\xFB"
+      "vwxyz_";
+  return kAlphabet.find(cp::toLower(c)) != std::string_view::npos;
+}
+
+std::string FunctionDispatch(RunContext& ctx, const std::string& expr, std::size_t& open,
+                             std::size_t close) {
+  if (open >= expr.size() || close >= expr.size() || close <= open || expr[open] != '(' ||
+      expr[close] != ')')
+    throw RuntimeFailure("paren", expr);
+  std::size_t start = open;
+  while (start > 0 && isNameCharacter(expr[start - 1])) --start;
+  std::string inner = expr.substr(open + 1, close - open - 1);
+  if (start == open) return Evaluate(ctx, inner);  // a bare parenthesis groups
+
+  std::string name = cp::lower(std::string_view(expr).substr(start, open - start));
+  open = start;
+  evaluateArguments(ctx, inner);
+  FunctionHandler handler = ctx.language ? ctx.language->functions.find(name) : nullptr;
+  if (!handler) return {};
+  CallContext call(ctx);
+  return handler(call);
+}
+
+}  // namespace korvane

@@ -1,0 +1,30 @@
+#include "compiler/language.h"
+
+namespace korvane {
+
+void FunctionTable::add(std::string_view name, FunctionHandler handler) {
+  rows_.insert_or_assign(std::string(name), handler);
+}
+
+FunctionHandler FunctionTable::find(std::string_view name) const {
+  auto it = rows_.find(name);
+  return it == rows_.end() ? nullptr : it->second;
+}
+
+void DirectiveTable::add(std::string_view keyword, Preparation preparation,
+                         DirectiveHandler handler) {
+  rows_.insert_or_assign(std::string(keyword), DirectiveRow{std::move(preparation), handler});
+}
+
+const DirectiveRow* DirectiveTable::find(std::string_view keyword) const {
+  auto it = rows_.find(keyword);
+  return it == rows_.end() ? nullptr : &it->second;
+}
+
+std::vector<std::string> DirectiveTable::keywords() const {
+  std::vector<std::string> out;
+  for (const auto& [k, row] : rows_) out.push_back(k);
+  return out;
+}
+
+}  // namespace korvane

@@ -1,0 +1,92 @@
+#include "shell/driver.h"
+
+#include "base/conversions.h"
+#include "base/text.h"
+#include "compiler/compile_failure.h"
+#include "compiler/compile_pass.h"
+#include "compiler/expression.h"
+#include "compiler/flush.h"
+
+namespace korvane {
+
+RunEntry parseRunEntry(const std::string& entry) {
+  RunEntry e;
+  std::size_t at = entry.find(" [");
+  if (at == std::string::npos) {
+    e.path = entry;
+    return e;
+  }
+  e.path = entry.substr(0, at);
+  std::size_t close = entry.find(']', at + 2);
+  e.section = entry.substr(at + 2, close == std::string::npos ? std::string::npos : close - at - 2);
+  return e;
+}
+
+std::string entryFileSpec(const RunEntry& entry) {
+  return entry.section.empty() ? entry.path : entry.path + " [" + entry.section + "]";
+}
+
+void beginInputFile(RunContext& ctx) {
+  std::string carried;
+  for (const auto& [name, value] : ctx.vars.entries())
+    if (text::startsWith(name, "g_")) carried += name + "=\"" + value + "\",";
+  ctx.vars.clear();
+  ctx.tempCounter = 0;
+  applyAssignments(ctx, carried);
+
+  ctx.whereFile.clear();
+  ctx.output.setName(mxOutputName(ctx));
+  if (ctx.engine && ctx.engine->configuration().modelExists(kSentinelModel)) {
+    ctx.output.open(mxOutputName(ctx));
+    ctx.output.writeLine(kSentinelDelete);
+    ctx.output.close();
+    ctx.engine->configuration().run("input", mxOutputName(ctx));
+  }
+  beginMxOutput(ctx);
+}
+
+// Ends the entry after a failure: closes the output, keeping what was compiled
+// in the save files, and sets the stop state with the failure's message. A
+// message ends the MX input as a finished compile would, without running it;
+// a run-time failure leaves it where the compile stood.
+void endAfterFailure(RunContext& ctx, const CompileFailure& f) {
+  try {
+    const bool mx = ctx.output.isOpen() && ctx.output.isMxChannel();
+    if (mx && f.kind() == CompileFailure::Kind::Message) ctx.output.writeLine(kSentinelDelete);
+    ctx.output.close();
+    if (mx) saveCompiledOutput(ctx);
+  } catch (const CompileFailure&) {
+    ctx.output.close();  // the first failure is the one to show
+  }
+  if (f.kind() == CompileFailure::Kind::Runtime)
+    ctx.failure = FailureReport{ctx.messages.format("Runtime", f.key(), f.arg1(), f.arg2()), f.file,
+                                f.line, f.lineText};
+  ctx.stop.raise(describeFailure(ctx.messages, f));
+}
+
+bool ApplyOneFile(RunContext& ctx, const std::string& entryText) {
+  const RunEntry entry = parseRunEntry(entryText);
+  ctx.save.inputName = entryText;
+  ctx.engineRuns = 0;
+  try {
+    beginInputFile(ctx);
+    CompileFile(ctx, entryFileSpec(entry), "", "", "", CompileMode::Whole);
+    if (ctx.output.isMxChannel()) {
+      ctx.output.writeLine(kSentinelDelete);
+      ctx.output.close();
+      runCompiledOutput(ctx);
+    } else {
+      // An input that ends inside a script, key-in or print block still has
+      // that block played.
+      flushAndRun(ctx);
+      ctx.output.close();
+    }
+  } catch (const CompileFailure& f) {
+    endAfterFailure(ctx, f);
+  } catch (const conv::ConversionError& e) {
+    endAfterFailure(ctx, failureFromConversion(e));
+  }
+  return !ctx.stop.set;
+}
+
+}  // namespace korvane
