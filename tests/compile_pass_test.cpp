@@ -1,4 +1,5 @@
-// Directives of the compile pass, on real files in a throw-away project.
+// Directives of the compile pass, on real files in a throw-away project. The
+// plainer cases are golden files in tests/cases.
 #include <gtest/gtest.h>
 
 #include "support/project.h"
@@ -19,27 +20,6 @@ struct CompilePass : ::testing::Test {
   test::Compiler c{project};
 };
 
-TEST_F(CompilePass, WorkedExampleOfARepeatedMacro) {
-  project.write("block.ipm", crlf({"default", "   n=1", "crea,lead|n|", "repeat", "crea,mod|count|",
-                                   "endrepeat", "dele,tail"}));
-  project.write("a.ipf", crlf({"insert,block", "repeat=2,n=7"}));
-  project.write("b.ipf", crlf({"insert,block."}));
-  ASSERT_TRUE(c.compile("a.ipf"));
-  EXPECT_EQ(c.lines, (Lines{"crea,lead7", "crea,mod1", "crea,mod2", "dele,tail"}));
-  c.lines.clear();
-  ASSERT_TRUE(c.compile("b.ipf"));
-  EXPECT_EQ(c.lines, (Lines{"crea,lead1", "crea,modcount", "dele,tail"}));
-}
-
-TEST_F(CompilePass, HashRulesLetAndConditions) {
-  project.write("a.ipf", crlf({"#a=5", "## a comment", "#if a=5 then b=yes else b=no",
-                               "IF a<>5 then c=1 else c=2", "if \"x=y\"=|a| then d=1 else d=2",
-                               "if a>=10 then e=1 else e=2", "if a=<5 then f=1",
-                               "   if a=5 then g=1", "crea,|b|,|c|,|d|,|e|,|f|,|g|"}));
-  ASSERT_TRUE(c.compile("a.ipf"));
-  EXPECT_EQ(c.lines, (Lines{"   if a=5 then g=1", "crea,yes,2,2,2,1,g"}));
-}
-
 TEST_F(CompilePass, ExistAsksTheEngineAndKeepsThePreviousTruthOtherwise) {
   c.engine.models = {"GROUND"};
   c.engine.strings = {"GROUND/MAST"};
@@ -54,14 +34,6 @@ TEST_F(CompilePass, ExistAsksTheEngineAndKeepsThePreviousTruthOtherwise) {
   EXPECT_EQ(c.var("c"), "0");
   EXPECT_EQ(c.var("d"), "0");        // three arguments: the previous condition's truth
   EXPECT_EQ(c.var("e"), "<unset>");  // neither an operator nor exist(): nothing applies
-}
-
-TEST_F(CompilePass, FiniResetAndSkip) {
-  project.write("a.ipf", crlf({"let,x=1,", "reset", "crea,|x|", "let,repeat=skip,", "crea,never"}));
-  project.write("b.ipf", crlf({"crea,one", "fini", "crea,never"}));
-  ASSERT_TRUE(c.compile("a.ipf"));
-  ASSERT_TRUE(c.compile("b.ipf"));
-  EXPECT_EQ(c.lines, (Lines{"crea,x", "crea,one"}));
 }
 
 TEST_F(CompilePass, SectionsCompileFromTheirHeadToTheNextOne) {

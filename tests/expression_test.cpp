@@ -12,9 +12,8 @@ using namespace korvane;
 namespace {
 
 struct ExpressionTest : ::testing::Test {
-  test::TempProject project;
-  test::Compiler c{project};
-  std::string eval(const std::string& e) { return Evaluate(c.ctx, std::string_view(e)); }
+  test::Evaluator c;
+  std::string eval(const std::string& e) { return c.eval(e); }
 };
 
 TEST_F(ExpressionTest, OperatorsSplitAtTheLastOccurrenceOfTheLoosest) {

@@ -11,6 +11,7 @@
 #include "base/fs.h"
 #include "compiler/compiled_output.h"
 #include "shell/driver.h"
+#include "compiler/expression.h"
 #include "shell/standard_language.h"
 
 namespace korvane::test {
@@ -91,6 +92,19 @@ bool Compiler::compile(const std::string& entry) {
   ctx.stop.clear();  // each call is a run of its own
   ctx.failure.reset();
   return ApplyOneFile(ctx, fs::isAbsolute(entry) ? entry : project.path(entry));
+}
+
+Evaluator::Evaluator() {
+  ctx.messages = Messages(sourceDir() + "/data/English.lng");
+  ctx.language = &standardLanguage();
+  ctx.log = [this](const std::string& line) { log.push_back(line); };
+}
+
+std::string Evaluator::eval(std::string_view expr) { return Evaluate(ctx, expr); }
+
+std::string Evaluator::var(const std::string& name) const {
+  const std::string* v = ctx.vars.find(name);
+  return v ? *v : "<unset>";
 }
 
 std::string Compiler::var(const std::string& name) const {

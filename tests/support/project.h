@@ -79,6 +79,16 @@ struct Compiler {
   RunContext ctx;
 };
 
+// A compile state without a project folder or an engine: the whole language
+// and the English messages, for expressions and functions that touch no file.
+struct Evaluator {
+  Evaluator();
+  std::string eval(std::string_view expr);
+  std::string var(const std::string& name) const;
+  std::vector<std::string> log;
+  RunContext ctx;
+};
+
 std::string sourceDir();
 
 // Runs the korvane program in `folder` with `args` (a shell fragment), output

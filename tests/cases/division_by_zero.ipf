@@ -1,0 +1,3 @@
+crea,first
+let,x=1/0,
+crea,never

@@ -1,0 +1,3 @@
+crea,one
+fini
+crea,never

@@ -1,0 +1,4 @@
+crea,top
+insert,sections.ipm [Main].
+insert,nowhere
+crea,never

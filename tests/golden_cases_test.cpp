@@ -1,0 +1,81 @@
+// The input language end to end: every tests/cases/NAME.ipf is compiled in a
+// throw-away project holding all the files of tests/cases (its macro files
+// among them), and the MX lines it gives, without the sentinel lines, must
+// equal NAME.expected line for line. A run that stops ends the expected lines
+// with "stop: " and the English message, "|" for its line breaks and
+// "<project>/" for the project folder.
+//
+// A new case is two files. KORVANE_WRITE_GOLDEN=1 writes the .expected of
+// every case from what the compiler gives now: read each one before keeping it.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "base/fs.h"
+#include "base/messages.h"
+#include "support/project.h"
+
+namespace korvane::test {
+namespace {
+
+namespace stdfs = std::filesystem;
+
+stdfs::path casesFolder() { return stdfs::path(sourceDir()) / "tests" / "cases"; }
+
+std::vector<std::string> caseNames() {
+  std::vector<std::string> names;
+  for (const auto& e : stdfs::directory_iterator(casesFolder()))
+    if (e.path().extension() == ".ipf") names.push_back(e.path().stem().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::string readAll(const stdfs::path& p) {
+  std::ifstream in(p, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+// What a case gives, in the form of its .expected file.
+std::string outcome(const std::string& name) {
+  TempProject project;
+  for (const auto& e : stdfs::directory_iterator(casesFolder()))
+    if (e.path().extension() != ".expected")
+      project.write(e.path().filename().string(), readAll(e.path()));
+  Compiler c{project};
+  const bool ok = c.compile(name + ".ipf");
+  std::string out;
+  for (const auto& l : c.lines) out += l + "\n";
+  if (!ok) {
+    std::string m = replaceAll(c.ctx.stop.message, project.folder() + "/", "<project>/");
+    out += "stop: " + replaceAll(m, "\n", " | ") + "\n";
+  }
+  return out;
+}
+
+class GoldenCase : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(GoldenCase, CompilesToItsExpectedLines) {
+  const std::string name = GetParam();
+  const stdfs::path expectedFile = casesFolder() / (name + ".expected");
+  const std::string got = outcome(name);
+  if (std::getenv("KORVANE_WRITE_GOLDEN")) {
+    std::ofstream(expectedFile, std::ios::binary) << got;
+    return;
+  }
+  ASSERT_TRUE(stdfs::exists(expectedFile)) << "no " << expectedFile << "; it would be:\n" << got;
+  EXPECT_EQ(got, readAll(expectedFile)) << name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GoldenCase, ::testing::ValuesIn(caseNames()),
+                         [](const auto& info) {
+                           std::string n = info.param;
+                           std::replace_if(
+                               n.begin(), n.end(), [](char ch) { return !std::isalnum(ch); }, '_');
+                           return n;
+                         });
+
+}  // namespace
+}  // namespace korvane::test
