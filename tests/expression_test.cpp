@@ -145,3 +145,28 @@ TEST_F(ExpressionTest, FieldSplitStopsAfterIfAndRefusesASixteenthField) {
 }
 
 }  // namespace
+
+namespace {
+
+// Lines that nest far beyond any real input end with a run-time failure, not
+// with the stack run out.
+TEST(ExpressionDepth, LongChainsAndDeepParenthesesAreRefused) {
+  test::Evaluator c;
+  std::string chain = "1";
+  for (int i = 0; i < 24000; ++i) chain += "+1";
+  std::string parens = std::string(16000, '(') + "1" + std::string(16000, ')');
+  for (const std::string& e : {chain, parens}) {
+    try {
+      c.eval(e);
+      ADD_FAILURE() << "no failure for " << e.size() << " characters";
+    } catch (const RuntimeFailure& f) {
+      EXPECT_EQ(f.key(), "exprdepth");
+    }
+    EXPECT_EQ(c.ctx.expressionDepth, 0);  // unwound to the top
+  }
+  std::string fine = "1";
+  for (int i = 0; i < kMaxExpressionDepth / 2; ++i) fine += "+1";
+  EXPECT_EQ(c.eval(fine), std::to_string(kMaxExpressionDepth / 2 + 1));
+}
+
+}  // namespace

@@ -59,7 +59,7 @@ bool existCondition(CompileCall& call, const std::string& condition, bool& appli
 
 void conditionDirective(CompileCall& call, const std::string& line) {
   RunContext& ctx = call.ctx;
-  const std::string s = line.substr(3);
+  const std::string s = line.size() > 3 ? line.substr(3) : std::string();
   const std::string lowered = cp::lower(s);
   const std::size_t thenAt = lowered.find(" then ");
   if (thenAt == std::string::npos) throw RuntimeFailure("then", s);

@@ -60,6 +60,18 @@ std::string Evaluate(RunContext& ctx, std::string_view expr) {
 }
 
 std::string Evaluate(RunContext& ctx, std::string& expr) {
+  // Each operator and each parenthesis is one level deeper: a bound keeps a
+  // pathological line from running the stack out.
+  struct Level {
+    int& depth;
+    explicit Level(int& d) : depth(d) {
+      if (++depth > kMaxExpressionDepth) {
+        --depth;
+        throw RuntimeFailure("exprdepth", std::to_string(kMaxExpressionDepth));
+      }
+    }
+    ~Level() { --depth; }
+  } level(ctx.expressionDepth);
   expr = text::trim(expr);
   // A quoted text is taken literally, everything between the outer quotes.
   if (!expr.empty() && expr.front() == '"' && expr.back() == '"')

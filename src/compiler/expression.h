@@ -9,6 +9,9 @@
 
 namespace korvane {
 
+// How deeply operators and parentheses may nest in one expression.
+constexpr int kMaxExpressionDepth = 500;
+
 // The value of an expression. Texts in quotes come back unquoted, function
 // calls are replaced by temporaries, then the expression is split at the last
 // occurrence of the loosest operator ("&+-*/^"); a name that is no variable

@@ -123,7 +123,8 @@ struct CompileState {
   int argCount = 0;
   std::vector<std::string> selection;  // string labels that `repeat=each...` iterates
   std::int32_t tempCounter = 0;
-  int depth = 0;  // nesting of the compile pass
+  int depth = 0;            // nesting of the compile pass
+  int expressionDepth = 0;  // nesting of the expression evaluator
   // Where the compile stands: the file and line read last, for messages about
   // MX runs that a flush started there.
   std::string whereFile;

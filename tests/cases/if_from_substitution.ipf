@@ -1,0 +1,4 @@
+let,w=iF,
+crea,a
+|w|
+crea,never

@@ -1,0 +1,3 @@
+crea,a
+if
+crea,never
