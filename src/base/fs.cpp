@@ -170,6 +170,15 @@ std::optional<std::string> readFile(std::string_view name) {
 
 bool writeFileAtomic(std::string_view name, std::string_view content) {
   stdfs::path target = native(name);
+  std::error_code ec;
+  // A link is written through, to the file it names; a device, a pipe or a
+  // folder is never replaced by a plain file.
+  if (stdfs::is_symlink(stdfs::symlink_status(target, ec))) {
+    target = stdfs::weakly_canonical(target, ec);
+    if (ec) return false;
+  }
+  const auto st = stdfs::status(target, ec);
+  if (stdfs::exists(st) && !stdfs::is_regular_file(st)) return false;
   stdfs::path tmp = target;
   tmp += ".korvane-new";
   {
@@ -187,7 +196,6 @@ bool writeFileAtomic(std::string_view name, std::string_view content) {
       return false;
     }
   }
-  std::error_code ec;
   stdfs::rename(tmp, target, ec);
   if (ec) {
     stdfs::remove(tmp, ec);

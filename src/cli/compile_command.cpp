@@ -9,6 +9,7 @@
 #include "cli/commands.h"
 #include "cli/session.h"
 #include "shell/driver.h"
+#include "shell/project_guard.h"
 
 namespace korvane::cli {
 namespace {
@@ -25,6 +26,11 @@ int runCompile(const CompileOptions& o) {
   auto session = Session::open(o.session, hosts::EngineKind::None, status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
+  const std::vector<std::string> entries = entriesFromWords(o.words);
+  std::vector<std::string> outputs = projectOutputs(ctx.projectFolder, {}, "", "");
+  if (!o.output.empty()) outputs.push_back(fs::absolute(fromTerminal(o.output)));
+  if (!o.varsFile.empty()) outputs.push_back(fs::absolute(fromTerminal(o.varsFile)));
+  if (refusesOwnInput(ctx, entries, outputs)) return 2;
 
   std::ofstream file;
   std::ostream* out = &std::cout;
@@ -41,21 +47,29 @@ int runCompile(const CompileOptions& o) {
     out->write("\r\n", 2);
   });
 
-  for (const auto& entry : entriesFromWords(o.words))
+  for (const auto& entry : entries)
     if (!ApplyOneFile(ctx, entry)) break;
   out->flush();
+  int result = 0;
+  if (!*out) {
+    printError(
+        ctx.messages.format("Runtime", "write", o.output.empty() ? "-" : fromTerminal(o.output)));
+    result = 1;
+  }
 
   if (!o.varsFile.empty()) {
     std::string text;
     for (const auto& item : ctx.vars.viewerItems()) text += item + "\r\n";
-    if (!fs::writeFileAtomic(fromTerminal(o.varsFile), text))
+    if (!fs::writeFileAtomic(fromTerminal(o.varsFile), text)) {
       printError(ctx.messages.format("Runtime", "write", fromTerminal(o.varsFile)));
+      result = 1;
+    }
   }
   if (ctx.stop.set) {
     printError(ctx.stop.message);
     return 1;
   }
-  return 0;
+  return result;
 }
 
 }  // namespace

@@ -18,6 +18,7 @@
 #include "cli/session.h"
 #include "hosts/embedded/embedded_engine.h"
 #include "shell/cad_players.h"
+#include "shell/project_guard.h"
 
 namespace korvane::cli {
 namespace {
@@ -138,6 +139,10 @@ int runRun(const RunOptions& o, const std::vector<std::string>& entries) {
   RunSettings settings = readRunSettings(ctx.settingsPath);
   if (o.saveOne) settings.saveOne = true;
   if (o.saveSep) settings.saveSeparate = true;
+  if (refusesOwnInput(ctx, entries,
+                      projectOutputs(ctx.projectFolder, entryFiles(entries), settings.combinedName,
+                                     settings.saveSeparate ? settings.separatePrefix : "")))
+    return 2;
 
   const FolderState filesBefore = folderState(ctx.projectFolder);
   const auto modelsBefore = models(ctx.engine);

@@ -5,6 +5,7 @@
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/profile.h"
+#include "shell/driver.h"
 #include "shell/standard_language.h"
 
 namespace korvane::cli {
@@ -53,6 +54,20 @@ std::vector<std::string> entriesFromWords(const std::vector<std::string>& words)
   return entries;
 }
 
+std::vector<std::string> entryFiles(const std::vector<std::string>& entries) {
+  std::vector<std::string> files;
+  for (const auto& e : entries) files.push_back(parseRunEntry(e).path);
+  return files;
+}
+
+bool refusesOwnInput(const RunContext& ctx, const std::vector<std::string>& entries,
+                     const std::vector<std::string>& outputs) {
+  auto clash = inputAmongOutputs(entryFiles(entries), outputs);
+  if (!clash) return false;
+  printError(ctx.messages.format("Cli", "self_output", *clash));
+  return true;
+}
+
 std::unique_ptr<Session> Session::open(const SessionOptions& options,
                                        hosts::EngineKind defaultEngine, int& status) {
   auto s = std::make_unique<Session>();
@@ -76,6 +91,11 @@ std::unique_ptr<Session> Session::open(const SessionOptions& options,
     return nullptr;
   }
   ctx.projectFolder = fs::withTrailingSeparator(project);
+  if (!s->lock.acquire(project)) {
+    printError(ctx.messages.format("Cli", "busy", project));
+    status = 1;
+    return nullptr;
+  }
 
   hosts::EngineKind kind = defaultEngine;
   if (!options.engine.empty() && !hosts::parseEngineKind(options.engine, kind)) {

@@ -11,6 +11,7 @@
 #include "compiler/run_context.h"
 #include "hosts/engine_factory.h"
 #include "shell/home.h"
+#include "shell/project_guard.h"
 
 namespace korvane::cli {
 
@@ -38,6 +39,7 @@ class Session {
   static std::unique_ptr<Session> open(const SessionOptions& options,
                                        hosts::EngineKind defaultEngine, int& status);
 
+  ProjectLock lock;  // first, so that it is let go last
   RunContext ctx;
   HomePaths paths;
   std::unique_ptr<hosts::MxEngine> engine;
@@ -47,6 +49,14 @@ class Session {
 // Run entries from the command line's entry words ("a.ipf" or "a.ipf [main]"):
 // relative paths are taken from the current folder.
 std::vector<std::string> entriesFromWords(const std::vector<std::string>& words);
+
+// The run-entry words' input files.
+std::vector<std::string> entryFiles(const std::vector<std::string>& entries);
+
+// Prints the refusal and returns true when one of the files the run reads is
+// among `outputs`.
+bool refusesOwnInput(const RunContext& ctx, const std::vector<std::string>& entries,
+                     const std::vector<std::string>& outputs);
 
 // Text in the users' code page to the terminal, and back.
 void printError(const std::string& cpText);
