@@ -45,6 +45,15 @@ TEST_F(Profile, Utf16AndUtf8FilesAreReadInTheUsersCodePage) {
   EXPECT_EQ(ReadProfileString("s", "k", f8), "\xF5");
 }
 
+TEST_F(Profile, AUtf8FileIsWrittenInItsOwnSectionAndEncoding) {
+  std::string f8 = project.write("u8.ini", "\xEF\xBB\xBF[s]\r\nk=\xC5\x91\r\n[t]\r\n");
+  EXPECT_EQ(WriteProfileString("s", "\xE9", "\xFB", f8), "1");  // "é" = "ű"
+  EXPECT_EQ(WriteProfileString("S", "k", "\xE1", f8), "1");      // "á"
+  EXPECT_EQ(project.read("u8.ini"),
+            "\xEF\xBB\xBF[s]\r\nk=\xC3\xA1\r\n\xC3\xA9=\xC5\xB1\r\n[t]\r\n");
+  EXPECT_EQ(ReadProfileString("s", "\xE9", f8), "\xFB");
+}
+
 TEST_F(Profile, ValuesAreCutAt127Characters) {
   std::string longFile = project.write("l.ini", "[s]\nk=" + std::string(200, 'x') + "\n");
   EXPECT_EQ(ReadProfileString("s", "k", longFile), std::string(127, 'x'));

@@ -149,11 +149,15 @@ std::string WriteProfileString(std::string_view section, std::string_view key,
   if (section.empty() || key.empty()) return fail();
 
   std::vector<RawLine> lines;
+  bool utf8 = false;
   if (fs::fileExists(file)) {
     auto data = fs::readFile(file);
     if (!data) return fail();
+    // A file in UTF-16 is Windows' own Unicode profile: we read it but do not
+    // write it back in another encoding.
     if (data->size() >= 2 && (*data)[0] == '\xFF' && (*data)[1] == '\xFE') return fail();
-    lines = splitLines(*data);
+    utf8 = data->compare(0, 3, "\xEF\xBB\xBF") == 0;
+    lines = splitLines(decodeIni(std::move(*data)));
   }
 
   std::string entry = std::string(key) + "=" + std::string(value);
@@ -191,6 +195,7 @@ std::string WriteProfileString(std::string_view section, std::string_view key,
 
   std::string out;
   for (const auto& l : lines) out += l.text + l.eol;
+  if (utf8) out = "\xEF\xBB\xBF" + cp::toUtf8(out);  // the file keeps its own encoding
   bool ok = fs::writeFileAtomic(file, out);
   forget(file);
   if (!ok) return fail();
