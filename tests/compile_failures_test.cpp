@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <filesystem>
 
 #include "compiler/line_reader.h"
 #include "support/project.h"
@@ -81,6 +82,25 @@ TEST_F(Failures, BinaryFilesAndHugeLinesAreRefused) {
   EXPECT_EQ(failure("huge.ipf"),
             c.ctx.messages.format("Runtime", "linelen", std::to_string(LineReader::kMaxLine)));
   EXPECT_EQ(c.lines, (Lines{"crea,a"}));
+}
+
+TEST_F(Failures, ARefusedLineIsNotShownWithTheTextOfTheLineBefore) {
+  project.write("bin.ipf", std::string("crea,a\r\nx\0y\r\n", 13));
+  failure("bin.ipf");
+  ASSERT_TRUE(c.ctx.failure);
+  EXPECT_EQ(c.ctx.failure->line, 2);
+  EXPECT_EQ(c.ctx.failure->lineText, "");
+  EXPECT_EQ(c.ctx.stop.message.find("crea,a"), std::string::npos) << c.ctx.stop.message;
+}
+
+TEST_F(Failures, KillDeletesFilesAndLeavesFoldersAlone) {
+  project.write("old.txt", "x");
+  project.write("empty/.keep", "");
+  std::filesystem::remove(project.path("empty/.keep"));
+  project.write("a.ipf", "kill,old.txt\r\nkill,empty\r\n");
+  EXPECT_TRUE(c.compile("a.ipf")) << c.ctx.stop.message;
+  EXPECT_FALSE(project.exists("old.txt"));
+  EXPECT_TRUE(std::filesystem::is_directory(project.path("empty")));
 }
 
 TEST_F(Failures, InterruptionEndsTheRunAtTheNextLine) {

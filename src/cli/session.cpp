@@ -112,8 +112,10 @@ std::unique_ptr<Session> Session::open(const SessionOptions& options,
   }
   s->engine = hosts::makeEngine(kind, engineOptions, error);
   if (!s->engine) {
-    printError(ctx.messages.format("Cli", "engine_missing", options.engine, error));
-    status = 2;
+    // The command line was right; the engine cannot start here (a damaged store, no MX).
+    static const char* const kNames[] = {"none", "embedded", "mx"};
+    printError(ctx.messages.format("Cli", "engine_missing", kNames[static_cast<int>(kind)], error));
+    status = 1;
     return nullptr;
   }
   ctx.engine = s->engine.get();

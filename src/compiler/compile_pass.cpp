@@ -171,6 +171,7 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     std::string line;
     for (;;) {
       if (ctx.interrupted && ctx.interrupted->load()) throw RuntimeFailure("interrupted");
+      call.rawLine.clear();  // a line the reader refuses has no text to show
       if (!call.readLine(line)) return;
       ctx.currentLine = call.rawLine = line;
       noteWhere(ctx, call);

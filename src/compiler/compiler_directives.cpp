@@ -53,9 +53,10 @@ R insert(DirectiveCall& d) {
   return R::Continue;
 }
 
-// Failures of kill and copyfile are ignored.
+// Failures of kill and copyfile are ignored. kill deletes files, never folders.
 R kill(DirectiveCall& d) {
-  fs::removeFile(d.context().projectFolder() + d.argument(1));
+  const std::string path = d.context().projectFolder() + d.argument(1);
+  if (fs::fileExists(path)) fs::removeFile(path);
   return R::Continue;
 }
 
