@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <random>
 
 #include "hosts/embedded/fortran_format.h"
 
@@ -128,6 +131,57 @@ TEST(FortranFormat, ReadsNumbersTheFortranWay) {
   std::string why;
   EXPECT_FALSE(readNumberField("  1.5", FieldSlot{0, 0, 5, 0, Edit::I}, v, why));
   EXPECT_FALSE(readNumberField("1D999", FieldSlot{0, 0, 5, 0, Edit::D}, v, why));  // overflow
+}
+
+TEST(FortranFormat, ReadsTheNearestDouble) {
+  // 14.999999999999999 lies 1e-15 below 15, but only 0.78e-15 above the
+  // double below 15 (15 - 2^-49): that one is nearer.
+  EXPECT_EQ(readNum("0.14999999999999999D+02", Edit::D, 23, 17), std::nextafter(15.0, 0.0));
+  // 100.00000000000001 lies 1e-14 above 100 and 0.42e-14 below 100 + 2^-46.
+  EXPECT_EQ(readNum("0.10000000000000001D+03", Edit::D, 23, 17), std::nextafter(100.0, 200.0));
+  // 2^53 + 1 lies halfway between 2^53 and 2^53 + 2: the even one is taken.
+  EXPECT_EQ(readNum("0.9007199254740993D+16", Edit::D, 23, 17), std::ldexp(1.0, 53));
+  EXPECT_EQ(readNum("0.9007199254740995D+16", Edit::D, 23, 17), std::ldexp(1.0, 53) + 4);
+  // Exactly representable values, however written.
+  EXPECT_EQ(readNum("0.25000000000000000D+00", Edit::D, 23, 17), 0.25);
+  EXPECT_EQ(readNum("  25000000000000000000", Edit::F, 22, 20), 0.25);  // implied point
+  EXPECT_EQ(readNum("-.99900000000000000D+03", Edit::D, 23, 17), -999.0);
+  EXPECT_EQ(readNum("   0.0000000000000000000000000000000000000001024D+43", Edit::D, 51, 17),
+            1024.0);  // leading zeros do not count
+  // Below the smallest double a value is 0 (with its sign); the sign of 0 is kept.
+  EXPECT_EQ(readNum("0.1D-999", Edit::D, 8, 1), 0.0);
+  EXPECT_TRUE(std::signbit(readNum("-0.1D-999", Edit::D, 9, 1)));
+  EXPECT_TRUE(std::signbit(readNum("-0.0", Edit::F, 4, 1)));
+  // The smallest subnormal is a number, not an underflow.
+  EXPECT_EQ(readNum("0.49406564584124654D-323", Edit::D, 23, 17),
+            std::numeric_limits<double>::denorm_min());
+}
+
+TEST(FortranFormat, ReadsRandomDecimalsAsTheNearestDouble) {
+  // Checked against long double arithmetic where it carries 11 more bits:
+  // neither neighbour of the value read may lie nearer to the decimal.
+  if (std::numeric_limits<long double>::digits < 64) GTEST_SKIP() << "no extended precision";
+  std::mt19937_64 rng(20240611);
+  int checked = 0;
+  for (int i = 0; i < 2000; ++i) {
+    char text[40];
+    unsigned long long mantissa = 10000000000000000ULL + rng() % 90000000000000000ULL;
+    int exponent = static_cast<int>(rng() % 41) - 20;
+    std::snprintf(text, sizeof text, "0.%017lluD%+03d", mantissa, exponent);
+    double v = readNum(text, Edit::D, 23, 17);
+    std::string e(text);
+    e[e.find('D')] = 'E';
+    long double exact = std::strtold(e.c_str(), nullptr);
+    long double here = std::fabs(exact - v);
+    long double ulp = std::nextafter(v, 2 * v) - v;
+    for (double neighbour : {std::nextafter(v, 0.0), std::nextafter(v, 2 * v)}) {
+      long double there = std::fabs(exact - neighbour);
+      if (std::fabs(there - here) < ulp * 1e-3L) continue;  // too close to a tie to judge
+      EXPECT_LT(here, there) << text;
+      ++checked;
+    }
+  }
+  EXPECT_GT(checked, 3900);
 }
 
 TEST(FortranFormat, WritesFixedAndExponentialFields) {

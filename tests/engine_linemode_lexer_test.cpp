@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "hosts/embedded/linemode_lexer.h"
 #include "hosts/embedded/selection_masks.h"
 
@@ -93,6 +95,11 @@ TEST(LinemodeLexer, NumericFieldsRefuseText) {
   EXPECT_EQ(v, 150.0);
   ASSERT_TRUE(f.number(12, v, error));
   EXPECT_FALSE(v);  // absent
+  // Numbers in fields are read as the nearest double too: 100.00000000000001
+  // is 0.42e-14 below 100 + 2^-46 and 1e-14 above 100.
+  ASSERT_TRUE(Fields::split("080,A,,0.10000000000000001D+03", f, error));
+  ASSERT_TRUE(f.number(4, v, error));
+  EXPECT_EQ(v, std::nextafter(100.0, 200.0));
 }
 
 TEST(LinemodeLexer, SelectionMasksFirstMatchDecides) {

@@ -59,12 +59,7 @@ MxRunResult EmbeddedEngine::run(std::string_view verb, const std::string& fullNa
     return r;
   }
   std::vector<std::string> lines;
-  try {
-    if (!readInputLines(fullName, lines, r.error)) return r;
-  } catch (const std::exception& e) {
-    r.error = "cannot read the input file " + fullName + ": " + e.what();
-    return r;
-  }
+  if (!readInputLines(fullName, lines, r.error)) return r;
   return execute(lines, fullName, std::nullopt);
 }
 
@@ -98,7 +93,7 @@ MxRunResult EmbeddedEngine::execute(const std::vector<std::string>& lines, const
     RunOutcome outcome = executeRun(*store, listing, request);
     if (!outcome.lastModel.empty()) currentModel_ = outcome.lastModel;
     r.error = outcome.error;
-  } catch (const std::exception& e) {
+  } catch (const EngineError& e) {
     r.error = name + ": engine failure: " + e.what();
   }
   return r;
@@ -126,7 +121,7 @@ std::int32_t EmbeddedEngine::findModel(std::string_view model, ModelRow& row) {
     if (!m) return kNoModel;
     row = *m;
     return kFound;
-  } catch (const std::exception&) {
+  } catch (const EngineError&) {
     return kStoreFailure;
   }
 }
@@ -139,7 +134,7 @@ std::optional<StringRow> EmbeddedEngine::findString(std::string_view model, std:
     auto s = access_.get()->findString(row.id, label);
     status = s ? kFound : kNoString;
     return s;
-  } catch (const std::exception&) {
+  } catch (const EngineError&) {
     status = kStoreFailure;
     return std::nullopt;
   }
@@ -169,7 +164,7 @@ std::int32_t EmbeddedEngine::point(std::string_view model, std::string_view labe
     if (!p) return kNoPoint;
     fillPointRecord(m.name, *s, *p, n, out);
     return kFound;
-  } catch (const std::exception&) {
+  } catch (const EngineError&) {
     return kStoreFailure;
   }
 }
@@ -194,7 +189,7 @@ std::int32_t EmbeddedEngine::record(std::int32_t n, PointRecord& out) {
       return kFound;
     }
     return kNoPoint;
-  } catch (const std::exception&) {
+  } catch (const EngineError&) {
     return kStoreFailure;
   }
 }
@@ -268,7 +263,7 @@ bool EmbeddedEngine::models(std::vector<ModelSummary>& out, std::string& error) 
     ModelStore* store = access_.get(error);
     if (store) out = store->summaries();
     return error.empty();
-  } catch (const std::exception& e) {
+  } catch (const EngineError& e) {
     error = e.what();
     return false;
   }
@@ -287,7 +282,7 @@ bool EmbeddedEngine::strings(const std::string& model, std::vector<StringRow>& o
   try {
     out = access_.get()->strings(m.id);
     return true;
-  } catch (const std::exception& e) {
+  } catch (const EngineError& e) {
     error = e.what();
     return false;
   }
@@ -307,7 +302,7 @@ bool EmbeddedEngine::loadString(const std::string& model, const std::string& lab
   try {
     out = access_.get()->load(*row);
     return true;
-  } catch (const std::exception& e) {
+  } catch (const EngineError& e) {
     error = e.what();
     return false;
   }
@@ -324,7 +319,7 @@ bool EmbeddedEngine::exportGenio(const std::string& model, const LineSink& sink,
       if (!w.write(access_.get()->load(row), error)) return false;
     w.end();
     return true;
-  } catch (const std::exception& e) {
+  } catch (const EngineError& e) {
     error = e.what();
     return false;
   }

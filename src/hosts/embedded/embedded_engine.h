@@ -1,8 +1,9 @@
 // The embedded MX engine: MX's configuration, project, data-access and model
 // library services on a machine without MX. Models live in an SQLite store in
 // the project folder; runs execute the Linemode subset of engine_run.h and
-// write their listing beside it. No exception leaves these services: queries
-// answer by status words, runs by MxRunResult.
+// write their listing beside it. No engine error leaves these services:
+// queries answer by status words, runs by MxRunResult. Other exceptions (out
+// of memory, a broken invariant) are not answers about the models and pass.
 #pragma once
 
 #include <map>

@@ -20,11 +20,11 @@ namespace {
 namespace fs = std::filesystem;
 
 // Raised by a record that cannot be executed; caught by the run loop.
-struct RecordError {
-  std::string reason;
+struct RecordError : EngineError {
+  explicit RecordError(const std::string& reason) : EngineError(reason) {}
 };
 
-[[noreturn]] void refuse(std::string reason) { throw RecordError{std::move(reason)}; }
+[[noreturn]] void refuse(const std::string& reason) { throw RecordError(reason); }
 
 // Runs one step of the run; a failure of the store stops the run like a bad record.
 template <class Step>
@@ -123,9 +123,9 @@ RunOutcome EngineRun::execute() {
     if (record.size() > 100) record = record.substr(0, 100) + "...";
     for (char& c : record)
       if (c == '\0') c = ' ';
-    outcome_.error = request_.inputName + ", line " + std::to_string(lineNo) + ": " + e.reason +
+    outcome_.error = request_.inputName + ", line " + std::to_string(lineNo) + ": " + e.what() +
                      ": \"" + record + "\"";
-    listing_.error(lineNo, e.reason);
+    listing_.error(lineNo, e.what());
     if (tx_) {
       tx_.reset();  // rolls back
       listing_.text("**** " + blockWord_ + " at line " + std::to_string(blockLine_) +

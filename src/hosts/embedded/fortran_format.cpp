@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 #include "hosts/embedded/model_string.h"
 
@@ -303,28 +304,52 @@ bool FortranFormat::layout(int items, RecordLayout& out, std::string& error) con
 
 // --- reading -----------------------------------------------------------------
 
+namespace {
+
+// Room for the normalised text of a number: a field of any width fits when it
+// is at most this long; longer texts (free-form fields) use the heap.
+constexpr std::size_t kNumberBuffer = 320;
+
+}  // namespace
+
 bool parseFortranNumber(std::string_view s, int impliedDecimals, double& out) {
   if (s.empty()) {
     out = 0;
     return true;
   }
-  std::size_t i = 0, n = s.size();
+  // The number is rewritten as "[-]digits e exponent" (digits without the
+  // point and without leading zeros) and converted by std::from_chars, which
+  // gives the nearest double whatever the locale.
+  char local[kNumberBuffer];
+  std::string heap;
+  char* buf = local;
+  if (s.size() + 24 > sizeof local) {
+    heap.resize(s.size() + 24);
+    buf = heap.data();
+  }
+  std::size_t len = 0, i = 0, n = s.size();
   bool negative = false;
   if (s[i] == '+' || s[i] == '-') negative = s[i++] == '-';
-  std::string digits;
-  int fraction = 0;
+  if (negative) buf[len++] = '-';
+  long digits = 0, significant = 0, fraction = 0;
   bool point = false;
   for (; i < n; ++i) {
-    if (isDigit(s[i])) {
-      digits += s[i];
+    char c = s[i];
+    if (isDigit(c)) {
+      ++digits;
       if (point) ++fraction;
-    } else if (s[i] == '.' && !point) {
+      if (c != '0' || significant > 0) {
+        buf[len++] = c;
+        ++significant;
+      }
+    } else if (c == '.' && !point) {
       point = true;
     } else {
       break;
     }
   }
-  if (digits.empty()) return false;
+  if (digits == 0) return false;
+  if (significant == 0) buf[len++] = '0';
   long exponent = 0;
   if (i < n) {
     char c = s[i];
@@ -341,19 +366,35 @@ bool parseFortranNumber(std::string_view s, int impliedDecimals, double& out) {
     if (expNegative) exponent = -exponent;
   }
   exponent -= point ? fraction : impliedDecimals;
-  std::string text = (negative ? "-" : "") + digits + "e" + std::to_string(exponent);
-  double v = std::strtod(text.c_str(), nullptr);
-  if (!std::isfinite(v)) return false;
+  buf[len++] = 'e';
+  len = static_cast<std::size_t>(std::to_chars(buf + len, buf + len + 16, exponent).ptr - buf);
+  double v = 0;
+  auto r = std::from_chars(buf, buf + len, v);
+  if (r.ec == std::errc::result_out_of_range) {
+    // Below the smallest double the value is 0; above the largest, no number.
+    if (significant + exponent > 0) return false;
+    v = negative ? -0.0 : 0.0;
+  } else if (r.ec != std::errc() || r.ptr != buf + len) {
+    return false;
+  }
   out = v;
   return true;
 }
 
 bool readNumberField(std::string_view field, const FieldSlot& slot, double& out, std::string& why) {
-  std::string compact;
+  char local[kNumberBuffer];
+  std::string heap;
+  char* compact = local;
+  if (field.size() > sizeof local) {
+    heap.resize(field.size());
+    compact = heap.data();
+  }
+  std::size_t len = 0;
   for (char c : field)
-    if (c != ' ') compact += c;
-  bool ok = parseFortranNumber(compact, slot.edit == Edit::I ? 0 : slot.decimals, out);
-  if (ok && slot.edit == Edit::I && compact.find_first_not_of("+-0123456789") != std::string::npos)
+    if (c != ' ') compact[len++] = c;
+  std::string_view number(compact, len);
+  bool ok = parseFortranNumber(number, slot.edit == Edit::I ? 0 : slot.decimals, out);
+  if (ok && slot.edit == Edit::I && number.find_first_not_of("+-0123456789") != std::string::npos)
     ok = false;
   if (!ok) {
     why = "'" + std::string(field) + "' in columns " + std::to_string(slot.column + 1) + "-" +
@@ -411,7 +452,10 @@ std::string exponential(double v, int decimals, char letter) {
     for (std::size_t i = 0; i < e; ++i)
       if (isDigit(s[i])) digits += s[i];
     digits.resize(static_cast<std::size_t>(decimals), '0');
-    exponent = std::strtol(s.c_str() + e + 1, nullptr, 10) + 1;
+    const char* at = s.data() + e + 1;
+    if (*at == '+') ++at;
+    std::from_chars(at, s.data() + s.size(), exponent);
+    exponent += 1;
   }
   long a = std::labs(exponent);
   if (a > 999) return {};

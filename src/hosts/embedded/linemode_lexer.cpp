@@ -1,5 +1,6 @@
 #include "hosts/embedded/linemode_lexer.h"
 
+#include <charconv>
 #include <cmath>
 
 #include "base/codepage.h"
@@ -85,7 +86,8 @@ bool Fields::split(std::string_view record, Fields& out, std::string& error) {
         error = "'" + std::string(piece) + "' is not a field position of the form N=value";
         return false;
       }
-      int target = std::stoi(n);
+      int target = 0;
+      std::from_chars(n.data(), n.data() + n.size(), target);
       if (target < 2) {
         error = "field position " + n + "= is below 2";
         return false;

@@ -14,7 +14,7 @@ std::optional<ModelString> loadString(StoreAccess& access, const std::string& mo
     auto row = store->findString(m->id, label);
     if (!row) return std::nullopt;
     return store->load(*row);
-  } catch (const std::exception&) {
+  } catch (const EngineError&) {
     return std::nullopt;
   }
 }
@@ -59,7 +59,7 @@ class EmbeddedModel final : public MxModel {
       auto m = store ? store->findModel(name_) : std::nullopt;
       if (!m) return out;
       for (const StringRow& row : store->strings(m->id)) out.push_back(row.header.label);
-    } catch (const std::exception&) {
+    } catch (const EngineError&) {
       out.clear();
     }
     return out;
@@ -73,7 +73,7 @@ class EmbeddedModel final : public MxModel {
       auto row = store->findString(m->id, label);
       if (!row) return nullptr;
       return std::make_unique<EmbeddedString>(store_, name_, row->header.label);
-    } catch (const std::exception&) {
+    } catch (const EngineError&) {
       return nullptr;
     }
   }
@@ -91,7 +91,7 @@ std::unique_ptr<MxModel> EmbeddedLibrary::model(std::string_view name) {
     auto m = store ? store->findModel(name) : std::nullopt;
     if (!m) return nullptr;
     return std::make_unique<EmbeddedModel>(store_, m->name);
-  } catch (const std::exception&) {
+  } catch (const EngineError&) {
     return nullptr;
   }
 }

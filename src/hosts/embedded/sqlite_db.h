@@ -1,22 +1,23 @@
 // A small RAII layer over the SQLite C API: one connection, prepared
-// statements, and an exception that carries SQLite's result code. Used only
-// inside the embedded engine; the MX interfaces catch everything it throws.
+// statements, and an engine error that carries SQLite's result code. Used
+// only inside the embedded engine.
 #pragma once
 
 #include <cstdint>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
+
+#include "hosts/embedded/engine_error.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace korvane::hosts::embedded {
 
-class SqliteError : public std::runtime_error {
+class SqliteError : public EngineError {
  public:
-  SqliteError(int code, const std::string& what) : std::runtime_error(what), code_(code) {}
+  SqliteError(int code, const std::string& what) : EngineError(what), code_(code) {}
   int code() const { return code_; }
   bool busy() const;          // another connection holds the lock
   bool notADatabase() const;  // the file is not an SQLite database, or is damaged
