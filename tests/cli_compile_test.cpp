@@ -1,20 +1,13 @@
 // The korvane program end to end: `korvane compile` as users and scripts call it.
 #include <gtest/gtest.h>
 
-#include "support/project.h"
+#include "support/cli.h"
 
 using namespace korvane;
 
 namespace {
 
-struct CliCompile : ::testing::Test {
-  test::TempProject project;
-  std::string home = test::sourceDir() + "/data";
-
-  int run(const std::string& args) {
-    return test::runKorvane(project.folder(), args + " --home '" + home + "'");
-  }
-};
+struct CliCompile : test::CliProject {};
 
 TEST_F(CliCompile, WritesTheMxLinesOfAllEntriesWithCrLf) {
   project.write("a.ipf", "#g_n=2\ncrea,a|g_n|\n[sec]\ncrea,section\n");

@@ -9,21 +9,13 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "support/project.h"
+#include "support/cli.h"
 
 using namespace korvane;
 
 namespace {
 
-struct ProjectGuard : ::testing::Test {
-  test::TempProject project;
-  std::string home = test::sourceDir() + "/data";
-
-  int korvane(const std::string& args) {
-    return test::runKorvane(project.folder(), args + " --home '" + home + "'");
-  }
-  std::string err() const { return project.read("err.txt"); }
-};
+struct ProjectGuard : test::CliProject {};
 
 TEST_F(ProjectGuard, ASecondRunOnTheSameProjectIsRefusedBeforeItWritesAnything) {
   project.write("a.ipf", "crea,a\n");
@@ -31,7 +23,7 @@ TEST_F(ProjectGuard, ASecondRunOnTheSameProjectIsRefusedBeforeItWritesAnything) 
   ASSERT_TRUE(held.acquire(project.folder()));
   ProjectLock second;
   EXPECT_FALSE(second.acquire(project.folder()));  // in this process too
-  EXPECT_EQ(korvane("run a.ipf --engine none"), 1);
+  EXPECT_EQ(run("run a.ipf --engine none"), 1);
   EXPECT_NE(err().find(project.folder()), std::string::npos) << err();
   EXPECT_FALSE(project.exists("tmpinput.txt"));
   EXPECT_FALSE(project.exists("korvane-models.db"));
@@ -43,7 +35,7 @@ TEST_F(ProjectGuard, TheHoldEndsWithItsOwner) {
     ASSERT_TRUE(first.acquire(project.folder()));
   }
   project.write("a.ipf", "crea,a\n");
-  EXPECT_EQ(korvane("compile a.ipf"), 0);
+  EXPECT_EQ(run("compile a.ipf"), 0);
   ProjectLock again;
   EXPECT_TRUE(again.acquire(project.folder()));
 }
@@ -51,31 +43,31 @@ TEST_F(ProjectGuard, TheHoldEndsWithItsOwner) {
 TEST_F(ProjectGuard, AnOutputThatIsAnInputIsRefusedAndTheFileKept) {
   const std::string input = "crea,a\r\n";
   project.write("road.ipf", input);
-  EXPECT_EQ(korvane("compile road.ipf -o road.ipf"), 2);
+  EXPECT_EQ(run("compile road.ipf -o road.ipf"), 2);
   EXPECT_EQ(project.read("road.ipf"), input);
-  EXPECT_EQ(korvane("compile road.ipf -o ./sub/../road.ipf"), 2);  // however it is named
-  EXPECT_EQ(korvane("compile road.ipf --vars road.ipf"), 2);
+  EXPECT_EQ(run("compile road.ipf -o ./sub/../road.ipf"), 2);  // however it is named
+  EXPECT_EQ(run("compile road.ipf --vars road.ipf"), 2);
   EXPECT_EQ(project.read("road.ipf"), input);
 
   project.write("tmpinput.txt", input);
-  EXPECT_EQ(korvane("compile tmpinput.txt"), 2);
+  EXPECT_EQ(run("compile tmpinput.txt"), 2);
   EXPECT_EQ(project.read("tmpinput.txt"), input);
 
   project.write("complete.inp", input);
-  EXPECT_EQ(korvane("run complete.inp --save-one --engine none"), 2);
+  EXPECT_EQ(run("run complete.inp --save-one --engine none"), 2);
   EXPECT_EQ(project.read("complete.inp"), input);
   EXPECT_NE(err().find("complete.inp"), std::string::npos) << err();
 
   project.write("compiled_part.inp", input);
-  EXPECT_EQ(korvane("run compiled_part.inp --save-sep --engine none"), 0);  // not its own name
+  EXPECT_EQ(run("run compiled_part.inp --save-sep --engine none"), 0);  // not its own name
   project.write("part.ipf", "crea,p\r\n");
-  EXPECT_EQ(korvane("run part.ipf compiled_part.inp --save-sep --engine none"), 2);
+  EXPECT_EQ(run("run part.ipf compiled_part.inp --save-sep --engine none"), 2);
 }
 
 TEST_F(ProjectGuard, WriteFailuresEndWithCannotWrite) {
   project.write("a.ipf", "crea,a\n");
   if (std::filesystem::exists("/dev/full")) {
-    EXPECT_EQ(korvane("compile a.ipf -o /dev/full"), 1);
+    EXPECT_EQ(run("compile a.ipf -o /dev/full"), 1);
     EXPECT_NE(err().find("/dev/full"), std::string::npos) << err();
     const std::string toFull = "cd '" + project.folder() + "' && '" + KORVANE_BIN_DIR +
                                "/korvane' compile a.ipf --home '" + home +
@@ -83,12 +75,12 @@ TEST_F(ProjectGuard, WriteFailuresEndWithCannotWrite) {
     const int rc = std::system(toFull.c_str());
     EXPECT_TRUE(WIFEXITED(rc) && WEXITSTATUS(rc) == 1) << err();
   }
-  EXPECT_EQ(korvane("compile a.ipf --vars /dev/null"), 1);  // a device is not replaced
+  EXPECT_EQ(run("compile a.ipf --vars /dev/null"), 1);  // a device is not replaced
   EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 
   project.write("real/vars.txt", "old");
   std::filesystem::create_symlink(project.path("real/vars.txt"), project.path("link.txt"));
-  EXPECT_EQ(korvane("compile a.ipf --vars link.txt"), 0);
+  EXPECT_EQ(run("compile a.ipf --vars link.txt"), 0);
   EXPECT_TRUE(std::filesystem::is_symlink(project.path("link.txt")));  // written through
   EXPECT_EQ(project.read("real/vars.txt"), "");
 }

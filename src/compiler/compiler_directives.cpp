@@ -69,22 +69,19 @@ R copyfile(DirectiveCall& d) {
 }  // namespace
 
 void addCompilerDirectives(DirectiveTable& t) {
-  const Preparation none;
-  Preparation flush;
-  flush.flushFirst = true;
+  // Directives that need nothing done before their handler.
+  const std::pair<const char*, DirectiveHandler> plain[] = {
+      {"fini", fini},   {"insert", insert},     {"option", nothing},
+      {"rem", nothing}, {"repeat", repeatLine}, {"endrepeat", endrepeatLine},
+      {"reset", reset}, {"let", let},           {"if", condition},
+  };
+  for (const auto& [keyword, handler] : plain) t.add(keyword, Preparation{}, handler);
+
   Preparation keywordText;
   keywordText.readKeywordText = true;
-
-  t.add("fini", none, fini);
-  t.add("insert", none, insert);
   t.add("default", keywordText, defaultLine);
-  t.add("option", none, nothing);
-  t.add("rem", none, nothing);
-  t.add("repeat", none, repeatLine);
-  t.add("endrepeat", none, endrepeatLine);
-  t.add("reset", none, reset);
-  t.add("let", none, let);
-  t.add("if", none, condition);
+  Preparation flush;
+  flush.flushFirst = true;
   t.add("kill", flush, kill);
   t.add("copyfile", flush, copyfile);
   addChannelDirectives(t);
