@@ -3,8 +3,7 @@
 #include <iostream>
 
 #include "shell/codepage.h"
-#include "shell/fs.h"
-#include "shell/profile.h"
+#include "shell/startup.h"
 
 namespace korvane::cli {
 
@@ -43,61 +42,27 @@ bool TerminalPrompt::ask(const std::string& title, const std::string& prompt, st
 
 std::vector<std::string> entriesFromWords(const std::vector<std::string>& words) {
   std::vector<std::string> entries;
-  for (const auto& raw : words) {
-    std::string w = fromTerminal(raw);
-    std::size_t at = w.find(" [");
-    std::string path = at == std::string::npos ? w : w.substr(0, at);
-    entries.push_back(fs::absolute(path) + (at == std::string::npos ? "" : w.substr(at)));
-  }
+  for (const auto& raw : words) entries.push_back(absoluteRunEntry(fromTerminal(raw)));
   return entries;
 }
 
 std::unique_ptr<Session> Session::open(const SessionOptions& options,
                                        hosts::EngineKind defaultEngine, int& status) {
   auto s = std::make_unique<Session>();
+  StartupOptions startup{fromTerminal(options.home), fromTerminal(options.project), options.engine,
+                         defaultEngine};
+  Startup started;
   std::string error;
-  if (!resolveHome(fromTerminal(options.home), s->paths, error)) {
+  if (!startUp(startup, started, s->ctx, error)) {
     printError(error);
     status = 2;
     return nullptr;
   }
-  RunContext& ctx = s->ctx;
-  ctx.settingsPath = s->paths.settings;
-  ctx.messages = Messages(s->paths.language);
-
-  std::string project =
-      options.project.empty() ? fs::currentFolder() : fromTerminal(options.project);
-  project = fs::withoutTrailingSeparator(fs::absolute(project));
-  if (!fs::folderExists(project)) {
-    printError(ctx.messages.format("Messages", "s9", project));
-    status = 2;
-    return nullptr;
-  }
-  ctx.projectFolder = fs::withTrailingSeparator(project);
-
-  hosts::EngineKind kind = defaultEngine;
-  if (!options.engine.empty() && !hosts::parseEngineKind(options.engine, kind)) {
-    printError(ctx.messages.format("Cli", "engine_missing", options.engine, "none|embedded|mx"));
-    status = 2;
-    return nullptr;
-  }
-  hosts::EngineOptions engineOptions;
-  engineOptions.projectFolder = project;
-  for (const char* key : {"PrivateMacros", "ProjectMacros", "PublicMacros"}) {
-    std::string folder = ReadProfileString("MX", key, s->paths.settings);
-    if (!folder.empty() && !fs::isAbsolute(folder)) folder = fs::join(project, folder);
-    engineOptions.settings[key] = folder;
-  }
-  s->engine = hosts::makeEngine(kind, engineOptions, error);
-  if (!s->engine) {
-    printError(ctx.messages.format("Cli", "engine_missing", options.engine, error));
-    status = 2;
-    return nullptr;
-  }
-  ctx.engine = s->engine.get();
+  s->paths = std::move(started.paths);
+  s->engine = std::move(started.engine);
   s->prompt = std::make_unique<TerminalPrompt>(options.answers);
-  ctx.prompt = s->prompt.get();
-  ctx.log = [](const std::string& line) { printError(line); };
+  s->ctx.prompt = s->prompt.get();
+  s->ctx.log = [](const std::string& line) { printError(line); };
   return s;
 }
 
