@@ -46,6 +46,7 @@ class WindowRunTest : public QObject {
   void inputIsAModalBox();
   void stopInterruptsALongRun();
   void variablesViewer();
+  void helpLongDrawAndAbout();
   void batchMode();
   void programExitStatuses();
 };
@@ -214,6 +215,33 @@ void WindowRunTest::variablesViewer() {
   v->resize(50, 50);
   QCOMPARE(v->width(), kViewerMinTwips / kTwipsPerPixel);
   QCOMPARE(v->height(), kViewerMinTwips / kTwipsPerPixel);
+}
+
+void WindowRunTest::helpLongDrawAndAbout() {
+  WindowFixture f("Hungarian");
+  MainWindow& w = f.open();
+  BoxCatcher boxes;
+  QString details;
+  boxes.onBox = [&](QWidget* box) {
+    if (auto* m = qobject_cast<QMessageBox*>(box)) details = m->informativeText();
+  };
+  // No help file beside the settings: the box says which file is missing.
+  w.action("mnuCHM")->trigger();
+  QCOMPARE(boxes.boxes, 1);
+  QCOMPARE(boxes.text,
+           f.session->format("Window", "nohelp", fromCore(fs::join(f.home(), "KorvaneHU.chm"))));
+  // The long-section panel is not in this version, and says so.
+  w.action("mnuLongDraw")->trigger();
+  QCOMPARE(boxes.boxes, 2);
+  QCOMPARE(boxes.title, f.text("Menu1", "LongDraw"));
+  QVERIFY(boxes.text.contains(QString::fromUtf8("Hossz-szelvény rajzolása")));
+  QVERIFY(boxes.text.startsWith(f.text("Runtime", "notavail").section('%', 0, 0)));
+  w.action("mnuAbout")->trigger();
+  QCOMPARE(boxes.boxes, 3);
+  QCOMPARE(boxes.title, f.text("Menu1", "About"));
+  QCOMPARE(boxes.text, QString("Korvane"));
+  QVERIFY(details.contains(f.session->format("Window", "version", KORVANE_TEST_VERSION)));
+  QVERIFY(details.contains(fromCore(f.project())));
 }
 
 void WindowRunTest::batchMode() {
