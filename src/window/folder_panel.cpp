@@ -6,7 +6,6 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
-#include "shell/codepage.h"
 #include "shell/fs.h"
 #include "shell/project_folder.h"
 #include "window/text_edge.h"

@@ -67,7 +67,7 @@ void MainWindow::restoreLayout() {
   for (int i = 0; i < 4; ++i)
     sizes << std::max(toPixels(widths[i] && *widths[i] > 0 ? *widths[i] : kDesignedWidths[i]), 1);
   // The to-run pane takes what the window leaves; the others keep their widths.
-  const int handles = 3 * splitter_->handleWidth() + 12;
+  const int handles = 3 * splitter_->handleWidth() + 12;  // and the central margins
   sizes[3] = std::max(toPixels(g.width) - handles - sizes[0] - sizes[1] - sizes[2], sizes[3] / 4);
   splitter_->resize(sizes[0] + sizes[1] + sizes[2] + sizes[3] + 3 * splitter_->handleWidth(),
                     splitter_->height());

@@ -7,7 +7,6 @@
 #include <QUrl>
 #include <iostream>
 
-#include "shell/codepage.h"
 #include "shell/fs.h"
 #include "window/main_window.h"
 #include "window/pictures.h"
