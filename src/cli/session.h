@@ -10,8 +10,8 @@
 
 #include "compiler/run_context.h"
 #include "hosts/engine_factory.h"
-#include "shell/home.h"
 #include "shell/project_guard.h"
+#include "shell/startup.h"
 
 namespace korvane::cli {
 
@@ -39,10 +39,8 @@ class Session {
   static std::unique_ptr<Session> open(const SessionOptions& options,
                                        hosts::EngineKind defaultEngine, int& status);
 
-  ProjectLock lock;  // first, so that it is let go last
+  Startup started;  // the project folder's hold, home paths and engine; let go last
   RunContext ctx;
-  HomePaths paths;
-  std::unique_ptr<hosts::MxEngine> engine;
   std::unique_ptr<TerminalPrompt> prompt;
 };
 

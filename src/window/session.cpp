@@ -1,0 +1,36 @@
+#include "window/session.h"
+
+#include "base/fs.h"
+#include "window/text_edge.h"
+
+namespace korvane::window {
+
+std::unique_ptr<WindowSession> WindowSession::open(const StartupOptions& options,
+                                                   std::string& error) {
+  auto s = std::make_unique<WindowSession>();
+  if (!startUp(options, s->started_, s->ctx, error)) return nullptr;
+  // The project folder is the one MX has current.
+  const std::string project = s->started_.engine->project().currentFolder();
+  if (!project.empty()) s->ctx.projectFolder = fs::withTrailingSeparator(project);
+  s->logging_ = std::make_unique<LoggingEngine>(*s->started_.engine, s->log, s->ctx.messages);
+  s->ctx.engine = s->logging_.get();
+  s->ctx.log = [log = &s->log](const std::string& line) { log->add(line); };
+  s->ctx.interrupted = &s->interrupted;
+  return s;
+}
+
+QString WindowSession::text(const char* section, const char* key) const {
+  return fromCore(ctx.messages.text(section, key));
+}
+
+QString WindowSession::format(const char* section, const char* key, const QString& a1,
+                              const QString& a2) const {
+  return fromCore(ctx.messages.format(section, key, toCore(a1), toCore(a2)));
+}
+
+std::string WindowSession::helpFile() const {
+  return fs::join(started_.paths.home,
+                  std::string("Korvane") + (started_.paths.hungarianHelp ? "HU" : "EN") + ".chm");
+}
+
+}  // namespace korvane::window

@@ -1,0 +1,40 @@
+// Everything the window works with outside its widgets: the start-up result
+// (home, settings and language files, project folder, engine), the run
+// context, the run log and the flag that interrupts a run.
+#pragma once
+
+#include <QString>
+#include <atomic>
+#include <memory>
+#include <string>
+
+#include "compiler/run_context.h"
+#include "shell/run_log.h"
+#include "shell/startup.h"
+
+namespace korvane::window {
+
+class WindowSession {
+ public:
+  // Null with the message in `error` (users' code page) when start-up failed.
+  static std::unique_ptr<WindowSession> open(const StartupOptions& options, std::string& error);
+
+  // A text of the language file, ready for a widget.
+  QString text(const char* section, const char* key) const;
+  QString format(const char* section, const char* key, const QString& a1,
+                 const QString& a2 = {}) const;
+
+  const HomePaths& paths() const { return started_.paths; }
+  // The help file: "Korvane" + HU or EN + ".chm" beside the settings.
+  std::string helpFile() const;
+
+  RunContext ctx;
+  RunLog log;
+  std::atomic<bool> interrupted{false};
+
+ private:
+  Startup started_;
+  std::unique_ptr<LoggingEngine> logging_;
+};
+
+}  // namespace korvane::window

@@ -1,0 +1,69 @@
+// Support for the window's Qt tests: a throw-away home folder (settings and
+// language files copied from data/) and project folder, a session and main
+// window opened on them, and a catcher that answers the next modal box.
+#pragma once
+
+#include <QMessageBox>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "window/main_window.h"
+#include "window/session.h"
+
+namespace korvane::window::test {
+
+class WindowFixture {
+ public:
+  // `lang`: "Hungarian" or "English"; `engine`: "none" or "embedded".
+  explicit WindowFixture(const std::string& lang = "English", const std::string& engine = "none");
+  ~WindowFixture();
+
+  std::string project() const;  // the project folder, no trailing separator
+  std::string home() const;
+  std::string settings() const;
+  // Writes a file under the project (folders made as needed); returns its path.
+  std::string write(const std::string& relative, const std::string& content) const;
+  std::string path(const std::string& relative) const;
+  void setPosition(const std::string& key, const std::string& value) const;
+  std::string position(const std::string& key) const;
+
+  // Opens the session and the main window and shows it, as an interactive start does.
+  MainWindow& open(bool show = true);
+  // Closes and destroys the window (writing its settings), keeping the session.
+  void close();
+  QString text(const char* section, const char* key) const;
+
+  std::unique_ptr<WindowSession> session;
+  std::unique_ptr<MainWindow> window;
+
+ private:
+  QTemporaryDir dir_;
+  std::string engine_;
+};
+
+// Waits for modal boxes and answers them: message boxes with their first
+// button, input boxes with `answer` (or cancels them when `cancel`).
+class BoxCatcher : public QObject {
+ public:
+  BoxCatcher();
+  QString title, text;
+  int boxes = 0;
+  QString answer;
+  bool cancel = false;
+  // Called with each box before it is answered (screenshots).
+  std::function<void(QWidget*)> onBox;
+
+ private:
+  QTimer timer_;
+};
+
+template <typename T>
+T* child(QWidget* w, const char* name) {
+  return w->findChild<T*>(name);
+}
+
+}  // namespace korvane::window::test

@@ -1,0 +1,148 @@
+// The window's [Position] keys: reading values as 16-bit integers, writing
+// them back in their order, keeping the window on the screen, the folder
+// panel's start-up rule and slide, the save modes and the last file.
+#include "shell/window_settings.h"
+
+#include <gtest/gtest.h>
+
+#include "base/fs.h"
+#include "base/profile.h"
+#include "support/project.h"
+
+using namespace korvane;
+
+namespace {
+
+std::string ini(const std::string& position) {
+  return "[Language]\r\nlang=English\r\n[Position]\r\n" + position + "[Files]\r\ninpf=complete\r\n";
+}
+
+}  // namespace
+
+TEST(WindowSettingsFile, ValuesReadAs16BitIntegersOrNotAtAll) {
+  test::TempProject p;
+  const std::string file = p.write(
+      "Korvane.ini", ini("Top=-200\r\nLeft=abc\r\nWidth=70000\r\nHeight= 480 \r\ndirWidth=2400\r\n"
+                         "inpWidth=1.5e3\r\nDir=true\r\nSaveSingleFile=1\r\nSaveSeparateFiles=7\r\n"
+                         "LastFile=C:\\proj\\road.ipf\r\n"));
+  const WindowSettings s = readWindowSettings(file);
+  EXPECT_EQ(s.top, std::int16_t(-200));
+  EXPECT_EQ(s.left, std::nullopt);   // not a number
+  EXPECT_EQ(s.width, std::nullopt);  // beyond 16 bits
+  EXPECT_EQ(s.height, std::int16_t(480));
+  EXPECT_EQ(s.dirWidth, std::int16_t(2400));
+  EXPECT_EQ(s.inpWidth, std::int16_t(1500));
+  EXPECT_EQ(s.subWidth, std::nullopt);  // missing
+  EXPECT_EQ(s.dir, true);
+  EXPECT_EQ(s.saveOne, kBevelPressed);
+  EXPECT_EQ(s.saveSeparate, kBevelRaised);  // anything but 1 is raised
+  EXPECT_EQ(s.lastFile, "C:\\proj\\road.ipf");
+
+  const WindowSettings empty = readWindowSettings(p.path("missing.ini"));
+  EXPECT_EQ(empty.dir, std::nullopt);
+  EXPECT_EQ(empty.saveOne, std::nullopt);  // the panel stays as designed
+}
+
+TEST(WindowSettingsFile, WrittenInOrderAndReadBack) {
+  test::TempProject p;
+  const std::string file = p.write("Korvane.ini", ini("; layout\r\nTop=1\r\n"));
+  WindowState st;
+  st.top = 600;
+  st.left = 300;
+  st.width = 40000;  // a window wider than 16 bits hold
+  st.height = 7200;
+  st.dir = false;
+  st.dirWidth = 2400;
+  st.inpWidth = 2000;
+  st.subWidth = 1800;
+  st.runWidth = 3600;
+  st.saveOne = kBevelPressed;
+  st.lastFile = lastFileValue(p.folder(), "");
+  ASSERT_TRUE(writeWindowSettings(file, st));
+  EXPECT_EQ(p.read("Korvane.ini"),
+            ini("; layout\r\nTop=600\r\nLeft=300\r\nWidth=32767\r\nHeight=7200\r\nDir=False\r\n"
+                "dirWidth=2400\r\ninpWidth=2000\r\nsubWidth=1800\r\nrunWidth=3600\r\n"
+                "SaveSingleFile=1\r\nSaveSeparateFiles=2\r\nLastFile=" +
+                fs::withTrailingSeparator(p.folder()) + "\r\n"));
+  const WindowSettings back = readWindowSettings(file);
+  EXPECT_EQ(back.width, std::int16_t(32767));
+  EXPECT_EQ(back.dir, false);
+  EXPECT_EQ(back.saveOne, kBevelPressed);
+  EXPECT_EQ(back.saveSeparate, kBevelRaised);
+
+  ASSERT_TRUE(writeFolderPanelShown(file, true));
+  EXPECT_EQ(ReadProfileString("Position", "Dir", file), "True");
+}
+
+TEST(WindowGeometry, KeptOnTheScreen) {
+  const Geometry designed{600, 600, 9000, 6000};
+  WindowSettings s;
+  s.top = -200;
+  s.left = 20000;  // beyond the 19200-twip screen
+  Geometry g = restoredGeometry(s, designed, 19200, 10800);
+  EXPECT_EQ(g.top, 0);
+  EXPECT_EQ(g.left, 0);
+  EXPECT_EQ(g.width, 9000);
+
+  s = {};
+  s.top = 9000;
+  s.left = 15000;
+  s.width = 25000;  // wider than the screen: cut, then moved left to fit
+  s.height = 4000;
+  g = restoredGeometry(s, designed, 19200, 10800);
+  EXPECT_EQ(g.width, 19200);
+  EXPECT_EQ(g.left, 0);
+  EXPECT_EQ(g.height, 4000);
+  EXPECT_EQ(g.top, 10800 - 4000);  // moved up so that the bottom is on the screen
+
+  s = {};
+  s.width = -5;  // a size that cannot be: the designed one stays
+  s.height = 0;
+  g = restoredGeometry(s, designed, 19200, 10800);
+  EXPECT_EQ(g.width, 9000);
+  EXPECT_EQ(g.height, 6000);
+}
+
+TEST(FolderPanel, StartUpRuleAndSlideSteps) {
+  EXPECT_TRUE(folderPanelToggleAtStart(150, true));  // collapsed but wanted: expand
+  EXPECT_FALSE(folderPanelToggleAtStart(150, false));
+  EXPECT_TRUE(folderPanelToggleAtStart(2400, false));  // shown but not wanted: collapse
+  EXPECT_FALSE(folderPanelToggleAtStart(2400, true));
+  EXPECT_FALSE(folderPanelToggleAtStart(149, true));  // narrower: left alone either way
+  EXPECT_FALSE(folderPanelToggleAtStart(149, false));
+
+  EXPECT_EQ(slideOpenWidths(500), (std::vector<int>{150, 270, 390, 500}));
+  EXPECT_EQ(slideOpenWidths(150), (std::vector<int>{150, 150}));
+  EXPECT_EQ(slideClosedWidths(500), (std::vector<int>{500, 380, 260, 150}));
+  EXPECT_EQ(slideClosedWidths(100), (std::vector<int>{150}));
+}
+
+TEST(SaveModes, TogglesAndTips) {
+  EXPECT_EQ(toggledBevel(kBevelPressed), kBevelRaised);
+  EXPECT_EQ(toggledBevel(kBevelRaised), kBevelPressed);
+  EXPECT_EQ(toggledBevel(toggledBevel(kBevelRaised)), kBevelRaised);
+  EXPECT_EQ(saveModeTip(kBevelPressed, "Save to one file", "(on)"), "Save to one file (on)");
+  EXPECT_EQ(saveModeTip(kBevelRaised, "Save to one file", "(on)"), "Save to one file");
+}
+
+TEST(LastFile, FolderFileOrHome) {
+  test::TempProject p;
+  const std::string road = p.write("inputs/road.ipf", "");
+  const std::string inputs = p.path("inputs");
+
+  LastFilePlan plan = planLastFile(road);
+  EXPECT_EQ(plan.kind, LastFilePlan::Kind::FileInFolder);
+  EXPECT_EQ(plan.folder, inputs);
+  EXPECT_EQ(plan.fileName, "road.ipf");
+
+  plan = planLastFile(fs::join(inputs, "gone.ipf"));
+  EXPECT_EQ(plan.kind, LastFilePlan::Kind::FileInFolder);
+  EXPECT_EQ(plan.fileName, "");  // nothing to select
+
+  plan = planLastFile(lastFileValue(inputs, ""));  // written with nothing selected
+  EXPECT_EQ(plan.kind, LastFilePlan::Kind::Folder);
+
+  EXPECT_EQ(planLastFile(fs::join(p.path("gone"), "road.ipf")).kind, LastFilePlan::Kind::Home);
+  EXPECT_EQ(planLastFile("").kind, LastFilePlan::Kind::Home);
+  EXPECT_EQ(lastFileValue(inputs, "road.ipf"), road);
+}
