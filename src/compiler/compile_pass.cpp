@@ -59,6 +59,7 @@ void rewriteLine(std::string& line) {
 void writePlainLine(RunContext& ctx, const std::string& line) {
   const fs::NameParts out = fs::splitName(ctx.output.fullName());
   const bool blank = text::trim(line).empty();
+  if (ctx.output.channel() == Channel::Print) ctx.sources.forget();  // it may be an input too
   if (out.base != "tmpinput" || !blank) ctx.output.writeLine(line);
   if (out.ext == "scr" && blank) ctx.output.writeLine(line);
 }
@@ -159,7 +160,7 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     throw RuntimeFailure("depth", std::to_string(kMaxCompileDepth), name);
 
   FoundFile found = findInputFile(ctx, name, baseFolder);
-  if (!found.found || !call.reader.open(found.fullName)) throw StopMessage("s9", found.shownName);
+  if (!found.found || !call.reader.open(found.fullName, &ctx.sources)) throw StopMessage("s9", found.shownName);
   call.folder = found.folder;
 
   try {

@@ -57,12 +57,14 @@ R insert(DirectiveCall& d) {
 R kill(DirectiveCall& d) {
   const std::string path = d.context().projectFolder() + d.argument(1);
   if (fs::fileExists(path)) fs::removeFile(path);
+  d.compileCall().ctx.sources.forget();
   return R::Continue;
 }
 
 R copyfile(DirectiveCall& d) {
   const std::string& folder = d.context().projectFolder();
   fs::copyFile(folder + d.argument(1), folder + d.argument(2));
+  d.compileCall().ctx.sources.forget();
   return R::Continue;
 }
 

@@ -6,8 +6,9 @@
 
 namespace korvane {
 
-FoundFile findInputFile(const RunContext& ctx, const std::string& name,
-                        const std::string& baseFolder) {
+namespace {
+
+FoundFile search(const RunContext& ctx, const std::string& name, const std::string& baseFolder) {
   FoundFile result;
   const fs::NameParts parts = fs::splitName(name);
   std::string ext = parts.ext;
@@ -41,6 +42,15 @@ FoundFile findInputFile(const RunContext& ctx, const std::string& name,
   for (int i = 0; i < places; ++i)
     if (tryCandidate(place[i] + fs::kSep + file)) break;
   return result;
+}
+
+}  // namespace
+
+FoundFile findInputFile(RunContext& ctx, const std::string& name, const std::string& baseFolder) {
+  if (const FoundFile* known = ctx.sources.found(name, baseFolder)) return *known;
+  FoundFile f = search(ctx, name, baseFolder);
+  ctx.sources.rememberFound(name, baseFolder, f);
+  return f;
 }
 
 }  // namespace korvane

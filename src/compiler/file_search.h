@@ -7,17 +7,10 @@
 #include <string>
 
 #include "compiler/run_context.h"
+#include "compiler/source_cache.h"
 
 namespace korvane {
 
-struct FoundFile {
-  bool found = false;
-  std::string fullName;   // the candidate that exists
-  std::string folder;     // its folder: the base folder of the files it inserts
-  std::string shownName;  // base name + "." + extension, for messages
-};
-
-FoundFile findInputFile(const RunContext& ctx, const std::string& name,
-                        const std::string& baseFolder);
+FoundFile findInputFile(RunContext& ctx, const std::string& name, const std::string& baseFolder);
 
 }  // namespace korvane

@@ -87,6 +87,7 @@ void saveCompiledOutput(RunContext& ctx) noexcept {
 }
 
 void runCompiledOutput(RunContext& ctx) {
+  ctx.sources.forget();  // MX may write any file
   const std::string name = ctx.output.fullName();
   copyToSaveFiles(ctx, name);
   if (onlySentinels(name)) return;
@@ -108,6 +109,7 @@ void runCompiledOutput(RunContext& ctx) {
 }
 
 void flushAndRun(RunContext& ctx) {
+  ctx.sources.forget();  // MX, AutoCAD or MicroStation may write any file
   const std::string name = ctx.output.fullName();
   switch (channelOf(name)) {
     case Channel::Mx:

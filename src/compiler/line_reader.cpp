@@ -1,64 +1,83 @@
 #include "compiler/line_reader.h"
 
+#include <cstring>
+
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "compiler/compile_failure.h"
+#include "compiler/source_cache.h"
 
 namespace korvane {
+namespace {
+constexpr std::size_t kWindow = 1 << 16;
+}
 
 LineReader::~LineReader() { close(); }
 
-bool LineReader::open(const std::string& fullName) {
+bool LineReader::open(const std::string& fullName, SourceCache* cache) {
   close();
   name_ = fullName;
-  file_ = std::fopen(fs::native(fullName).string().c_str(), "rb");
   lineNumber_ = 0;
   utf8_ = false;
   first_ = true;
   pos_ = len_ = 0;
-  return file_ != nullptr;
+  if (cache) held_ = cache->content(fullName);
+  if (held_) {
+    data_ = held_->data();
+    len_ = held_->size();
+    return true;
+  }
+  file_ = std::fopen(fs::native(fullName).string().c_str(), "rb");
+  if (!file_) return false;
+  buffer_ = std::make_unique_for_overwrite<char[]>(kWindow);
+  data_ = buffer_.get();
+  return true;
 }
 
 void LineReader::close() {
   if (file_) std::fclose(file_);
   file_ = nullptr;
+  held_.reset();
+  data_ = nullptr;
 }
 
-int LineReader::get() {
-  if (pos_ == len_) {
-    if (!file_) return EOF;
-    len_ = std::fread(buffer_, 1, sizeof buffer_, file_);
-    pos_ = 0;
-    if (len_ == 0) return EOF;
-  }
-  return static_cast<unsigned char>(buffer_[pos_++]);
+bool LineReader::fill() {
+  if (pos_ < len_) return true;
+  if (!file_) return false;
+  len_ = std::fread(buffer_.get(), 1, kWindow, file_);
+  pos_ = 0;
+  return len_ > 0;
 }
 
 bool LineReader::readLine(std::string& line) {
   line.clear();
-  int c = get();
-  if (c == EOF) return false;
+  if (!fill()) return false;
   if (first_) {
     first_ = false;
-    // The first read filled the buffer from its start: look for a UTF-8 mark.
-    if (len_ >= 3 && pos_ == 1 && buffer_[0] == '\xEF' && buffer_[1] == '\xBB' &&
-        buffer_[2] == '\xBF') {
+    // The first window starts at the file's start: look for a UTF-8 mark.
+    if (len_ >= 3 && std::memcmp(data_, "\xEF\xBB\xBF", 3) == 0) {
       utf8_ = true;
       pos_ = 3;
-      c = get();
-      if (c == EOF) return false;
+      if (!fill()) return false;
     }
   }
   ++lineNumber_;
-  while (c != EOF && c != '\n' && c != '\r') {
-    if (c == 0) throw RuntimeFailure("binary", name_);
-    if (line.size() >= kMaxLine) throw RuntimeFailure("linelen", std::to_string(kMaxLine));
-    line += static_cast<char>(c);
-    c = get();
+  for (;;) {
+    // Take the run of ordinary characters at once, up to the line's end.
+    const char* start = data_ + pos_;
+    std::size_t n = 0;
+    const std::size_t avail = len_ - pos_;
+    while (n < avail && start[n] != '\n' && start[n] != '\r' && start[n] != '\0') ++n;
+    if (line.size() + n > kMaxLine) throw RuntimeFailure("linelen", std::to_string(kMaxLine));
+    line.append(start, n);
+    pos_ += n;
+    if (n < avail) break;  // a line end or a NUL
+    if (!fill()) break;    // the end of the file ends the line
   }
-  if (c == '\r') {
-    int n = get();
-    if (n != '\n' && n != EOF) --pos_;  // a lone CR ends the line too
+  if (pos_ < len_) {
+    const char c = data_[pos_++];
+    if (c == '\0') throw RuntimeFailure("binary", name_);
+    if (c == '\r' && fill() && data_[pos_] == '\n') ++pos_;  // CR LF, or a lone CR
   }
   if (utf8_) line = cp::fromUtf8(line);
   return true;

@@ -1,13 +1,17 @@
 // Reads an input file line by line. Lines end at CR LF, LF or CR. A file that
 // begins with a UTF-8 byte-order mark is converted to the users' code page; a
 // file holding NUL bytes is not text; an overlong line is refused. Both are
-// run-time failures that name the file.
+// run-time failures that name the file. The file is read from the run's
+// source cache when it holds it, else as a stream.
 #pragma once
 
 #include <cstdio>
+#include <memory>
 #include <string>
 
 namespace korvane {
+
+class SourceCache;
 
 class LineReader {
  public:
@@ -18,9 +22,9 @@ class LineReader {
   LineReader& operator=(const LineReader&) = delete;
   ~LineReader();
 
-  bool open(const std::string& fullName);
+  bool open(const std::string& fullName, SourceCache* cache = nullptr);
   void close();
-  bool isOpen() const { return file_ != nullptr; }
+  bool isOpen() const { return file_ != nullptr || held_ != nullptr; }
   // Reads the next line; false at the end of the file.
   bool readLine(std::string& line);
   // Number of the line read last (1-based).
@@ -28,14 +32,18 @@ class LineReader {
   const std::string& fullName() const { return name_; }
 
  private:
-  int get();
+  // Makes bytes available at pos_; false at the end of the file.
+  bool fill();
+
   std::FILE* file_ = nullptr;
+  std::unique_ptr<char[]> buffer_;           // the stream's window, allocated on open
+  std::shared_ptr<const std::string> held_;  // or the whole file, from the cache
+  const char* data_ = nullptr;
+  std::size_t pos_ = 0, len_ = 0;
   std::string name_;
   long lineNumber_ = 0;
   bool utf8_ = false;
   bool first_ = true;
-  char buffer_[1 << 16];
-  std::size_t pos_ = 0, len_ = 0;
 };
 
 }  // namespace korvane

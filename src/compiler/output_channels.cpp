@@ -17,6 +17,7 @@ using R = DirectiveResult;
 void switchTo(RunContext& ctx, Channel channel, const std::string& target, bool append,
               const std::string& status) {
   ctx.output.close();
+  ctx.sources.forget();  // the target may be a file the run reads
   if (channel != Channel::Print) fs::removeFile(target);
   ctx.output.open(target, append);
   ctx.status(status);

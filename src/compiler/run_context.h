@@ -16,6 +16,7 @@
 
 #include "base/messages.h"
 #include "compiler/compiled_output.h"
+#include "compiler/source_cache.h"
 #include "compiler/variable_table.h"
 #include "hosts/mx.h"
 
@@ -131,6 +132,7 @@ struct CompileState {
   long whereLine = 0;
   const void* whereOwner = nullptr;
   CompiledOutput output;
+  SourceCache sources;  // input files read in this run, until something may change them
   SaveFiles save;
   int engineRuns = 0;  // MX runs of the current entry
 };

@@ -32,6 +32,7 @@ void beginInputFile(RunContext& ctx) {
     if (text::startsWith(name, "g_")) carried += name + "=\"" + value + "\",";
   ctx.vars.clear();
   ctx.tempCounter = 0;
+  ctx.sources.forget();  // files may have changed since the last entry
   applyAssignments(ctx, carried);
 
   ctx.whereFile.clear();

@@ -1,0 +1,41 @@
+// Input files held in memory for a run, so that a macro file repeated 200 000
+// times is found and read once. Only small files are held; a large input is
+// read as a stream, so memory stays flat in the size of the input. Whatever
+// may change a file on disk during the run — a flush (MX writes files), kill,
+// copyfile, a line written to a print file — forgets everything held.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+namespace korvane {
+
+struct FoundFile {
+  bool found = false;
+  std::string fullName;   // the candidate that exists
+  std::string folder;     // its folder: the base folder of the files it inserts
+  std::string shownName;  // base name + "." + extension, for messages
+};
+
+class SourceCache {
+ public:
+  static constexpr std::size_t kMaxHeldFile = 1 << 20;
+
+  // The content of a file, read now or held from before; null for a file that
+  // is too large to hold or cannot be read.
+  std::shared_ptr<const std::string> content(const std::string& fullName);
+
+  // Where a name was found from a base folder, when that was looked up before.
+  const FoundFile* found(const std::string& name, const std::string& baseFolder) const;
+  void rememberFound(const std::string& name, const std::string& baseFolder, FoundFile f);
+
+  void forget();
+
+ private:
+  std::unordered_map<std::string, std::shared_ptr<const std::string>> files_;
+  std::unordered_map<std::string, FoundFile> found_;
+};
+
+}  // namespace korvane
