@@ -1,4 +1,5 @@
 // CStr: a Double in the general form.
+#include <charconv>
 #include <cmath>
 
 #include "base/conv_detail.h"
@@ -45,6 +46,12 @@ std::string generalForm(const Decimal& d) {
 // conversion of this module produces, print in the classic Windows runtime spelling "1.#INF",
 // "-1.#INF" and "1.#QNAN", so that they stand out in the output rather than read as a number.
 std::string CStr(double value) {
+  // A whole number of at most 15 digits is its own general form.
+  if (value == std::trunc(value) && std::fabs(value) < 1e15 && value != 0) {
+    char buf[24];
+    auto r = std::to_chars(buf, buf + sizeof buf, static_cast<long long>(value));
+    return std::string(buf, r.ptr);
+  }
   if (std::isnan(value)) return "1.#QNAN";
   if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
   return detail::generalForm(detail::roundedDigits(value, 15));

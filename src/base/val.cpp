@@ -81,7 +81,24 @@ double radixValue(std::string_view text, std::size_t i) {
 // means 0). Scanning stops at the first other character. A number ended by a "%" or "&" type
 // suffix must not have digits after the point (error 13) and is rounded to that type. The
 // Single ("!") and Currency ("@") suffixes end the number and leave the Double as it is.
+// Most values of a compile are plain whole numbers: counts, indices, levels
+// written without a point. Read them without the general scan.
+bool plainInteger(std::string_view text, double& value) {
+  const bool negative = !text.empty() && text[0] == '-';
+  const std::string_view digits = text.substr(negative ? 1 : 0);
+  if (digits.empty() || digits.size() > 15) return false;
+  std::int64_t v = 0;
+  for (char c : digits) {
+    if (c < '0' || c > '9') return false;
+    v = v * 10 + (c - '0');
+  }
+  if (negative && v == 0) return false;  // "-0" keeps its sign through the general scan
+  value = negative ? -static_cast<double>(v) : static_cast<double>(v);
+  return true;
+}
+
 double Val(std::string_view text) {
+  if (double v; plainInteger(text, v)) return v;
   std::size_t i = 0;
   const std::size_t n = text.size();
   while (i < n && isBlank(text[i])) ++i;

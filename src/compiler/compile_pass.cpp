@@ -57,11 +57,10 @@ void rewriteLine(std::string& line) {
 // Blank lines are dropped from the MX input and kept in an AutoCAD script
 // (where they are Enter keystrokes). Both tests apply one after the other.
 void writePlainLine(RunContext& ctx, const std::string& line) {
-  const fs::NameParts out = fs::splitName(ctx.output.fullName());
-  const bool blank = text::trim(line).empty();
+  const bool blank = line.find_first_not_of(' ') == std::string::npos;
   if (ctx.output.channel() == Channel::Print) ctx.sources.forget();  // it may be an input too
-  if (out.base != "tmpinput" || !blank) ctx.output.writeLine(line);
-  if (out.ext == "scr" && blank) ctx.output.writeLine(line);
+  if (!ctx.output.baseIsTmpinput() || !blank) ctx.output.writeLine(line);
+  if (ctx.output.extensionIsScr() && blank) ctx.output.writeLine(line);
 }
 
 // Compiles the settings file's "[COMMAND:keyword]" section, whose `default`
@@ -100,9 +99,12 @@ bool compileLine(CompileCall& call, std::string line) {
   rewriteLine(line);
   ctx.currentLine = line;
   splitFields(ctx, line);
-  // A line that begins with three blanks is MX data, never a directive.
-  const std::string keyword =
-      text::startsWith(line, "   ") ? std::string() : cp::lower(ctx.fields[0]);
+  // A line that begins with three blanks is MX data, never a directive; no
+  // keyword is longer than the longest one in the table.
+  const std::string& first = ctx.fields[0];
+  const bool mayBeKeyword =
+      !first.empty() && first.size() <= kLongestKeyword && !text::startsWith(line, "   ");
+  const std::string keyword = mayBeKeyword ? cp::lower(first) : std::string();
   const DirectiveRow* row = keyword.empty() ? nullptr : directives(ctx).find(keyword);
   if (!row) {
     writePlainLine(ctx, line);
@@ -139,7 +141,12 @@ std::string CompileCall::readKeywordText() {
 }
 
 DirectiveCall::DirectiveCall(CompileCall& call, std::string line)
-    : call_(call), fields_(call.ctx.fields), line_(std::move(line)), context_(call.ctx) {}
+    : call_(call), line_(std::move(line)), context_(call.ctx) {
+  const auto& fields = call.ctx.fields;
+  used_ = static_cast<int>(fields.size());
+  while (used_ > 0 && fields[used_ - 1].empty()) --used_;
+  for (int k = 0; k < used_; ++k) fields_[k] = fields[k];
+}
 
 bool DirectiveCall::readLine(std::string& line) { return call_.readLine(line); }
 const std::string& DirectiveCall::fileName() const { return call_.reader.fullName(); }
@@ -160,7 +167,8 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     throw RuntimeFailure("depth", std::to_string(kMaxCompileDepth), name);
 
   FoundFile found = findInputFile(ctx, name, baseFolder);
-  if (!found.found || !call.reader.open(found.fullName, &ctx.sources)) throw StopMessage("s9", found.shownName);
+  if (!found.found || !call.reader.open(found.fullName, &ctx.sources))
+    throw StopMessage("s9", found.shownName);
   call.folder = found.folder;
 
   try {

@@ -9,9 +9,16 @@ namespace korvane {
 
 CompiledOutput::~CompiledOutput() { close(); }
 
+void CompiledOutput::setName(const std::string& fullName) {
+  name_ = fullName;
+  const fs::NameParts parts = fs::splitName(fullName);
+  baseIsTmpinput_ = parts.base == "tmpinput";
+  extensionIsScr_ = parts.ext == "scr";
+}
+
 void CompiledOutput::open(const std::string& fullName, bool append) {
   close();
-  name_ = fullName;
+  setName(fullName);
   file_ = std::fopen(fs::native(fullName).string().c_str(), append ? "ab" : "wb");
   if (!file_) throw RuntimeFailure("write", fullName);
 }

@@ -35,7 +35,11 @@ class CompiledOutput {
   bool isOpen() const { return file_ != nullptr; }
   // The full name of the output in use (kept after close).
   const std::string& fullName() const { return name_; }
-  void setName(const std::string& fullName) { name_ = fullName; }
+  void setName(const std::string& fullName);
+  // Whether the output's base name is "tmpinput" and its extension "scr",
+  // which decide what happens to blank lines.
+  bool baseIsTmpinput() const { return baseIsTmpinput_; }
+  bool extensionIsScr() const { return extensionIsScr_; }
 
   void writeLine(std::string_view line);
 
@@ -48,6 +52,7 @@ class CompiledOutput {
  private:
   std::FILE* file_ = nullptr;
   std::string name_;
+  bool baseIsTmpinput_ = false, extensionIsScr_ = false;
   std::function<void(std::string_view)> tap_;
 };
 

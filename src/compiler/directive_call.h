@@ -18,7 +18,7 @@ class DirectiveCall {
   DirectiveCall(CompileCall& call, std::string line);
 
   // Field k of the directive line (0 is the keyword as written, up to 14).
-  const std::string& argument(int k) const { return fields_[k]; }
+  const std::string& argument(int k) const { return k < used_ ? fields_[k] : kEmpty; }
   // The directive line after substitution and rewriting.
   const std::string& line() const { return line_; }
   const std::string& keywordText() const { return keywordText_; }
@@ -35,7 +35,9 @@ class DirectiveCall {
 
  private:
   CompileCall& call_;
+  static inline const std::string kEmpty;
   std::array<std::string, 15> fields_;
+  int used_ = 0;  // fields up to the last that is not empty
   std::string line_;
   std::string keywordText_;
   CallContext context_;

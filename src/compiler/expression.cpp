@@ -15,7 +15,7 @@ namespace {
 // Substitutions per line before a value that keeps producing bars is refused.
 constexpr int kMaxSubstitutions = 100000;
 
-double arithmetic(char op, double l, double r, const std::string& expr) {
+double arithmetic(char op, double l, double r, std::string_view expr) {
   double v = 0;
   switch (op) {
     case '+':
@@ -28,16 +28,16 @@ double arithmetic(char op, double l, double r, const std::string& expr) {
       v = l * r;
       break;
     case '/':
-      if (r == 0) throw RuntimeFailure("div0", expr);
+      if (r == 0) throw RuntimeFailure("div0", std::string(expr));
       v = l / r;
       break;
     case '^':
-      if (l == 0 && r < 0) throw RuntimeFailure("div0", expr);
-      if (l < 0 && r != std::floor(r)) throw RuntimeFailure("badarg", expr);
+      if (l == 0 && r < 0) throw RuntimeFailure("div0", std::string(expr));
+      if (l < 0 && r != std::floor(r)) throw RuntimeFailure("badarg", std::string(expr));
       v = std::pow(l, r);
       break;
   }
-  if (!std::isfinite(v)) throw RuntimeFailure("overflow", expr);
+  if (!std::isfinite(v)) throw RuntimeFailure("overflow", std::string(expr));
   return v;
 }
 
@@ -59,23 +59,71 @@ std::string Evaluate(RunContext& ctx, std::string_view expr) {
   return Evaluate(ctx, e);
 }
 
-std::string Evaluate(RunContext& ctx, std::string& expr) {
-  // Each operator and each parenthesis is one level deeper: a bound keeps a
-  // pathological line from running the stack out.
-  struct Level {
-    int& depth;
-    explicit Level(int& d) : depth(d) {
-      if (++depth > kMaxExpressionDepth) {
-        --depth;
-        throw RuntimeFailure("exprdepth", std::to_string(kMaxExpressionDepth));
-      }
+namespace {
+
+// Each operator and each parenthesis is one level deeper: a bound keeps a
+// pathological line from running the stack out.
+class Level {
+ public:
+  explicit Level(int& d) : depth_(d) {
+    if (++depth_ > kMaxExpressionDepth) {
+      --depth_;
+      throw RuntimeFailure("exprdepth", std::to_string(kMaxExpressionDepth));
     }
-    ~Level() { --depth; }
-  } level(ctx.expressionDepth);
-  expr = text::trim(expr);
+  }
+  ~Level() { --depth_; }
+  Level(const Level&) = delete;
+  Level& operator=(const Level&) = delete;
+
+ private:
+  int& depth_;
+};
+
+std::string_view trimmed(std::string_view s) {
+  const std::size_t b = s.find_first_not_of(' ');
+  if (b == std::string_view::npos) return {};
+  return s.substr(b, s.find_last_not_of(' ') - b + 1);
+}
+
+bool quoted(std::string_view e) { return !e.empty() && e.front() == '"' && e.back() == '"'; }
+std::string unquoted(std::string_view e) {
+  return e.size() >= 2 ? std::string(e.substr(1, e.size() - 2)) : std::string();
+}
+
+std::string operands(RunContext& ctx, std::string_view expr);
+
+// A part of an expression that holds no "|" and no ")" any more: its value
+// needs no substitution and no function call, so it is read in place.
+std::string part(RunContext& ctx, std::string_view text) {
+  Level level(ctx.expressionDepth);
+  const std::string_view e = trimmed(text);
+  if (quoted(e)) return unquoted(e);
+  return operands(ctx, e);
+}
+
+// Splits at the last occurrence of the loosest operator that is not the final
+// character; a text with none is a variable or stands for itself.
+std::string operands(RunContext& ctx, std::string_view expr) {
+  static const char kOperators[] = "&+-*/^";
+  for (const char* op = kOperators; *op; ++op) {
+    const std::size_t at = expr.rfind(*op);
+    if (at == std::string_view::npos || at + 1 >= expr.size()) continue;
+    std::string l = part(ctx, expr.substr(0, at));
+    std::string r = part(ctx, expr.substr(at + 1));
+    if (*op == '&') return l += r;
+    return conv::CStr(arithmetic(*op, conv::Val(l), conv::Val(r), expr));
+  }
+  return variableOrName(ctx, expr);
+}
+
+}  // namespace
+
+std::string Evaluate(RunContext& ctx, std::string& expr) {
+  Level level(ctx.expressionDepth);
+  const std::string_view t = trimmed(expr);
+  if (t.size() != expr.size()) expr = std::string(t);
   // A quoted text is taken literally, everything between the outer quotes.
-  if (!expr.empty() && expr.front() == '"' && expr.back() == '"')
-    return expr.size() >= 2 ? expr.substr(1, expr.size() - 2) : std::string();
+  if (quoted(expr)) return unquoted(expr);
   if (expr.find('|') != std::string::npos) substituteLine(ctx, expr);
 
   // Function calls, innermost-last: each becomes a temporary holding its value.
@@ -87,19 +135,7 @@ std::string Evaluate(RunContext& ctx, std::string& expr) {
     applyAssignments(ctx, temp + "=\"" + value + "\",");
     expr.replace(open, close - open + 1, temp);
   }
-
-  // The loosest operator whose last occurrence is not the final character.
-  static const char kOperators[] = "&+-*/^";
-  for (const char* op = kOperators; *op; ++op) {
-    std::size_t at = expr.rfind(*op);
-    if (at == std::string::npos || at + 1 >= expr.size()) continue;
-    std::string leftText = expr.substr(0, at), rightText = expr.substr(at + 1);
-    std::string l = Evaluate(ctx, leftText);
-    std::string r = Evaluate(ctx, rightText);
-    if (*op == '&') return l + r;
-    return conv::CStr(arithmetic(*op, conv::Val(l), conv::Val(r), expr));
-  }
-  return variableOrName(ctx, expr);
+  return operands(ctx, expr);
 }
 
 void applyAssignments(RunContext& ctx, std::string_view list) {
@@ -109,8 +145,7 @@ void applyAssignments(RunContext& ctx, std::string_view list) {
     if (eq == std::string_view::npos) break;
     std::string name = text::trim(list.substr(pos, eq - pos));
     pos = eq + 1;
-    std::string field = nextField(list, pos);
-    std::string value = Evaluate(ctx, field);
+    std::string value = Evaluate(ctx, nextFieldView(list, pos));
     ctx.vars.set(name, std::move(value));
   }
 }
@@ -129,19 +164,18 @@ void substituteLine(RunContext& ctx, std::string& line) {
 }
 
 void splitFields(RunContext& ctx, std::string_view line) {
-  ctx.fields.fill(std::string());
   std::size_t pos = 0, n = 0;
   do {
     if (n == ctx.fields.size()) throw RuntimeFailure("fields");
-    std::string f = text::trim(nextField(line, pos));
-    if (f.size() >= 2 && f.front() == '|' && f.back() == '|') {
-      std::string inner = f.substr(1, f.size() - 2);
-      f = Evaluate(ctx, inner);
-    }
-    bool isIf = f == "if";
-    ctx.fields[n++] = std::move(f);
-    if (isIf) break;
+    const std::string_view f = trimmed(nextFieldView(line, pos));
+    std::string& field = ctx.fields[n++];
+    if (f.size() >= 2 && f.front() == '|' && f.back() == '|')
+      field = Evaluate(ctx, f.substr(1, f.size() - 2));
+    else
+      field.assign(f);  // keeps the slot's storage
+    if (field == "if") break;
   } while (pos < line.size());
+  for (; n < ctx.fields.size(); ++n) ctx.fields[n].clear();
 }
 
 void evaluateArguments(RunContext& ctx, std::string_view argumentText) {

@@ -3,6 +3,10 @@
 namespace korvane {
 
 std::string nextField(std::string_view text, std::size_t& pos) {
+  return std::string(nextFieldView(text, pos));
+}
+
+std::string_view nextFieldView(std::string_view text, std::size_t& pos) {
   if (pos >= text.size()) {
     pos = text.size() + 1;
     return {};
@@ -19,13 +23,13 @@ std::string nextField(std::string_view text, std::size_t& pos) {
       } else if (c == ')') {
         if (depth > 0) --depth;
       } else if (c == ',' && depth == 0) {
-        std::string field(text.substr(pos, i - pos));
+        std::string_view field = text.substr(pos, i - pos);
         pos = i + 1;
         return field;
       }
     }
   }
-  std::string field(text.substr(pos));
+  std::string_view field = text.substr(pos);
   pos = text.size() + 1;
   return field;
 }

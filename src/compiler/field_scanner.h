@@ -12,6 +12,8 @@ namespace korvane {
 // Quotes hide parentheses; an unclosed quote runs to the end of the text; a
 // ")" without its "(" is taken as a plain character.
 std::string nextField(std::string_view text, std::size_t& pos);
+// The same field as a view into `text`.
+std::string_view nextFieldView(std::string_view text, std::size_t& pos);
 
 // Position of the "(" that matches the ")" at `close`, scanning backwards and
 // counting; npos when there is none.

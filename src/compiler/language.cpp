@@ -1,5 +1,8 @@
 #include "compiler/language.h"
 
+#include <algorithm>
+#include <stdexcept>
+
 namespace korvane {
 
 void FunctionTable::add(std::string_view name, FunctionHandler handler) {
@@ -13,6 +16,7 @@ FunctionHandler FunctionTable::find(std::string_view name) const {
 
 void DirectiveTable::add(std::string_view keyword, Preparation preparation,
                          DirectiveHandler handler) {
+  if (keyword.size() > kLongestKeyword) throw std::logic_error("keyword too long");
   rows_.insert_or_assign(std::string(keyword), DirectiveRow{std::move(preparation), handler});
 }
 
@@ -24,6 +28,7 @@ const DirectiveRow* DirectiveTable::find(std::string_view keyword) const {
 std::vector<std::string> DirectiveTable::keywords() const {
   std::vector<std::string> out;
   for (const auto& [k, row] : rows_) out.push_back(k);
+  std::sort(out.begin(), out.end());
   return out;
 }
 

@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace korvane {
@@ -64,6 +65,9 @@ struct DirectiveRow {
   DirectiveHandler handler = nullptr;
 };
 
+// No keyword of the language is longer ("earthwork->excel").
+constexpr std::size_t kLongestKeyword = 16;
+
 class DirectiveTable {
  public:
   // `keyword` in lower case; a second row for a keyword replaces the first.
@@ -72,7 +76,11 @@ class DirectiveTable {
   std::vector<std::string> keywords() const;
 
  private:
-  std::map<std::string, DirectiveRow, std::less<>> rows_;
+  struct KeywordHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
+  };
+  std::unordered_map<std::string, DirectiveRow, KeywordHash, std::equal_to<>> rows_;
 };
 
 struct LanguageTables {

@@ -20,7 +20,7 @@ void VariableTable::set(const std::string& name, std::string value) {
 }
 
 const std::string* VariableTable::find(std::string_view name) const {
-  auto it = index_.find(std::string(name));
+  auto it = index_.find(name);
   return it == index_.end() ? nullptr : &entries_[it->second].second;
 }
 

@@ -32,7 +32,12 @@ class VariableTable {
  private:
   void reindex();
   std::vector<std::pair<std::string, std::string>> entries_;
-  std::unordered_map<std::string, std::size_t> index_;
+  // Looked up by string_view without building a string.
+  struct NameHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
+  };
+  std::unordered_map<std::string, std::size_t, NameHash, std::equal_to<>> index_;
   bool mayHoldTemporaries_ = false;
 };
 
