@@ -83,7 +83,7 @@ TEST_F(EngineErrors, AllocationFailureInARunLeavesAsBadAlloc) {
         error = r.error;
         return r.ok();
       },
-      7);
+      5);
   EXPECT_EQ(error, "");
   EXPECT_GT(injected, 20);
   // The runs cut short left the store whole: the last run worked as usual.

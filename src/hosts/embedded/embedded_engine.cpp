@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "hosts/embedded/engine_limits.h"
 #include "hosts/embedded/engine_run.h"
 #include "hosts/embedded/input_file.h"
 #include "hosts/embedded/label_rules.h"
@@ -54,8 +55,7 @@ MxRunResult EmbeddedEngine::run(std::string_view verb, const std::string& fullNa
   MxRunResult r;
   r.listing = listingPath();
   if (!cp::equalsIgnoreCase(verb, "input")) {
-    r.error =
-        "the engine runs input files only (verb \"input\"), not \"" + std::string(verb) + "\"";
+    r.error = "the engine runs input files only (verb \"input\"), not \"" + excerpt(verb) + "\"";
     return r;
   }
   std::vector<std::string> lines;
@@ -113,6 +113,9 @@ bool EmbeddedEngine::stringExists(std::string_view model, std::string_view label
 // --- data access -----------------------------------------------------------------
 
 std::int32_t EmbeddedEngine::findModel(std::string_view model, ModelRow& row) {
+  std::size_t first = model.find_first_not_of(' ');
+  if (first != std::string_view::npos && model.find_last_not_of(' ') - first >= kMaxModelName)
+    return kNoModel;  // longer than any model's name
   try {
     std::string error;
     ModelStore* store = access_.get(error);
@@ -275,7 +278,7 @@ bool EmbeddedEngine::strings(const std::string& model, std::vector<StringRow>& o
   ModelRow m;
   std::int32_t status = findModel(model, m);
   if (status != kFound) {
-    error = status == kNoModel ? "there is no model \"" + model + "\""
+    error = status == kNoModel ? "there is no model \"" + excerpt(model) + "\""
                                : "the model store cannot be read";
     return false;
   }
@@ -294,9 +297,10 @@ bool EmbeddedEngine::loadString(const std::string& model, const std::string& lab
   std::int32_t status = kFound;
   auto row = findString(model, label, m, status);
   if (!row) {
-    error = status == kNoModel    ? "there is no model \"" + model + "\""
-            : status == kNoString ? "model \"" + model + "\" has no string " + normalLabel(label)
-                                  : "the model store cannot be read";
+    error = status == kNoModel ? "there is no model \"" + excerpt(model) + "\""
+            : status == kNoString
+                ? "model \"" + excerpt(model) + "\" has no string " + excerpt(normalLabel(label))
+                : "the model store cannot be read";
     return false;
   }
   try {

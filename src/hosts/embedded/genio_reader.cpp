@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "hosts/embedded/engine_limits.h"
+
 namespace korvane::hosts::embedded {
 
 bool PointListReader::start(const FortranFormat& format, const GenioOrder& order,
@@ -49,7 +51,7 @@ PointListReader::Step PointListReader::feed(std::string_view line, std::string& 
   auto length = static_cast<std::size_t>(layout_.lengths[static_cast<std::size_t>(record)]);
   if (line.size() > length && line.find_first_not_of(' ', length) != std::string_view::npos) {
     error = "data record longer than its FORMAT allows (" + std::to_string(length) +
-            " columns): '" + std::string(line.substr(length)) + "' after column " +
+            " columns): '" + excerpt(line.substr(length)) + "' after column " +
             std::to_string(length);
     return Step::Error;
   }

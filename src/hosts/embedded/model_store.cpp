@@ -87,6 +87,10 @@ ModelPoint readPoint(const Statement& st, int first) {
 
 void ModelStore::setBusyTimeout(int ms) { g_busyTimeoutMs = ms; }
 
+std::vector<std::string> ModelStore::files(const std::string& path) {
+  return {path, path + "-journal", path + "-wal", path + "-shm"};
+}
+
 std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access access,
                                              std::string& error) {
   error.clear();

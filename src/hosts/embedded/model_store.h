@@ -47,6 +47,8 @@ class ModelStore {
                                           std::string& error);
   // Milliseconds to wait for another connection's lock before giving up.
   static void setBusyTimeout(int ms);
+  // The store file and the files SQLite keeps beside it.
+  static std::vector<std::string> files(const std::string& path);
 
   SqliteDb& db() { return *db_; }
   const std::string& path() const { return path_; }
