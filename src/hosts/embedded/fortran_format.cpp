@@ -401,7 +401,54 @@ bool parseFortranNumber(std::string_view s, int impliedDecimals, double& out) {
   return true;
 }
 
+namespace {
+
+// The common case read in one pass: a number with a decimal point, blanks
+// dropped, its exponent letter (or a bare exponent sign) turned into 'e'.
+// False when the field is anything else; parseFortranNumber then decides.
+bool readPointedNumber(std::string_view field, double& out) {
+  char buf[kNumberBuffer];
+  if (field.size() + 2 > sizeof buf) return false;
+  std::size_t n = 0;
+  bool sign = false, digits = false, point = false, exponent = false;
+  for (char c : field) {
+    if (c == ' ') continue;
+    if (isDigit(c)) {
+      digits = true;
+      buf[n++] = c;
+    } else if (c == '.' && !point && !exponent) {
+      point = true;
+      buf[n++] = c;
+    } else if (c == 'E' || c == 'e' || c == 'D' || c == 'd' || c == 'Q' || c == 'q') {
+      if (exponent || !digits) return false;
+      exponent = true;
+      buf[n++] = 'e';
+    } else if (c == '+' || c == '-') {
+      if (n == 0 && !sign) {  // the number's sign; from_chars takes no '+'
+        sign = true;
+        if (c == '-') buf[n++] = c;
+      } else if (!exponent && digits) {  // 0.1234+100
+        exponent = true;
+        buf[n++] = 'e';
+        buf[n++] = c;
+      } else if (exponent && buf[n - 1] == 'e') {
+        buf[n++] = c;
+      } else {
+        return false;
+      }
+    } else {
+      return false;
+    }
+  }
+  if (!point || !digits) return false;
+  auto r = std::from_chars(buf, buf + n, out);
+  return r.ec == std::errc() && r.ptr == buf + n;
+}
+
+}  // namespace
+
 bool readNumberField(std::string_view field, const FieldSlot& slot, double& out, std::string& why) {
+  if (slot.edit != Edit::I && readPointedNumber(field, out)) return true;
   char local[kNumberBuffer];
   std::string heap;
   char* compact = local;
