@@ -4,6 +4,7 @@
 
 #include "base/codepage.h"
 #include "base/text.h"
+#include "hosts/embedded/engine_limits.h"
 #include "hosts/embedded/engine_run.h"
 #include "hosts/embedded/input_file.h"
 #include "hosts/embedded/label_rules.h"
@@ -54,8 +55,7 @@ MxRunResult EmbeddedEngine::run(std::string_view verb, const std::string& fullNa
   MxRunResult r;
   r.listing = listingPath();
   if (!cp::equalsIgnoreCase(verb, "input")) {
-    r.error =
-        "the engine runs input files only (verb \"input\"), not \"" + std::string(verb) + "\"";
+    r.error = "the engine runs input files only (verb \"input\"), not \"" + excerpt(verb) + "\"";
     return r;
   }
   std::vector<std::string> lines;
@@ -83,12 +83,12 @@ MxRunResult EmbeddedEngine::execute(const std::vector<std::string>& lines, const
   try {
     Listing listing;
     if (!listing.open(r.listing, r.error)) return r;
-    std::unique_ptr<ModelStore> store =
-        ModelStore::open(access_.path(), ModelStore::Access::Run, r.error);
+    ModelStore* store = access_.beginRun(r.error);
     if (!store) {
       listing.text("**** run refused: " + r.error);
       return r;
     }
+    RunScope scope(access_);
     RunRequest request{name, lines, folder_, importModel};
     RunOutcome outcome = executeRun(*store, listing, request);
     if (!outcome.lastModel.empty()) currentModel_ = outcome.lastModel;
@@ -113,6 +113,9 @@ bool EmbeddedEngine::stringExists(std::string_view model, std::string_view label
 // --- data access -----------------------------------------------------------------
 
 std::int32_t EmbeddedEngine::findModel(std::string_view model, ModelRow& row) {
+  std::size_t first = model.find_first_not_of(' ');
+  if (first != std::string_view::npos && model.find_last_not_of(' ') - first >= kMaxModelName)
+    return kNoModel;  // longer than any model's name
   try {
     std::string error;
     ModelStore* store = access_.get(error);
@@ -131,7 +134,8 @@ std::optional<StringRow> EmbeddedEngine::findString(std::string_view model, std:
   status = findModel(model, row);
   if (status != kFound) return std::nullopt;
   try {
-    auto s = access_.get()->findString(row.id, label);
+    ModelStore* store = access_.get();
+    auto s = store ? store->findString(row.id, label) : std::nullopt;
     status = s ? kFound : kNoString;
     return s;
   } catch (const EngineError&) {
@@ -160,7 +164,8 @@ std::int32_t EmbeddedEngine::point(std::string_view model, std::string_view labe
   if (!s) return status;
   currentModel_ = m.name;
   try {
-    auto p = access_.get()->point(s->id, n);
+    ModelStore* store = access_.get();
+    auto p = store ? store->point(*s, n) : std::nullopt;
     if (!p) return kNoPoint;
     fillPointRecord(m.name, *s, *p, n, out);
     return kFound;
@@ -177,13 +182,14 @@ std::int32_t EmbeddedEngine::record(std::int32_t n, PointRecord& out) {
   if (n < 1) return kNoPoint;
   try {
     ModelStore* store = access_.get();
+    if (!store) return kNoModel;
     std::int64_t left = n;
     for (const StringRow& row : store->strings(m.id)) {
       if (left > row.pointCount) {
         left -= row.pointCount;
         continue;
       }
-      auto p = store->point(row.id, static_cast<std::int32_t>(left));
+      auto p = store->point(row, static_cast<std::int32_t>(left));
       if (!p) return kNoPoint;
       fillPointRecord(m.name, row, *p, static_cast<int>(left), out);
       return kFound;
@@ -275,12 +281,12 @@ bool EmbeddedEngine::strings(const std::string& model, std::vector<StringRow>& o
   ModelRow m;
   std::int32_t status = findModel(model, m);
   if (status != kFound) {
-    error = status == kNoModel ? "there is no model \"" + model + "\""
+    error = status == kNoModel ? "there is no model \"" + excerpt(model) + "\""
                                : "the model store cannot be read";
     return false;
   }
   try {
-    out = access_.get()->strings(m.id);
+    if (ModelStore* store = access_.get()) out = store->strings(m.id);
     return true;
   } catch (const EngineError& e) {
     error = e.what();
@@ -294,13 +300,19 @@ bool EmbeddedEngine::loadString(const std::string& model, const std::string& lab
   std::int32_t status = kFound;
   auto row = findString(model, label, m, status);
   if (!row) {
-    error = status == kNoModel    ? "there is no model \"" + model + "\""
-            : status == kNoString ? "model \"" + model + "\" has no string " + normalLabel(label)
-                                  : "the model store cannot be read";
+    error = status == kNoModel ? "there is no model \"" + excerpt(model) + "\""
+            : status == kNoString
+                ? "model \"" + excerpt(model) + "\" has no string " + excerpt(normalLabel(label))
+                : "the model store cannot be read";
     return false;
   }
   try {
-    out = access_.get()->load(*row);
+    ModelStore* store = access_.get();
+    if (!store) {
+      error = "the model store cannot be read";
+      return false;
+    }
+    out = store->load(*row);
     return true;
   } catch (const EngineError& e) {
     error = e.what();
@@ -315,8 +327,13 @@ bool EmbeddedEngine::exportGenio(const std::string& model, const LineSink& sink,
   try {
     GenioWriter w(sink, std::nullopt, std::nullopt);
     w.banner("GENIO output of model " + model + " (Korvane embedded engine)");
+    ModelStore* store = access_.get();
+    if (!store) {
+      error = "the model store cannot be read";
+      return false;
+    }
     for (const StringRow& row : rows)
-      if (!w.write(access_.get()->load(row), error)) return false;
+      if (!w.write(store->load(row), error)) return false;
     w.end();
     return true;
   } catch (const EngineError& e) {

@@ -7,6 +7,7 @@
 #include "base/codepage.h"
 #include "base/text.h"
 #include "hosts/embedded/edit_options.h"
+#include "hosts/embedded/engine_limits.h"
 #include "hosts/embedded/genio_reader.h"
 #include "hosts/embedded/genio_records.h"
 #include "hosts/embedded/genio_writer.h"
@@ -98,6 +99,34 @@ class EngineRun {
   std::string overPath_;
 };
 
+// Refuses a model name beyond the stated limit (quoting only its start).
+void checkModelName(const std::string& name) {
+  if (name.size() > kMaxModelName)
+    refuse("model names have at most " + std::to_string(kMaxModelName) + " characters; \"" +
+           excerpt(name) + "\" has " + std::to_string(name.size()));
+}
+
+// True when `file` is the model store, one of SQLite's files beside it, or the
+// listing: GENIO output written there would destroy the models or the report.
+bool isEngineFile(const fs::path& file, const std::string& store, const std::string& listing) {
+  std::error_code ec;
+  fs::path target = fs::weakly_canonical(file, ec);
+  if (ec) target = file.lexically_normal();
+  std::vector<std::string> own = ModelStore::files(store);
+  own.push_back(listing);
+  for (const std::string& o : own) {
+    fs::path p = fs::weakly_canonical(o, ec);
+    if (ec) p = fs::path(o).lexically_normal();
+#ifdef _WIN32
+    if (cp::equalsIgnoreCase(p.string(), target.string())) return true;
+#else
+    if (p == target) return true;
+#endif
+    if (fs::equivalent(file, o, ec) && !ec) return true;  // hard links
+  }
+  return false;
+}
+
 RunOutcome EngineRun::execute() {
   listing_.text("Korvane embedded MX engine: run of " + request_.inputName);
   listing_.text("Model store: " + store_.path());
@@ -105,7 +134,10 @@ RunOutcome EngineRun::execute() {
   int& lineNo = lineNo_;
   try {
     // The input of an import is the body of a GENIO block.
-    if (request_.importModel) storeStep([&] { openGenio(*request_.importModel); });
+    if (request_.importModel) {
+      checkModelName(*request_.importModel);
+      storeStep([&] { openGenio(*request_.importModel); });
+    }
     for (const std::string& text : request_.lines) {
       ++lineNo;
       storeStep([&] { line(lineNo, text); });
@@ -117,12 +149,14 @@ RunOutcome EngineRun::execute() {
     }
   } catch (const RecordError& e) {
     outcome_.errorLine = lineNo;
+    if (lineNo == 0) {  // before the first line: the import's model
+      outcome_.error = request_.inputName + ": " + e.what();
+      listing_.text(std::string("**** error: ") + e.what());
+      return outcome_;
+    }
     std::string record = lineNo <= static_cast<int>(request_.lines.size())
-                             ? request_.lines[static_cast<std::size_t>(lineNo - 1)]
+                             ? excerpt(request_.lines[static_cast<std::size_t>(lineNo - 1)])
                              : std::string("(end of input)");
-    if (record.size() > 100) record = record.substr(0, 100) + "...";
-    for (char& c : record)
-      if (c == '\0') c = ' ';
     outcome_.error = request_.inputName + ", line " + std::to_string(lineNo) + ": " + e.what() +
                      ": \"" + record + "\"";
     listing_.error(lineNo, e.what());
@@ -140,6 +174,11 @@ RunOutcome EngineRun::execute() {
 }
 
 void EngineRun::line(int lineNo, const std::string& text) {
+  if (text.size() > kMaxLineLength) {
+    listing_.record(lineNo, excerpt(text));
+    refuse("the line is longer than " + std::to_string(kMaxLineLength) + " characters (it has " +
+           std::to_string(text.size()) + ")");
+  }
   std::string fault = encodingFault(text, lineNo);
   if (!fault.empty()) {
     listing_.record(lineNo, "(record not shown: not text)");
@@ -223,6 +262,7 @@ Fields EngineRun::fields(const std::string& record) {
 
 const std::string& EngineRun::requireName(const MajorRecord& m) {
   if (m.argument.empty()) refuse(m.word + " needs a model name");
+  checkModelName(m.argument);
   return m.argument;
 }
 
@@ -239,7 +279,7 @@ void EngineRun::topLevel(const std::string& record) {
     if (n >= 0) refuse("minor option " + record.substr(0, 3) + " outside a major option");
     if (startsWithLetter(record)) {
       std::string word = record.substr(0, record.find_first_of(", "));
-      refuse("unknown major option '" + word + "'");
+      refuse("unknown major option '" + excerpt(word) + "'");
     }
     refuse("unrecognised record");
   }
@@ -332,7 +372,7 @@ void EngineRun::redirect(const std::string& argument) {
   std::string file = text::trim(argument.substr(0, comma));
   std::string channel = text::trim(argument.substr(comma + 1));
   if (!cp::equalsIgnoreCase(channel, "genio"))
-    refuse("OVER: unknown channel '" + channel + "' (only genio is redirected)");
+    refuse("OVER: unknown channel '" + excerpt(channel) + "' (only genio is redirected)");
   if (over_.is_open()) over_.close();
   if (file.empty()) {
     listing_.note("GENIO output goes to the listing again");
@@ -340,8 +380,11 @@ void EngineRun::redirect(const std::string& argument) {
   }
   fs::path p(file);
   if (!p.is_absolute()) p = fs::path(request_.projectFolder) / p;
+  if (isEngineFile(p, store_.path(), listing_.path()))
+    refuse("OVER: GENIO output cannot go to the model store, its journal files or the listing ('" +
+           excerpt(file) + "')");
   over_.open(p, std::ios::binary | std::ios::trunc);
-  if (!over_) refuse("OVER: cannot write " + p.string());
+  if (!over_) refuse("OVER: cannot write " + excerpt(file));
   overPath_ = p.string();
   listing_.note("GENIO output goes to " + overPath_);
 }
@@ -416,6 +459,8 @@ void EngineRun::addMask(const Fields& f) {
   if (mode && *mode != 1 && *mode != -1) refuse("019: field 4 must be 1 (include) or -1 (exclude)");
   std::string_view mask = f.raw(2);
   if (text::rtrim(mask).size() > kLabelWidth) refuse("019: a mask has at most 4 characters");
+  if (masks_.size() >= kMaxMasks)
+    refuse("019: at most " + std::to_string(kMaxMasks) + " masks in one GENIO");
   masks_.add(mask, mode.value_or(1) == 1);
 }
 
@@ -444,6 +489,7 @@ void EngineRun::writeStrings(const Fields& f) {
     ++written;
   };
   if (f.has(2)) {
+    if (normalLabel(f.raw(2)).size() > kLabelWidth) refuse("081: labels have at most 4 characters");
     std::optional<StringRow> row = store_.findString(model_.id, f.raw(2));
     if (row)
       write(*row);
@@ -476,6 +522,8 @@ void EngineRun::editRecord(const std::string& record) {
   Fields f = fields(record);
   std::string label = normalLabel(f.raw(3));
   if (label.empty()) refuse(record.substr(0, 3) + " needs a string label in field 3");
+  if (label.size() > kLabelWidth)
+    refuse(record.substr(0, 3) + ": labels have at most 4 characters");
   std::optional<StringRow> row = store_.findString(model_.id, label);
   if (!row) refuse("there is no string " + label + " in model \"" + model_.name + "\"");
   if (n == 31) {

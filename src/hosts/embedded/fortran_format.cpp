@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "hosts/embedded/engine_limits.h"
 #include "hosts/embedded/model_string.h"
 
 namespace korvane::hosts::embedded {
@@ -33,7 +34,7 @@ class Parser {
 
  private:
   bool fail(const std::string& what) {
-    error_ = "malformed FORMAT " + original_ + ": " + what;
+    error_ = "malformed FORMAT " + excerpt(original_) + ": " + what;
     return false;
   }
   bool expect(char c) {
@@ -118,7 +119,12 @@ class Parser {
     switch (c) {
       case '(':
         node.isGroup = true;
-        return list(node.group);
+        if (++depth_ >= kMaxFormatNesting)
+          return fail("parentheses nested more than " + std::to_string(kMaxFormatNesting) +
+                      " deep");
+        if (!list(node.group)) return false;
+        --depth_;
+        return true;
       case 'F':
         node.edit = Edit::F;
         return width(node, true, false, 0);
@@ -157,6 +163,7 @@ class Parser {
   std::string s_;
   std::string original_;
   std::size_t pos_ = 0;
+  int depth_ = 0;  // groups open inside the format's own parentheses
   std::string& error_;
 };
 
@@ -211,7 +218,9 @@ struct Walk {
   int items = 0;
   int used = 0;
   int column = 0;
+  long steps = 0;
   bool stop = false;
+  bool tooLong = false;  // more than kMaxFormatSteps
   RecordLayout* out = nullptr;
 
   void newRecord() {
@@ -222,6 +231,10 @@ struct Walk {
     for (std::size_t i = from; i < nodes.size() && !stop; ++i) {
       const FormatNode& n = nodes[i];
       for (int r = 0; r < n.repeat && !stop; ++r) {
+        if (++steps > kMaxFormatSteps) {
+          tooLong = stop = true;
+          return;
+        }
         if (n.isGroup) {
           run(n.group, 0);
           continue;
@@ -281,8 +294,14 @@ bool FortranFormat::layout(int items, RecordLayout& out, std::string& error) con
   Walk w;
   w.items = items;
   w.out = &out;
+  auto tooLong = [&] {
+    error = "malformed FORMAT " + excerpt(text()) + ": one READ or WRITE expands to more than " +
+            std::to_string(kMaxFormatSteps) + " edit descriptors";
+    return false;
+  };
   w.newRecord();
   w.run(nodes_, 0);
+  if (w.tooLong) return tooLong();
   if (w.used == 0 && items > 0) {
     error = "FORMAT " + text() + " has no data edit descriptor";
     return false;
@@ -294,6 +313,7 @@ bool FortranFormat::layout(int items, RecordLayout& out, std::string& error) con
     int before = w.used;
     w.newRecord();
     w.run(nodes_, revert);
+    if (w.tooLong) return tooLong();
     if (w.used == before) {
       error = "FORMAT " + text() + " has no data edit descriptor to revert to";
       return false;
@@ -381,7 +401,54 @@ bool parseFortranNumber(std::string_view s, int impliedDecimals, double& out) {
   return true;
 }
 
+namespace {
+
+// The common case read in one pass: a number with a decimal point, blanks
+// dropped, its exponent letter (or a bare exponent sign) turned into 'e'.
+// False when the field is anything else; parseFortranNumber then decides.
+bool readPointedNumber(std::string_view field, double& out) {
+  char buf[kNumberBuffer];
+  if (field.size() + 2 > sizeof buf) return false;
+  std::size_t n = 0;
+  bool sign = false, digits = false, point = false, exponent = false;
+  for (char c : field) {
+    if (c == ' ') continue;
+    if (isDigit(c)) {
+      digits = true;
+      buf[n++] = c;
+    } else if (c == '.' && !point && !exponent) {
+      point = true;
+      buf[n++] = c;
+    } else if (c == 'E' || c == 'e' || c == 'D' || c == 'd' || c == 'Q' || c == 'q') {
+      if (exponent || !digits) return false;
+      exponent = true;
+      buf[n++] = 'e';
+    } else if (c == '+' || c == '-') {
+      if (n == 0 && !sign) {  // the number's sign; from_chars takes no '+'
+        sign = true;
+        if (c == '-') buf[n++] = c;
+      } else if (!exponent && digits) {  // 0.1234+100
+        exponent = true;
+        buf[n++] = 'e';
+        buf[n++] = c;
+      } else if (exponent && buf[n - 1] == 'e') {
+        buf[n++] = c;
+      } else {
+        return false;
+      }
+    } else {
+      return false;
+    }
+  }
+  if (!point || !digits) return false;
+  auto r = std::from_chars(buf, buf + n, out);
+  return r.ec == std::errc() && r.ptr == buf + n;
+}
+
+}  // namespace
+
 bool readNumberField(std::string_view field, const FieldSlot& slot, double& out, std::string& why) {
+  if (slot.edit != Edit::I && readPointedNumber(field, out)) return true;
   char local[kNumberBuffer];
   std::string heap;
   char* compact = local;
@@ -397,7 +464,7 @@ bool readNumberField(std::string_view field, const FieldSlot& slot, double& out,
   if (ok && slot.edit == Edit::I && number.find_first_not_of("+-0123456789") != std::string::npos)
     ok = false;
   if (!ok) {
-    why = "'" + std::string(field) + "' in columns " + std::to_string(slot.column + 1) + "-" +
+    why = "'" + excerpt(field) + "' in columns " + std::to_string(slot.column + 1) + "-" +
           std::to_string(slot.column + slot.width) + " is not a number";
   }
   return ok;

@@ -15,6 +15,13 @@ namespace korvane::hosts::embedded {
 
 enum class Edit { F, E, D, I, A, X, Slash, Colon };
 
+// Parentheses nest at most this deep, the format's own included: (2(3(F5.1)))
+// is 3 deep.
+constexpr int kMaxFormatNesting = 8;
+// Edit descriptors one READ or WRITE may step through, repeats counted: a
+// format like (999(999(/)),F5.1) is refused rather than walked.
+constexpr long kMaxFormatSteps = 100000;
+
 struct FormatNode {
   Edit edit = Edit::F;
   int repeat = 1;

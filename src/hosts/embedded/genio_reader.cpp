@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "hosts/embedded/engine_limits.h"
+
 namespace korvane::hosts::embedded {
 
 bool PointListReader::start(const FortranFormat& format, const GenioOrder& order,
@@ -30,13 +32,22 @@ bool PointListReader::start(const FortranFormat& format, const GenioOrder& order
   return true;
 }
 
-bool PointListReader::field(int item, std::string& text, std::string& error) const {
+std::string_view PointListReader::field(int item) const {
   const FieldSlot& s = layout_.slots[static_cast<std::size_t>(item)];
-  const std::string& line = group_[static_cast<std::size_t>(s.record)];
+  std::string_view line = group_[static_cast<std::size_t>(s.record)];
   auto col = static_cast<std::size_t>(s.column);
-  text = col < line.size() ? line.substr(col, static_cast<std::size_t>(s.width)) : std::string();
-  text.resize(static_cast<std::size_t>(s.width), ' ');
-  return true;
+  return col < line.size() ? line.substr(col, static_cast<std::size_t>(s.width))
+                           : std::string_view();
+}
+
+bool PointListReader::number(int item, double& out, std::string& error) const {
+  const FieldSlot& slot = layout_.slots[static_cast<std::size_t>(item)];
+  std::string_view text = field(item);
+  if (readNumberField(text, slot, out, error)) return true;
+  std::string padded(text);  // quoted with the blanks the record left out
+  padded.resize(static_cast<std::size_t>(slot.width), ' ');
+  readNumberField(padded, slot, out, error);
+  return false;
 }
 
 PointListReader::Step PointListReader::feed(std::string_view line, std::string& error) {
@@ -49,7 +60,7 @@ PointListReader::Step PointListReader::feed(std::string_view line, std::string& 
   auto length = static_cast<std::size_t>(layout_.lengths[static_cast<std::size_t>(record)]);
   if (line.size() > length && line.find_first_not_of(' ', length) != std::string_view::npos) {
     error = "data record longer than its FORMAT allows (" + std::to_string(length) +
-            " columns): '" + std::string(line.substr(length)) + "' after column " +
+            " columns): '" + excerpt(line.substr(length)) + "' after column " +
             std::to_string(length);
     return Step::Error;
   }
@@ -71,14 +82,8 @@ PointListReader::Step PointListReader::decode(bool complete, std::string& error)
   for (int p = 0; p < order_.perRecord; ++p) {
     int base = p * per;
     if (!complete && (!inReach(base + xItem_) || !inReach(base + yItem_))) return Step::More;
-    std::string text;
     double x = 0, y = 0;
-    field(base + xItem_, text, error);
-    if (!readNumberField(text, layout_.slots[static_cast<std::size_t>(base + xItem_)], x, error))
-      return Step::Error;
-    field(base + yItem_, text, error);
-    if (!readNumberField(text, layout_.slots[static_cast<std::size_t>(base + yItem_)], y, error))
-      return Step::Error;
+    if (!number(base + xItem_, x, error) || !number(base + yItem_, y, error)) return Step::Error;
     if (x == 0 && y == 0) return Step::Done;
     if (!complete) return Step::More;
     ModelPoint pt;
@@ -86,13 +91,14 @@ PointListReader::Step PointListReader::decode(bool complete, std::string& error)
     for (int i = 0; i < per; ++i) {
       int d = order_.dims[static_cast<std::size_t>(i)];
       const FieldSlot& slot = layout_.slots[static_cast<std::size_t>(base + i)];
-      field(base + i, text, error);
       DimValue v;
       if (slot.edit == Edit::A) {
+        std::string text(field(base + i));
+        text.resize(static_cast<std::size_t>(slot.width), ' ');
         v = DimValue::text(readTextField(text));
       } else {
         double num = 0;
-        if (!readNumberField(text, slot, num, error)) return Step::Error;
+        if (!number(base + i, num, error)) return Step::Error;
         v = DimValue::number(num);
       }
       if (d <= dimension) pt.dims[static_cast<std::size_t>(d - 1)] = v;

@@ -21,7 +21,8 @@ class PointListReader {
   // reason when FORMAT and ORDR do not fit together.
   bool start(const FortranFormat& format, const GenioOrder& order, HeaderRecord header,
              std::string& error);
-  // One data record. Done when the terminator has been read.
+  // One data record. Done when the terminator has been read. The text is not
+  // copied: it must stay in place until the point group it begins is read.
   Step feed(std::string_view line, std::string& error);
   // The point list is cut short (by another record or the end of the input):
   // true when the records read so far end the string with a terminator
@@ -35,12 +36,14 @@ class PointListReader {
 
  private:
   Step decode(bool complete, std::string& error);
-  bool field(int item, std::string& text, std::string& error) const;
+  // The columns of an item; shorter than the field where the record ends early.
+  std::string_view field(int item) const;
+  bool number(int item, double& out, std::string& error) const;
 
   HeaderRecord header_;
   GenioOrder order_;
   RecordLayout layout_;
-  std::vector<std::string> group_;
+  std::vector<std::string_view> group_;  // the records of the point group read so far
   std::vector<ModelPoint> points_;
   int xItem_ = 0, yItem_ = 0;
   int recordsRead_ = 0;

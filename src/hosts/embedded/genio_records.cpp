@@ -5,6 +5,7 @@
 
 #include "base/codepage.h"
 #include "base/text.h"
+#include "hosts/embedded/engine_limits.h"
 
 namespace korvane::hosts::embedded {
 
@@ -46,12 +47,12 @@ bool parseFormatRecord(std::string_view record, FortranFormat& out, std::string&
     if (rest[end] == ')' && --depth == 0) break;
   }
   if (end == rest.size()) {
-    error = "malformed FORMAT " + std::string(rest) + ": missing ')'";
+    error = "malformed FORMAT " + excerpt(rest) + ": missing ')'";
     return false;
   }
   std::string_view after = rest.substr(end + 1);
   if (after.find_first_not_of(", ") != std::string_view::npos) {
-    error = "text after the FORMAT list: '" + text::trim(after) + "'";
+    error = "text after the FORMAT list: '" + excerpt(text::trim(after)) + "'";
     return false;
   }
   auto f = FortranFormat::parse(rest.substr(0, end + 1), error);

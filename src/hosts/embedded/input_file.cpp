@@ -1,9 +1,9 @@
 #include "hosts/embedded/input_file.h"
 
 #include <fstream>
-#include <sstream>
 
 #include "base/codepage.h"
+#include "hosts/embedded/engine_limits.h"
 
 namespace korvane::hosts::embedded {
 
@@ -22,14 +22,25 @@ void splitLines(std::string_view text, std::vector<std::string>& lines) {
 }
 
 bool readInputLines(const std::string& path, std::vector<std::string>& lines, std::string& error) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) {
+  // Read in one piece: a stream copy would stop silently when memory runs out.
+  std::ifstream in(path, std::ios::binary | std::ios::ate);
+  std::streamoff size = in ? static_cast<std::streamoff>(in.tellg()) : -1;
+  if (size < 0) {
     error = "cannot read the input file " + path;
     return false;
   }
-  std::ostringstream buf;
-  buf << in.rdbuf();
-  std::string text = buf.str();
+  if (static_cast<std::uintmax_t>(size) > kMaxInputBytes) {
+    error = "the input file " + path + " has " + std::to_string(size) +
+            " bytes; the engine reads files of at most " + std::to_string(kMaxInputBytes);
+    return false;
+  }
+  std::string text(static_cast<std::size_t>(size), '\0');
+  in.seekg(0);
+  in.read(text.data(), size);
+  if (in.gcount() != size) {
+    error = "cannot read the input file " + path;
+    return false;
+  }
   if (text.rfind("\xEF\xBB\xBF", 0) == 0) text = cp::fromUtf8(std::string_view(text).substr(3));
   splitLines(text, lines);
   return true;

@@ -5,6 +5,7 @@
 
 #include "base/codepage.h"
 #include "base/text.h"
+#include "hosts/embedded/engine_limits.h"
 #include "hosts/embedded/fortran_format.h"
 
 namespace korvane::hosts::embedded {
@@ -83,7 +84,7 @@ bool Fields::split(std::string_view record, Fields& out, std::string& error) {
       bool digits = !n.empty() && n.size() <= 3;
       for (char c : n) digits = digits && isDigit(c);
       if (!digits) {
-        error = "'" + std::string(piece) + "' is not a field position of the form N=value";
+        error = "'" + excerpt(piece) + "' is not a field position of the form N=value";
         return false;
       }
       int target = 0;
@@ -119,7 +120,7 @@ bool Fields::number(int n, std::optional<double>& out, std::string& why) const {
   std::string t = text::trim(raw(n));
   double v = 0;
   if (t.find(' ') != std::string::npos || !parseFortranNumber(t, 0, v)) {
-    why = "field " + std::to_string(n) + " ('" + t + "') is not a number";
+    why = "field " + std::to_string(n) + " ('" + excerpt(t) + "') is not a number";
     return false;
   }
   out = v;
@@ -132,7 +133,8 @@ bool Fields::integer(int n, std::optional<long>& out, std::string& why) const {
   if (!number(n, v, why)) return false;
   if (!v) return true;
   if (*v != std::floor(*v) || std::fabs(*v) > 2e9) {
-    why = "field " + std::to_string(n) + " ('" + text::trim(raw(n)) + "') is not a whole number";
+    why = "field " + std::to_string(n) + " ('" + excerpt(text::trim(raw(n))) +
+          "') is not a whole number";
     return false;
   }
   out = static_cast<long>(*v);

@@ -4,14 +4,37 @@
 
 namespace korvane::hosts::embedded {
 
+Listing::~Listing() {
+  try {
+    close();
+  } catch (...) {  // nothing to be done about a listing that cannot be cut
+  }
+}
+
 bool Listing::open(const std::string& path, std::string& error) {
   path_ = path;
-  out_.open(path, std::ios::binary | std::ios::trunc);
+  file_ = path;
+  // Written over in place and cut to its new length at the end: emptying it
+  // first would free its blocks and take new ones on every run, and some file
+  // systems (those that discard freed blocks) make that wait for the disk.
+  out_.open(path, std::ios::binary | std::ios::in | std::ios::out);
+  if (!out_) {
+    out_.clear();
+    out_.open(path, std::ios::binary | std::ios::out | std::ios::trunc);
+  }
   if (!out_) {
     error = "cannot write the engine listing " + path;
     return false;
   }
   return true;
+}
+
+void Listing::close() {
+  if (!out_.is_open()) return;
+  std::streamoff length = out_.tellp();
+  out_.close();
+  std::error_code ec;
+  if (length >= 0) std::filesystem::resize_file(file_, static_cast<std::uintmax_t>(length), ec);
 }
 
 void Listing::text(std::string_view line) {

@@ -3,6 +3,7 @@
 // the error that stopped the run.
 #pragma once
 
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
@@ -13,8 +14,15 @@ class Listing {
  public:
   static constexpr const char* kFileName = "korvane-engine.lst";
 
-  // Opens (and empties) the listing file.
+  Listing() = default;
+  ~Listing();
+  Listing(const Listing&) = delete;
+  Listing& operator=(const Listing&) = delete;
+
+  // Opens the listing file; what the run writes replaces what it held.
   bool open(const std::string& path, std::string& error);
+  // Ends the listing (also done when it goes out of scope).
+  void close();
   const std::string& path() const { return path_; }
 
   void text(std::string_view line);                  // a line as it stands
@@ -25,6 +33,7 @@ class Listing {
  private:
   std::ofstream out_;
   std::string path_;
+  std::filesystem::path file_;
 };
 
 }  // namespace korvane::hosts::embedded

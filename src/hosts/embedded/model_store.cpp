@@ -5,12 +5,18 @@
 #include <filesystem>
 
 #include "base/codepage.h"
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
+#include "hosts/embedded/point_blob.h"
 
 namespace korvane::hosts::embedded {
 namespace {
 
 constexpr std::int64_t kApplicationId = 0x4B6F7276;  // "Korv"
-constexpr std::int64_t kSchemaVersion = 1;
+// 2: points as one BLOB a string, WAL mode. Stores of version 1 are refused.
+constexpr std::int64_t kSchemaVersion = 2;
 int g_busyTimeoutMs = 1000;
 
 constexpr const char* kSchema = R"sql(
@@ -30,15 +36,23 @@ CREATE TABLE strings(
   UNIQUE(model_id, label));
 CREATE INDEX strings_in_order ON strings(model_id, seq);
 CREATE TABLE points(
-  string_id INTEGER NOT NULL REFERENCES strings(id) ON DELETE CASCADE,
-  n INTEGER NOT NULL,
-  gap INTEGER NOT NULL,
-  chainage REAL NOT NULL,
-  d1, d2, d3, d4, d5, d6, d7, d8, d9, d10, d11, d12,
-  PRIMARY KEY(string_id, n)) WITHOUT ROWID;
+  string_id INTEGER PRIMARY KEY REFERENCES strings(id) ON DELETE CASCADE,
+  data BLOB NOT NULL);
 )sql";
 
 std::string modelKey(std::string_view name) { return cp::upper(name); }
+
+// Which file a path names now: device and inode where the system has them.
+std::string identity(const std::string& path) {
+#ifndef _WIN32
+  struct stat st {};
+  if (::stat(path.c_str(), &st) != 0) return {};
+  return std::to_string(st.st_dev) + ":" + std::to_string(st.st_ino);
+#else
+  std::error_code ec;  // an open file cannot be removed or replaced here
+  return std::filesystem::exists(path, ec) ? "present" : std::string();
+#endif
+}
 
 // Checks that the file is our store, or creates the schema in an empty file.
 // Returns false with a reason when the file belongs to something else.
@@ -67,25 +81,43 @@ bool checkSchema(SqliteDb& db, bool create, bool& empty, std::string& why) {
   return false;
 }
 
-constexpr const char* kPointColumns =
-    "gap, chainage, d1, d2, d3, d4, d5, d6, d7, d8, d9, d10, d11, d12";
-
-ModelPoint readPoint(const Statement& st, int first) {
-  ModelPoint p;
-  p.gapAfter = st.integer(first) != 0;
-  p.chainage = st.real(first + 1);
-  for (int d = 0; d < kMaxDimension; ++d) {
-    int col = first + 2 + d;
-    if (st.isNull(col)) break;
-    p.dims.push_back(st.isText(col) ? DimValue::text(st.text(col))
-                                    : DimValue::number(st.real(col)));
-  }
-  return p;
+// From the columns id, label, subref, dimension, level, point_count.
+StringRow readStringRow(Statement& st) {
+  StringRow r;
+  r.id = st.integer(0);
+  r.header.label = st.text(1);
+  r.header.subref = st.text(2);
+  r.header.dimension = static_cast<int>(st.integer(3));
+  if (!st.isNull(4)) r.header.level = st.real(4);
+  r.pointCount = static_cast<std::int32_t>(st.integer(5));
+  return r;
 }
 
 }  // namespace
 
+// A read of the store: holds the run lock shared, so that a run of another
+// connection is never seen half done (nothing to do inside one's own run).
+class ModelStore::Reading {
+ public:
+  explicit Reading(ModelStore& s) : lock_(*s.lock_) { lock_.lockRead(g_busyTimeoutMs); }
+  ~Reading() { lock_.unlockRead(); }
+  Reading(const Reading&) = delete;
+  Reading& operator=(const Reading&) = delete;
+
+ private:
+  RunLock& lock_;
+};
+
 void ModelStore::setBusyTimeout(int ms) { g_busyTimeoutMs = ms; }
+
+std::vector<std::string> ModelStore::files(const std::string& path) {
+  return {path, path + "-journal", path + "-wal", path + "-shm", path + "-lock"};
+}
+
+ModelStore::ModelStore(std::unique_ptr<SqliteDb> db, std::string path)
+    : db_(std::move(db)), path_(std::move(path)), identity_(identity(path_)) {}
+
+ModelStore::~ModelStore() { endRun(); }
 
 std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access access,
                                              std::string& error) {
@@ -98,23 +130,20 @@ std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access acc
         std::make_unique<SqliteDb>(path, access == Access::Run ? SqliteDb::OpenMode::ReadWriteCreate
                                                                : SqliteDb::OpenMode::ReadWrite);
     sqlite3_busy_timeout(db->handle(), g_busyTimeoutMs);
-    db->exec("PRAGMA foreign_keys = ON");
+    db->exec("PRAGMA synchronous = NORMAL");
     bool empty = false;
     std::string why;
     if (access == Access::Run) {
-      // The exclusive lock taken here is kept until the connection closes.
-      // NORMAL syncs at the moments that keep each commit whole; it spares the
-      // extra syncs of FULL, which would dominate a run of a few records.
-      db->exec("PRAGMA locking_mode = EXCLUSIVE");
-      db->exec("PRAGMA journal_mode = TRUNCATE");
-      db->exec("PRAGMA synchronous = NORMAL");
+      // A new store is made in WAL mode from the start (see below); a file
+      // with content is not touched before it is known to be ours.
+      if (db->queryInt("PRAGMA page_count") == 0) db->exec("PRAGMA journal_mode = WAL");
       try {
-        Transaction lock(*db, true);
+        Transaction check(*db, true);
         if (!checkSchema(*db, true, empty, why)) {
           error = refused + why + "; it was left as it is";
           return nullptr;
         }
-        lock.commit();
+        check.commit();
       } catch (const SqliteError& e) {
         if (!e.busy()) throw;
         error = "the model store " + path +
@@ -122,13 +151,21 @@ std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access acc
                 "run was refused (try again when the other has ended)";
         return nullptr;
       }
+      // Commits go to the write-ahead log without waiting for the disk; the
+      // log reaches the store at checkpoints. Where WAL is not possible the
+      // store keeps its rollback journal.
+      db->exec("PRAGMA journal_mode = WAL");
     } else if (!checkSchema(*db, false, empty, why)) {
       error = refused + why + "; it was left as it is";
       return nullptr;
     } else if (empty) {
       return nullptr;
     }
-    return std::unique_ptr<ModelStore>(new ModelStore(std::move(db), path));
+    db->exec("PRAGMA foreign_keys = ON");
+    std::unique_ptr<ModelStore> store(new ModelStore(std::move(db), path));
+    store->lock_ = std::make_unique<RunLock>(path + "-lock");
+    if (access == Access::Run && !store->beginRun(error)) return nullptr;
+    return store;
   } catch (const SqliteError& e) {
     if (e.notADatabase())
       error = refused + "it is not an SQLite database or it is damaged (" + e.what() +
@@ -141,129 +178,123 @@ std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access acc
   }
 }
 
+bool ModelStore::beginRun(std::string& error) {
+  if (lock_->lockRun(g_busyTimeoutMs)) return true;
+  error = "the model store " + path_ +
+          " is in use by another run on this project; runs are not interleaved, so this run "
+          "was refused (try again when the other has ended)";
+  return false;
+}
+
+void ModelStore::endRun() {
+  if (lock_) lock_->unlockRun();
+}
+
+bool ModelStore::stillAt() const { return !identity_.empty() && identity(path_) == identity_; }
+
 std::optional<ModelRow> ModelStore::findModel(std::string_view name) {
-  Statement st(*db_, "SELECT id, name FROM models WHERE name_key = ?");
-  st.bind(1, modelKey(name));
-  if (!st.step()) return std::nullopt;
-  return ModelRow{st.integer(0), st.text(1)};
+  Reading reading(*this);
+  auto st = db_->cached("SELECT id, name FROM models WHERE name_key = ?");
+  st->bind(1, modelKey(name));
+  if (!st->step()) return std::nullopt;
+  return ModelRow{st->integer(0), st->text(1)};
 }
 
 ModelRow ModelStore::createModel(std::string_view name) {
-  Statement st(*db_, "INSERT INTO models(name, name_key) VALUES(?, ?)");
-  st.bind(1, name).bind(2, modelKey(name)).run();
+  auto st = db_->cached("INSERT INTO models(name, name_key) VALUES(?, ?)");
+  st->bind(1, name).bind(2, modelKey(name)).run();
   return ModelRow{db_->lastInsertId(), std::string(name)};
 }
 
 bool ModelStore::deleteModel(std::string_view name) {
-  Statement st(*db_, "DELETE FROM models WHERE name_key = ?");
-  st.bind(1, modelKey(name)).run();
-  return sqlite3_changes(db_->handle()) > 0;
+  auto st = db_->cached("DELETE FROM models WHERE name_key = ?");
+  st->bind(1, modelKey(name)).run();
+  return db_->changes() > 0;
 }
 
 std::vector<ModelSummary> ModelStore::summaries() {
-  Statement st(*db_,
-               "SELECT m.name, count(s.id), coalesce(sum(s.point_count), 0) FROM models m "
-               "LEFT JOIN strings s ON s.model_id = m.id GROUP BY m.id ORDER BY m.name_key");
+  Reading reading(*this);
+  auto st = db_->cached(
+      "SELECT m.name, count(s.id), coalesce(sum(s.point_count), 0) FROM models m "
+      "LEFT JOIN strings s ON s.model_id = m.id GROUP BY m.id ORDER BY m.name_key");
   std::vector<ModelSummary> out;
-  while (st.step()) out.push_back({st.text(0), st.integer(1), st.integer(2)});
+  while (st->step()) out.push_back({st->text(0), st->integer(1), st->integer(2)});
   return out;
 }
 
-namespace {
-constexpr const char* kStringColumns = "id, label, subref, dimension, level, point_count";
-
-StringRow readStringRow(const Statement& st) {
-  StringRow r;
-  r.id = st.integer(0);
-  r.header.label = st.text(1);
-  r.header.subref = st.text(2);
-  r.header.dimension = static_cast<int>(st.integer(3));
-  if (!st.isNull(4)) r.header.level = st.real(4);
-  r.pointCount = static_cast<std::int32_t>(st.integer(5));
-  return r;
-}
-}  // namespace
-
 std::vector<StringRow> ModelStore::strings(std::int64_t modelId) {
-  Statement st(*db_, std::string("SELECT ") + kStringColumns +
-                         " FROM strings WHERE model_id = ? ORDER BY seq");
-  st.bind(1, modelId);
+  Reading reading(*this);
+  auto st = db_->cached(
+      "SELECT id, label, subref, dimension, level, point_count FROM strings "
+      "WHERE model_id = ? ORDER BY seq");
+  st->bind(1, modelId);
   std::vector<StringRow> out;
-  while (st.step()) out.push_back(readStringRow(st));
+  while (st->step()) out.push_back(readStringRow(*st));
   return out;
 }
 
 std::optional<StringRow> ModelStore::findString(std::int64_t modelId, std::string_view label) {
-  Statement st(*db_, std::string("SELECT ") + kStringColumns +
-                         " FROM strings WHERE model_id = ? AND label = ?");
-  st.bind(1, modelId).bind(2, normalLabel(label));
-  if (!st.step()) return std::nullopt;
-  return readStringRow(st);
+  Reading reading(*this);
+  auto st = db_->cached(
+      "SELECT id, label, subref, dimension, level, point_count FROM strings "
+      "WHERE model_id = ? AND label = ?");
+  st->bind(1, modelId).bind(2, normalLabel(label));
+  if (!st->step()) return std::nullopt;
+  return readStringRow(*st);
 }
 
-std::vector<ModelPoint> ModelStore::points(std::int64_t stringId) {
-  Statement st(
-      *db_, std::string("SELECT ") + kPointColumns + " FROM points WHERE string_id = ? ORDER BY n");
-  st.bind(1, stringId);
-  std::vector<ModelPoint> out;
-  while (st.step()) out.push_back(readPoint(st, 0));
-  return out;
+std::optional<ModelPoint> ModelStore::point(const StringRow& row, std::int32_t n) {
+  if (n < 1 || n > row.pointCount) return std::nullopt;
+  Reading reading(*this);
+  const std::size_t size = pointRecordSize(row.header.dimension);
+  std::string record(size, '\0');
+  if (!db_->readBlob("points", "data", row.id, static_cast<int>(size) * (n - 1),
+                     static_cast<int>(size), record.data()))
+    return std::nullopt;
+  return decodePoint(record, row.header.dimension);
 }
 
-std::optional<ModelPoint> ModelStore::point(std::int64_t stringId, std::int32_t n) {
-  Statement st(
-      *db_, std::string("SELECT ") + kPointColumns + " FROM points WHERE string_id = ? AND n = ?");
-  st.bind(1, stringId).bind(2, static_cast<std::int64_t>(n));
-  if (!st.step()) return std::nullopt;
-  return readPoint(st, 0);
+ModelString ModelStore::load(const StringRow& row) {
+  Reading reading(*this);
+  auto st = db_->cached("SELECT data FROM points WHERE string_id = ?");
+  st->bind(1, row.id);
+  ModelString s{row.header, {}};
+  if (st->step())
+    s.points =
+        decodePoints(st->blob(0), row.header.dimension, static_cast<std::size_t>(row.pointCount));
+  return s;
 }
-
-ModelString ModelStore::load(const StringRow& row) { return {row.header, points(row.id)}; }
 
 void ModelStore::saveString(std::int64_t modelId, const ModelString& s) {
-  std::optional<StringRow> old = findString(modelId, s.header.label);
-  std::int64_t seq = 0;
+  const std::string data = encodePoints(s);
+  const StringHeader& h = s.header;
+  std::optional<StringRow> old = findString(modelId, h.label);
+  std::int64_t id = 0;
   if (old) {
-    seq = db_->queryInt("SELECT seq FROM strings WHERE id = " + std::to_string(old->id));
-    deleteString(old->id);
+    id = old->id;
+    auto st = db_->cached(
+        "UPDATE strings SET subref = ?, dimension = ?, level = ?, point_count = ? WHERE id = ?");
+    st->bind(1, h.subref).bind(2, static_cast<std::int64_t>(h.dimension));
+    if (h.level) st->bind(3, *h.level);
+    st->bind(4, static_cast<std::int64_t>(s.points.size())).bind(5, id).run();
   } else {
-    seq = db_->queryInt("SELECT coalesce(max(seq), 0) + 1 FROM strings WHERE model_id = " +
-                        std::to_string(modelId));
+    auto st = db_->cached(
+        "INSERT INTO strings(model_id, seq, label, subref, dimension, level, point_count) "
+        "VALUES(?1, (SELECT coalesce(max(seq), 0) + 1 FROM strings WHERE model_id = ?1), "
+        "?2, ?3, ?4, ?5, ?6)");
+    st->bind(1, modelId).bind(2, h.label).bind(3, h.subref);
+    st->bind(4, static_cast<std::int64_t>(h.dimension));
+    if (h.level) st->bind(5, *h.level);
+    st->bind(6, static_cast<std::int64_t>(s.points.size())).run();
+    id = db_->lastInsertId();
   }
-  Statement st(*db_,
-               "INSERT INTO strings(model_id, seq, label, subref, dimension, level, point_count) "
-               "VALUES(?, ?, ?, ?, ?, ?, ?)");
-  st.bind(1, modelId).bind(2, seq).bind(3, s.header.label).bind(4, s.header.subref);
-  st.bind(5, static_cast<std::int64_t>(s.header.dimension));
-  if (s.header.level) st.bind(6, *s.header.level);
-  st.bind(7, static_cast<std::int64_t>(s.points.size()));
-  st.run();
-  insertPoints(db_->lastInsertId(), s);
-}
-
-void ModelStore::insertPoints(std::int64_t stringId, const ModelString& s) {
-  Statement st(*db_,
-               "INSERT INTO points(string_id, n, gap, chainage, d1, d2, d3, d4, d5, d6, d7, d8, "
-               "d9, d10, d11, d12) VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-  std::vector<double> ch = chainages(s);
-  for (std::size_t i = 0; i < s.points.size(); ++i) {
-    const ModelPoint& p = s.points[i];
-    st.bind(1, stringId).bind(2, static_cast<std::int64_t>(i + 1));
-    st.bind(3, static_cast<std::int64_t>(p.gapAfter ? 1 : 0)).bind(4, ch[i]);
-    for (std::size_t d = 0; d < p.dims.size() && d < kMaxDimension; ++d) {
-      int col = static_cast<int>(5 + d);
-      if (p.dims[d].isText)
-        st.bind(col, std::string_view(p.dims[d].txt));
-      else
-        st.bind(col, p.dims[d].num);
-    }
-    st.run();
-  }
+  auto st = db_->cached("INSERT OR REPLACE INTO points(string_id, data) VALUES(?, ?)");
+  st->bind(1, id).bindBlob(2, data).run();
 }
 
 void ModelStore::deleteString(std::int64_t stringId) {
-  Statement st(*db_, "DELETE FROM strings WHERE id = ?");
-  st.bind(1, stringId).run();
+  auto st = db_->cached("DELETE FROM strings WHERE id = ?");
+  st->bind(1, stringId).run();
 }
 
 }  // namespace korvane::hosts::embedded

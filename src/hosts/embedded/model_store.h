@@ -1,8 +1,11 @@
 // The embedded engine's model store: one SQLite file in the project folder
-// holding models, their strings in model order and every point with all its
-// dimensions. A run opens the store with an exclusive lock that it keeps until
-// it closes, so two runs on one project never interleave; queries open it
-// shared and only between runs.
+// holding models, their strings in model order, and each string's points as
+// one BLOB (point_blob.h). The file is in WAL mode: a commit reaches the
+// operating system at once and the disk at the next checkpoint, so a killed
+// program loses nothing committed and a power failure at most the last major
+// options, never part of one. Runs are kept apart by the run lock beside the
+// store (run_lock.h): a run holds it from its start to its end, reads take it
+// shared.
 #pragma once
 
 #include <cstdint>
@@ -13,6 +16,7 @@
 #include <vector>
 
 #include "hosts/embedded/model_string.h"
+#include "hosts/embedded/run_lock.h"
 #include "hosts/embedded/sqlite_db.h"
 
 namespace korvane::hosts::embedded {
@@ -40,13 +44,25 @@ class ModelStore {
   enum class Access { Query, Run };
 
   // Opens the store file at `path`. Run access creates the file when it is
-  // missing and takes the exclusive lock; Query access opens an existing store
-  // only and returns null with an empty error when there is none yet. A file
-  // that is not a Korvane store is refused with a reason and left untouched.
+  // missing and takes the run lock (see beginRun); Query access opens an
+  // existing store only and returns null with an empty error when there is
+  // none yet. A file that is not a Korvane store of this schema version is
+  // refused with a reason and left untouched.
   static std::unique_ptr<ModelStore> open(const std::string& path, Access access,
                                           std::string& error);
   // Milliseconds to wait for another connection's lock before giving up.
   static void setBusyTimeout(int ms);
+  // The store file and the files SQLite and the run lock keep beside it.
+  static std::vector<std::string> files(const std::string& path);
+
+  ~ModelStore();
+
+  // Takes the run lock: false with a reason when another run holds it.
+  bool beginRun(std::string& error);
+  void endRun();
+  // False when the file at path() is no longer the one this store opened
+  // (removed or replaced since).
+  bool stillAt() const;
 
   SqliteDb& db() { return *db_; }
   const std::string& path() const { return path_; }
@@ -59,8 +75,8 @@ class ModelStore {
 
   std::vector<StringRow> strings(std::int64_t modelId);
   std::optional<StringRow> findString(std::int64_t modelId, std::string_view label);
-  std::vector<ModelPoint> points(std::int64_t stringId);
-  std::optional<ModelPoint> point(std::int64_t stringId, std::int32_t n);
+  // Point n (1-based) of a string, read without its other points.
+  std::optional<ModelPoint> point(const StringRow& row, std::int32_t n);
   ModelString load(const StringRow& row);
 
   // Stores a string; a string of the same label is replaced in its place in
@@ -69,12 +85,13 @@ class ModelStore {
   void deleteString(std::int64_t stringId);
 
  private:
-  ModelStore(std::unique_ptr<SqliteDb> db, std::string path)
-      : db_(std::move(db)), path_(std::move(path)) {}
-  void insertPoints(std::int64_t stringId, const ModelString& s);
+  ModelStore(std::unique_ptr<SqliteDb> db, std::string path);
+  class Reading;
 
   std::unique_ptr<SqliteDb> db_;
+  std::unique_ptr<RunLock> lock_;
   std::string path_;
+  std::string identity_;  // of the file opened, see stillAt()
 };
 
 }  // namespace korvane::hosts::embedded

@@ -15,6 +15,7 @@ class SelectionMasks {
   void add(std::string_view mask, bool include);
   void clear() { masks_.clear(); }
   bool empty() const { return masks_.empty(); }
+  int size() const { return static_cast<int>(masks_.size()); }
   bool selects(std::string_view label) const;
 
   static bool matches(std::string_view mask, std::string_view label);

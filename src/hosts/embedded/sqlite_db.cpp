@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <stdexcept>
+
 namespace korvane::hosts::embedded {
 
 bool SqliteError::busy() const {
@@ -29,7 +31,10 @@ SqliteDb::SqliteDb(const std::string& path, OpenMode mode) {
   sqlite3_extended_result_codes(db_, 1);
 }
 
-SqliteDb::~SqliteDb() { sqlite3_close(db_); }
+SqliteDb::~SqliteDb() {
+  cache_.clear();  // statements are finalized before the connection closes
+  sqlite3_close(db_);
+}
 
 void SqliteDb::fail(int code, std::string_view during) {
   std::string msg = sqlite3_errmsg(db_);
@@ -49,6 +54,41 @@ std::int64_t SqliteDb::queryInt(std::string_view sql) {
 }
 
 std::int64_t SqliteDb::lastInsertId() const { return sqlite3_last_insert_rowid(db_); }
+
+int SqliteDb::changes() const { return sqlite3_changes(db_); }
+
+CachedStatement SqliteDb::cached(std::string_view sql) {
+  auto it = cache_.find(sql);
+  if (it == cache_.end())
+    it = cache_.emplace(std::string(sql), std::make_unique<Statement>(*this, sql)).first;
+  Statement& st = *it->second;
+  if (st.inUse_) throw std::logic_error("statement used twice at once: " + std::string(sql));
+  st.inUse_ = true;
+  return CachedStatement(st);
+}
+
+bool SqliteDb::readBlob(const char* table, const char* column, std::int64_t rowid, int offset,
+                        int size, void* out) {
+  sqlite3_blob* blob = nullptr;
+  int rc = sqlite3_blob_open(db_, "main", table, column, rowid, 0, &blob);
+  if (rc == SQLITE_ERROR) {  // no such row
+    sqlite3_blob_close(blob);
+    return false;
+  }
+  if (rc != SQLITE_OK) {
+    sqlite3_blob_close(blob);
+    fail(rc, "blob");
+  }
+  rc = sqlite3_blob_read(blob, out, size, offset);
+  sqlite3_blob_close(blob);
+  if (rc != SQLITE_OK) fail(rc, "blob read");
+  return true;
+}
+
+CachedStatement::~CachedStatement() {
+  st_->reset();
+  st_->inUse_ = false;
+}
 
 // --- Statement ---------------------------------------------------------------
 
@@ -75,6 +115,12 @@ Statement& Statement::bind(int i, double v) {
 Statement& Statement::bind(int i, std::string_view text) {
   int rc =
       sqlite3_bind_text(stmt_, i, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+  if (rc != SQLITE_OK) db_.fail(rc, "bind");
+  return *this;
+}
+
+Statement& Statement::bindBlob(int i, std::string_view bytes) {
+  int rc = sqlite3_bind_blob(stmt_, i, bytes.data(), static_cast<int>(bytes.size()), SQLITE_STATIC);
   if (rc != SQLITE_OK) db_.fail(rc, "bind");
   return *this;
 }
@@ -109,6 +155,13 @@ bool Statement::isText(int col) const { return sqlite3_column_type(stmt_, col) =
 std::int64_t Statement::integer(int col) const { return sqlite3_column_int64(stmt_, col); }
 double Statement::real(int col) const { return sqlite3_column_double(stmt_, col); }
 
+std::string_view Statement::blob(int col) const {
+  const void* p = sqlite3_column_blob(stmt_, col);
+  int n = sqlite3_column_bytes(stmt_, col);
+  return p ? std::string_view(static_cast<const char*>(p), static_cast<std::size_t>(n))
+           : std::string_view();
+}
+
 std::string Statement::text(int col) const {
   auto* p = reinterpret_cast<const char*>(sqlite3_column_text(stmt_, col));
   int n = sqlite3_column_bytes(stmt_, col);
@@ -118,7 +171,7 @@ std::string Statement::text(int col) const {
 // --- Transaction -------------------------------------------------------------
 
 Transaction::Transaction(SqliteDb& db, bool exclusive) : db_(db) {
-  db_.exec(exclusive ? "BEGIN EXCLUSIVE" : "BEGIN IMMEDIATE");
+  db_.cached(exclusive ? "BEGIN EXCLUSIVE" : "BEGIN IMMEDIATE")->run();
 }
 
 Transaction::~Transaction() {
@@ -126,7 +179,7 @@ Transaction::~Transaction() {
 }
 
 void Transaction::commit() {
-  db_.exec("COMMIT");
+  db_.cached("COMMIT")->run();
   open_ = false;
 }
 

@@ -4,9 +4,11 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "hosts/embedded/engine_error.h"
 
@@ -39,6 +41,8 @@ class Statement {
   Statement& bind(int i, std::int64_t v);
   Statement& bind(int i, double v);
   Statement& bind(int i, std::string_view text);
+  // A BLOB; the bytes must stay where they are until the statement is reset.
+  Statement& bindBlob(int i, std::string_view bytes);
   Statement& bindNull(int i);
   // Steps once: true while a row is available.
   bool step();
@@ -52,10 +56,29 @@ class Statement {
   std::int64_t integer(int col) const;
   double real(int col) const;
   std::string text(int col) const;
+  // The bytes of a BLOB column, valid until the next step or reset.
+  std::string_view blob(int col) const;
 
  private:
+  friend class SqliteDb;
+  friend class CachedStatement;
   SqliteDb& db_;
   sqlite3_stmt* stmt_ = nullptr;
+  bool inUse_ = false;  // handed out by SqliteDb::cached()
+};
+
+// A cached statement in use; reset (bindings cleared) when it goes out of scope.
+class CachedStatement {
+ public:
+  explicit CachedStatement(Statement& st) : st_(&st) {}
+  ~CachedStatement();
+  CachedStatement(const CachedStatement&) = delete;
+  CachedStatement& operator=(const CachedStatement&) = delete;
+  Statement* operator->() { return st_; }
+  Statement& operator*() { return *st_; }
+
+ private:
+  Statement* st_;
 };
 
 class SqliteDb {
@@ -72,12 +95,27 @@ class SqliteDb {
   // The first column of the first row of a query, as an integer.
   std::int64_t queryInt(std::string_view sql);
   std::int64_t lastInsertId() const;
+  // Rows changed by the last INSERT, UPDATE or DELETE.
+  int changes() const;
+  // A statement prepared on first use and kept for the connection's life.
+  // One use at a time: asking for it again before the first use has ended
+  // is a programming error (std::logic_error).
+  CachedStatement cached(std::string_view sql);
+  // Reads `size` bytes at `offset` of a BLOB without reading the rest of it.
+  // False when the row does not exist.
+  bool readBlob(const char* table, const char* column, std::int64_t rowid, int offset, int size,
+                void* out);
 
   sqlite3* handle() { return db_; }
   [[noreturn]] void fail(int code, std::string_view during);
 
  private:
+  struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
+  };
   sqlite3* db_ = nullptr;
+  std::unordered_map<std::string, std::unique_ptr<Statement>, TextHash, std::equal_to<>> cache_;
 };
 
 // Rolls back on destruction unless committed.

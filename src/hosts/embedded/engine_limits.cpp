@@ -1,0 +1,13 @@
+#include "hosts/embedded/engine_limits.h"
+
+namespace korvane::hosts::embedded {
+
+std::string excerpt(std::string_view text) {
+  std::string out(text.substr(0, kExcerptLength));
+  for (char& c : out)
+    if (c == '\0') c = ' ';
+  if (text.size() > kExcerptLength) out += "...";
+  return out;
+}
+
+}  // namespace korvane::hosts::embedded
