@@ -16,6 +16,7 @@
 
 #include "base/messages.h"
 #include "compiler/compiled_output.h"
+#include "compiler/source_map.h"
 #include "compiler/variable_table.h"
 #include "hosts/mx.h"
 
@@ -114,6 +115,10 @@ struct RunEnvironment {
 };
 
 struct CompileState {
+  CompileState() { output.setSourceMap(&sources); }
+  CompileState(const CompileState&) = delete;
+  CompileState& operator=(const CompileState&) = delete;
+
   VariableTable vars;
   StopState stop;
   std::optional<FailureReport> failure;  // the run-time failure that set the stop state
@@ -130,6 +135,7 @@ struct CompileState {
   std::string whereFile;
   long whereLine = 0;
   const void* whereOwner = nullptr;
+  SourceMap sources;  // where each compiled line came from
   CompiledOutput output;
   SaveFiles save;
   int engineRuns = 0;  // MX runs of the current entry

@@ -35,6 +35,7 @@ void beginInputFile(RunContext& ctx) {
   applyAssignments(ctx, carried);
 
   ctx.whereFile.clear();
+  ctx.sources.clearNodes();
   ctx.output.setName(mxOutputName(ctx));
   if (ctx.engine && ctx.engine->configuration().modelExists(kSentinelModel)) {
     ctx.output.open(mxOutputName(ctx));
