@@ -1,5 +1,9 @@
 #include "compiler/line_reader.h"
 
+#include <filesystem>
+#include <map>
+#include <mutex>
+
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "compiler/compile_failure.h"
@@ -8,12 +12,46 @@ namespace korvane {
 
 LineReader::~LineReader() { close(); }
 
+namespace {
+
+// Files larger than this are never taken for UTF-8 without a byte-order mark.
+constexpr std::uintmax_t kUtf8ScanLimit = 64u << 20;
+
+// Whether a file without a byte-order mark is UTF-8: valid UTF-8 holding at
+// least one non-ASCII character. A file is read again for every repetition,
+// so the answer is kept while the file keeps its size and time.
+bool isUtf8File(const std::string& fullName) {
+  struct Known {
+    std::uintmax_t size;
+    std::filesystem::file_time_type time;
+    bool utf8;
+  };
+  static std::mutex mutex;
+  static std::map<std::string, Known> known;
+  std::error_code ec;
+  const auto path = fs::native(fullName);
+  const auto size = std::filesystem::file_size(path, ec);
+  if (ec || size > kUtf8ScanLimit) return false;
+  const auto time = std::filesystem::last_write_time(path, ec);
+  std::lock_guard<std::mutex> lock(mutex);
+  auto it = known.find(fullName);
+  if (it != known.end() && it->second.size == size && it->second.time == time)
+    return it->second.utf8;
+  auto data = fs::readFile(fullName);
+  const bool utf8 = data && cp::looksLikeUtf8(*data);
+  if (known.size() > 1000) known.clear();
+  known[fullName] = Known{size, time, utf8};
+  return utf8;
+}
+
+}  // namespace
+
 bool LineReader::open(const std::string& fullName) {
   close();
   name_ = fullName;
   file_ = std::fopen(fs::native(fullName).string().c_str(), "rb");
   lineNumber_ = 0;
-  utf8_ = false;
+  utf8_ = file_ != nullptr && isUtf8File(fullName);
   first_ = true;
   pos_ = len_ = 0;
   return file_ != nullptr;

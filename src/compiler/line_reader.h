@@ -1,5 +1,6 @@
 // Reads an input file line by line. Lines end at CR LF, LF or CR. A file that
-// begins with a UTF-8 byte-order mark is converted to the users' code page; a
+// begins with a UTF-8 byte-order mark, or that is valid UTF-8 and holds
+// non-ASCII characters, is converted to the users' code page; a
 // file holding NUL bytes is not text; an overlong line is refused. Both are
 // run-time failures that name the file.
 #pragma once

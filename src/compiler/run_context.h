@@ -97,6 +97,8 @@ struct RunEnvironment {
   // Set from outside (Ctrl-C, the window's stop button) to end the run at the next line.
   const std::atomic<bool>* interrupted = nullptr;
   std::function<void(int run)> onEngineRun;  // MX runs of the current entry, for progress
+  // Variables set before every entry (name, value), as the user gave them.
+  std::vector<std::pair<std::string, std::string>> presets;
 
   // Macro folders asked of MX (empty when it has none).
   std::string projectMacros() const;

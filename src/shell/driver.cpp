@@ -33,6 +33,9 @@ void beginInputFile(RunContext& ctx) {
   ctx.vars.clear();
   ctx.tempCounter = 0;
   applyAssignments(ctx, carried);
+  // A "g_" variable that an earlier entry left keeps its value.
+  for (const auto& [name, value] : ctx.presets)
+    if (!text::startsWith(name, "g_") || !ctx.vars.find(name)) ctx.vars.set(name, value);
 
   ctx.whereFile.clear();
   ctx.sources.clearNodes();
