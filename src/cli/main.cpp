@@ -124,7 +124,9 @@ int main(int argc, char** argv) {
       }
       topic = sub;
     }
-    std::cout << topic->help();
+    // The formatter directly: App::help() would describe the `help` command itself.
+    std::cout << topic->get_formatter()->make_help(
+        topic, topic == &app ? "korvane" : topic->get_name(), CLI::AppFormatMode::Normal);
     return 0;
   }
   return exitCode();
