@@ -69,12 +69,20 @@ TEST_F(Repetition, MissingRepeatOrEndrepeatStops) {
   project.write("noend.ipm", "crea,lead\r\nrepeat\r\ncrea,body\r\n");
   project.write("a.ipf", "insert,norep\r\nrepeat=1\r\n");
   project.write("b.ipf", "insert,noend\r\nrepeat=1\r\n");
+  const Messages& m = c.ctx.messages;
+  // The message names the file that lacks the line and the line that inserted it.
   EXPECT_FALSE(c.compile("a.ipf"));
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s14", "repeat"));
+  EXPECT_EQ(c.ctx.stop.message, m.format("Messages", "s14", "repeat") + "\n" +
+                                    m.format("Diagnostics", "infile", project.path("norep.ipm")) +
+                                    "\n" + m.format("Diagnostics", "pass", "1") + "\n" +
+                                    m.format("Diagnostics", "inserted", project.path("a.ipf"), "1"));
   c.lines.clear();
   EXPECT_FALSE(c.compile("b.ipf"));
   EXPECT_EQ(c.lines, (Lines{"crea,lead", "crea,body"}));
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s14", "endrepeat"));
+  EXPECT_EQ(c.ctx.stop.message, m.format("Messages", "s14", "endrepeat") + "\n" +
+                                    m.format("Diagnostics", "infile", project.path("noend.ipm")) +
+                                    "\n" +
+                                    m.format("Diagnostics", "inserted", project.path("b.ipf"), "1"));
 }
 
 }  // namespace

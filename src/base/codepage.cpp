@@ -164,6 +164,26 @@ std::string fromUtf16le(std::string_view bytes) {
   return fromUtf8(utf8);
 }
 
+bool Utf8Scan::feed(std::string_view piece) {
+  if (!valid_) return false;
+  pending_.append(piece);
+  std::size_t i = 0;
+  while (i < pending_.size()) {
+    char32_t u = 0;
+    const std::size_t n = decodeUtf8(pending_, i, u);
+    if (n == 0) {
+      // Up to three bytes at the end may be a character cut by the piece's end.
+      if (pending_.size() - i < 4 && static_cast<unsigned char>(pending_[i]) >= 0xC0) break;
+      valid_ = false;
+      return false;
+    }
+    if (n > 1) nonAscii_ = true;
+    i += n;
+  }
+  pending_.erase(0, i);
+  return true;
+}
+
 bool looksLikeUtf8(std::string_view s) {
   bool nonAscii = false;
   for (std::size_t i = 0; i < s.size();) {

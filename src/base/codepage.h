@@ -28,4 +28,18 @@ std::string fromUtf16le(std::string_view bytes);
 // True when the text is valid UTF-8 and holds at least one non-ASCII character.
 bool looksLikeUtf8(std::string_view s);
 
+// looksLikeUtf8 over a text that comes in pieces (a file read as a stream): a
+// character may be split between two pieces.
+class Utf8Scan {
+ public:
+  // Returns false as soon as the text cannot be UTF-8.
+  bool feed(std::string_view piece);
+  // The answer once every piece has been fed.
+  bool looksLikeUtf8() const { return valid_ && pending_.empty() && nonAscii_; }
+
+ private:
+  std::string pending_;  // the start of a character that the next piece completes
+  bool valid_ = true, nonAscii_ = false;
+};
+
 }  // namespace korvane::cp

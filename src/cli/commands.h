@@ -14,6 +14,10 @@ namespace korvane::cli {
 void addCompileCommand(CLI::App& app);
 void addModelsCommand(CLI::App& app);
 void addRunCommand(CLI::App& app);
+void addSectionsCommand(CLI::App& app);
+
+// Options that every command that compiles takes: -D NAME=VALUE.
+void addPresetOption(CLI::App* cmd, std::vector<std::string>& presets);
 
 // Batch mode: the words after the program name, joined by blanks, are one run entry.
 int runBatch(const std::vector<std::string>& words);

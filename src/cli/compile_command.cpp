@@ -1,11 +1,14 @@
 // korvane compile: compiles run entries into MX input without running it
 // (unless an engine is named), for checking what a file produces.
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
 
 #include "base/fs.h"
+#include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
 #include "shell/driver.h"
@@ -21,12 +24,14 @@ struct CompileOptions {
   std::string varsFile;
 };
 
-int runCompile(const CompileOptions& o) {
+int runCompile(CompileOptions o) {
   int status = 0;
-  auto session = Session::open(o.session, hosts::EngineKind::None, status);
+  const std::vector<std::string> entries = entriesFromWords(o.words);
+  if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
+  // The same engine as `korvane run`, so that model queries answer alike.
+  auto session = Session::open(o.session, hosts::defaultEngineKind(), status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
-  const std::vector<std::string> entries = entriesFromWords(o.words);
   std::vector<std::string> outputs = projectOutputs(ctx.projectFolder, {}, "", "");
   if (!o.output.empty()) outputs.push_back(fs::absolute(fromTerminal(o.output)));
   if (!o.varsFile.empty()) outputs.push_back(fs::absolute(fromTerminal(o.varsFile)));
@@ -42,8 +47,11 @@ int runCompile(const CompileOptions& o) {
     }
     out = &file;
   }
-  ctx.output.setMxTap([out](std::string_view line) {
-    out->write(line.data(), static_cast<std::streamsize>(line.size()));
+  // The MX lines stay Windows-1250 in a file or a pipe; a terminal gets its own encoding.
+  const bool terminal = o.output.empty() && ::isatty(fileno(stdout));
+  ctx.output.setMxTap([out, terminal](std::string_view line) {
+    const std::string text = terminal ? toTerminal(std::string(line)) : std::string(line);
+    out->write(text.data(), static_cast<std::streamsize>(text.size()));
     out->write("\r\n", 2);
   });
 
@@ -76,14 +84,15 @@ int runCompile(const CompileOptions& o) {
 
 void addCompileCommand(CLI::App& app) {
   auto o = std::make_shared<CompileOptions>();
-  auto* cmd = app.add_subcommand("compile", "Compile run entries into MX input");
-  cmd->add_option("ENTRY", o->words, "Input file, optionally followed by [section]")->required();
-  cmd->add_option("--project", o->session.project, "MX project folder (default: current folder)");
-  cmd->add_option("--home", o->session.home, "Folder of Korvane.ini and the language files");
-  cmd->add_option("-o,--output", o->output, "Write the MX lines here (default: standard output)");
-  cmd->add_option("--vars", o->varsFile, "Write the final variable table here");
-  cmd->add_option("--engine", o->session.engine, "none (default), embedded or mx");
-  cmd->add_option("--answer", o->session.answers, "Answer to an input() question, in order");
+  auto* cmd = app.add_subcommand("compile", cliText("h_compile"));
+  cmd->add_option("ENTRY", o->words, cliText("h_entry"))->required();
+  cmd->add_option("--project", o->session.project, cliText("h_project"));
+  cmd->add_option("--home", o->session.home, cliText("h_home"));
+  cmd->add_option("-o,--output", o->output, cliText("h_output"));
+  cmd->add_option("--vars", o->varsFile, cliText("h_vars"));
+  cmd->add_option("--engine", o->session.engine, cliText("h_engine"));
+  cmd->add_option("--answer", o->session.answers, cliText("h_answer"));
+  addPresetOption(cmd, o->session.presets);
   cmd->callback([o] { setExitCode(runCompile(*o)); });
 }
 

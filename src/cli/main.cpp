@@ -1,20 +1,37 @@
 // korvane: the command-line front end.
 #include <CLI/CLI.hpp>
+#include <iostream>
 #include <string>
 #include <vector>
 
+#include "base/fs.h"
+#include "cli/cli_texts.h"
 #include "cli/commands.h"
+#include "cli/session.h"
+#include "shell/driver.h"
+#include "shell/startup.h"
+
+#ifndef KORVANE_VERSION
+#define KORVANE_VERSION "0.0.0"
+#endif
 
 namespace {
+
+const char* const kCommands[] = {"compile", "run", "check", "sections", "models", "help"};
+
+bool isCommand(const std::string& word) {
+  for (const char* c : kCommands)
+    if (word == c) return true;
+  return false;
+}
 
 // A shell splits "road.ipf [main]" into two words; a run entry is one. Words
 // that open a section label are joined to the word before them here, before
 // the option parser, which would read "[main]" as a list.
-std::vector<std::string> joinSectionWords(int argc, char** argv) {
+std::vector<std::string> joinSectionWords(const std::vector<std::string>& args) {
   std::vector<std::string> words;
   bool open = false;
-  for (int i = 1; i < argc; ++i) {
-    std::string w = argv[i];
+  for (const std::string& w : args) {
     if (!words.empty() && (open || (!w.empty() && w[0] == '['))) {
       words.back() += " " + w;
       open = w.find(']') == std::string::npos;
@@ -26,24 +43,91 @@ std::vector<std::string> joinSectionWords(int argc, char** argv) {
   return {words.rbegin(), words.rend()};  // the parser takes them last first
 }
 
+// The argument error in the chosen language: CLI11 names the option or word
+// at the start of its own (English) text.
+std::string argumentError(const CLI::ParseError& e) {
+  using korvane::cli::cliText;
+  std::string what = e.what();
+  auto before = [&](const std::string& sep) {
+    const std::size_t at = what.find(sep);
+    return at == std::string::npos ? what : what.substr(0, at);
+  };
+  if (dynamic_cast<const CLI::RequiredError*>(&e)) {
+    if (what.find("subcommand") != std::string::npos) return cliText("arg_command");
+    return cliText("arg_required", before(" is required"));
+  }
+  if (dynamic_cast<const CLI::ExtrasError*>(&e)) {
+    const std::size_t colon = what.find(": ");
+    return cliText("arg_extra", colon == std::string::npos ? what : what.substr(colon + 2));
+  }
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&e)) return cliText("arg_value", before(":"));
+  return cliText("arg_invalid", what);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app{"Korvane: compiles .ipf input files into MX input and runs them"};
+  using namespace korvane::cli;
+  const std::vector<std::string> args(argv + 1, argv + argc);
+  loadCliTexts(args);
+
+  CLI::App app{cliText("h_app")};
+  app.set_help_flag("-h,--help", cliText("h_help"));
+  app.set_version_flag("--version", std::string("korvane ") + KORVANE_VERSION);
+  auto fmt = app.get_formatter();
+  for (const char* label : {"Usage", "OPTIONS", "Options", "Positionals", "Subcommands",
+                            "SUBCOMMAND", "SUBCOMMANDS", "REQUIRED"}) {
+    const std::string key = std::string("l_") + label;
+    const std::string text = cliText(key.c_str());
+    if (!text.empty()) fmt->label(label, text);
+  }
+  if (!cliText("l_Options").empty()) app.option_defaults()->group(cliText("l_Options"));
+  std::string lang;
+  app.add_option("--lang", lang, cliText("h_lang"))->envname("KORVANE_LANG");
+  app.fallthrough();
   app.require_subcommand(1);
-  korvane::cli::addCompileCommand(app);
-  korvane::cli::addRunCommand(app);
-  korvane::cli::addModelsCommand(app);
-  if (argc > 1) {
-    const std::string first = argv[1];
-    if (first != "compile" && first != "run" && first != "models" && first[0] != '-')
-      return korvane::cli::runBatch(std::vector<std::string>(argv + 1, argv + argc));
-  }
+  addCompileCommand(app);
+  addRunCommand(app);
+  addSectionsCommand(app);
+  addModelsCommand(app);
+  std::vector<std::string> helpTopic;
+  auto* help = app.add_subcommand("help", cliText("h_helpcmd"));
+  help->add_option("COMMAND", helpTopic, cliText("h_topic"));
+  std::string home;  // read before parsing (cliHome); taken here so that it is no stray word
+  help->add_option("--home", home, cliText("h_home"));
+
+  if (!args.empty() && !isCommand(args[0]) && args[0][0] != '-') return runBatch(args);
   try {
-    auto words = joinSectionWords(argc, argv);
-    app.parse(words);
+    app.parse(joinSectionWords(args));
+  } catch (const CLI::CallForHelp& e) {
+    return app.exit(e);
+  } catch (const CLI::CallForAllHelp& e) {
+    return app.exit(e);
+  } catch (const CLI::CallForVersion& e) {
+    return app.exit(e);
   } catch (const CLI::ParseError& e) {
-    return app.exit(e) == 0 ? 0 : 2;
+    std::cerr << "korvane: " << argumentError(e) << "\n" << cliText("arg_hint") << std::endl;
+    return 2;
   }
-  return korvane::cli::exitCode();
+  if (help->parsed()) {
+    const CLI::App* topic = &app;
+    for (const std::string& word : helpTopic) {
+      const CLI::App* sub = nullptr;
+      try {
+        sub = topic->get_subcommand(word);
+      } catch (const CLI::OptionNotFound&) {
+      }
+      if (!sub) {
+        std::cerr << "korvane: " << cliText("arg_nocommand", word) << "\n"
+                  << cliText("arg_hint") << std::endl;
+        return 2;
+      }
+      topic = sub;
+    }
+    // The formatter directly: App::help() would describe the `help` command itself.
+    std::cout << topic->get_formatter()->make_help(
+        topic, topic == &app ? "korvane" : topic->get_name(), CLI::AppFormatMode::Normal);
+    return 0;
+  }
+  return exitCode();
 }

@@ -8,10 +8,13 @@
 
 #include "base/codepage.h"
 #include "base/messages.h"
+#include "cli/cli_texts.h"
 #include "cli/commands.h"
+#include "cli/session.h"
 #include "hosts/embedded/embedded_engine.h"
 #include "hosts/embedded/genio_records.h"
 #include "shell/home.h"
+#include "shell/startup.h"
 
 namespace korvane::cli {
 namespace {
@@ -35,7 +38,7 @@ ModelsArgs& args() {
 
 constexpr int kOk = 0, kEngineError = 1, kUsageError = 2;
 
-std::string terminal(std::string_view cp1250) { return cp::toUtf8(cp1250); }
+std::string terminal(std::string_view cp1250) { return toTerminal(std::string(cp1250)); }
 
 // The language file's texts, once the home folder is known.
 Messages& messages() {
@@ -47,6 +50,15 @@ Messages& messages() {
 std::unique_ptr<EmbeddedEngine> openEngine() {
   std::error_code ec;
   fs::path folder = args().project.empty() ? fs::current_path(ec) : fs::path(args().project);
+  if (args().project.empty() && !isProjectFolder(fs::absolute(folder, ec).string())) {
+    std::cerr << "korvane models: "
+              << terminal(
+                     messages().format("Cli", "not_project", fs::absolute(folder, ec).string()))
+              << "\n"
+              << terminal(messages().text("Cli", "choose_project")) << "\n";
+    setExitCode(kUsageError);
+    return nullptr;
+  }
   if (!fs::is_directory(folder, ec)) {
     std::cerr << "korvane models: "
               << terminal(messages().format("Cli", "no_project", fs::absolute(folder, ec).string()))
@@ -167,15 +179,15 @@ int exec(EmbeddedEngine& e) {
   return report(r);
 }
 
-CLI::App* subcommand(CLI::App* models, const char* name, const char* help,
+CLI::App* subcommand(CLI::App* models, const char* name, const std::string& help,
                      int (*action)(EmbeddedEngine&)) {
   CLI::App* sub = models->add_subcommand(name, help);
-  sub->add_option("--project", args().project, "Project folder (default: the current directory)");
-  sub->add_option("--home", args().home, "Folder of Korvane.ini and the language files");
+  sub->add_option("--project", args().project, cliText("h_mproject"));
+  sub->add_option("--home", args().home, cliText("h_home"));
   sub->callback([action] {
     HomePaths home;
     std::string error;
-    if (!resolveHome(args().home, home, error)) {
+    if (!resolveHome(fromTerminal(args().home), home, error, fromTerminal(cliLanguage()))) {
       std::cerr << terminal(error) << "\n";
       setExitCode(kUsageError);
       return;
@@ -190,26 +202,24 @@ CLI::App* subcommand(CLI::App* models, const char* name, const char* help,
 }  // namespace
 
 void addModelsCommand(CLI::App& app) {
-  auto* models = app.add_subcommand("models", "Work with the embedded engine's models");
+  auto* models = app.add_subcommand("models", cliText("h_models"));
   models->require_subcommand(1);
   ModelsArgs& a = args();
 
-  subcommand(models, "list", "One line per model: name, string count, point count", list);
-  auto* showCmd = subcommand(models, "show", "A model's strings, or one string's points", show);
-  showCmd->add_option("MODEL", a.model, "Model name")->required();
-  showCmd->add_option("LABEL", a.label, "String label");
-  auto* importCmd =
-      subcommand(models, "import", "Load a file's GENIO records into a model", import);
-  importCmd->add_option("FILE", a.file, "GENIO file")->required();
-  importCmd->add_option("MODEL", a.model, "Model name (created when missing)")->required();
-  auto* exportCmd =
-      subcommand(models, "export", "Every string of a model as GENIO text", exportModel);
-  exportCmd->add_option("MODEL", a.model, "Model name")->required();
-  exportCmd->add_option("-o,--output", a.output, "Output file (default: standard output)");
-  auto* deleteCmd = subcommand(models, "delete", "Delete a model", remove);
-  deleteCmd->add_option("MODEL", a.model, "Model name")->required();
-  auto* execCmd = subcommand(models, "exec", "Run a Linemode input file, print the listing", exec);
-  execCmd->add_option("FILE", a.file, "Input file")->required();
+  subcommand(models, "list", cliText("h_mlist"), list);
+  auto* showCmd = subcommand(models, "show", cliText("h_mshow"), show);
+  showCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
+  showCmd->add_option("LABEL", a.label, cliText("h_label"));
+  auto* importCmd = subcommand(models, "import", cliText("h_mimport"), import);
+  importCmd->add_option("FILE", a.file, cliText("h_genio"))->required();
+  importCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
+  auto* exportCmd = subcommand(models, "export", cliText("h_mexport"), exportModel);
+  exportCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
+  exportCmd->add_option("-o,--output", a.output, cliText("h_moutput"));
+  auto* deleteCmd = subcommand(models, "delete", cliText("h_mdelete"), remove);
+  deleteCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
+  auto* execCmd = subcommand(models, "exec", cliText("h_mexec"), exec);
+  execCmd->add_option("FILE", a.file, cliText("h_file"))->required();
 }
 
 }  // namespace korvane::cli

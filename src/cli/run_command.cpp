@@ -10,14 +10,18 @@
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
+#include <iostream>
 #include <map>
 
 #include "base/codepage.h"
 #include "base/fs.h"
+#include "base/similar.h"
+#include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
 #include "hosts/embedded/embedded_engine.h"
 #include "shell/cad_players.h"
+#include "shell/driver.h"
 #include "shell/project_guard.h"
 
 namespace korvane::cli {
@@ -27,11 +31,7 @@ std::atomic<bool> g_interrupted{false};
 extern "C" void onInterrupt(int) { g_interrupted = true; }
 
 void print(const std::string& cpText, bool newline = true) {
-#ifdef _WIN32
-  std::fputs(cpText.c_str(), stdout);
-#else
-  std::fputs(cp::toUtf8(cpText).c_str(), stdout);
-#endif
+  std::fputs(toTerminal(cpText).c_str(), stdout);
   if (newline) std::fputc('\n', stdout);
   std::fflush(stdout);
 }
@@ -125,8 +125,9 @@ struct RunOptions {
   bool saveOne = false, saveSep = false, keepScripts = false;
 };
 
-int runRun(const RunOptions& o, const std::vector<std::string>& entries) {
+int runRun(RunOptions o, const std::vector<std::string>& entries) {
   int status = 0;
+  if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
   auto session = Session::open(o.session, hosts::defaultEngineKind(), status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
@@ -159,22 +160,22 @@ int runRun(const RunOptions& o, const std::vector<std::string>& entries) {
 }
 
 void addOptions(CLI::App* cmd, RunOptions& o) {
-  cmd->add_option("--project", o.session.project, "MX project folder (default: current folder)");
-  cmd->add_option("--home", o.session.home, "Folder of Korvane.ini and the language files");
-  cmd->add_option("--engine", o.session.engine, "embedded, mx or none");
-  cmd->add_flag("--save-one", o.saveOne, "Also keep all compiled MX input in one file");
-  cmd->add_flag("--save-sep", o.saveSep, "Also keep the compiled MX input of each file");
-  cmd->add_flag("--keep-scripts", o.keepScripts,
-                "Keep numbered copies of AutoCAD scripts and key-in files; go on without CAD");
-  cmd->add_option("--answer", o.session.answers, "Answer to an input() question, in order");
+  cmd->add_option("--project", o.session.project, cliText("h_project"));
+  cmd->add_option("--home", o.session.home, cliText("h_home"));
+  cmd->add_option("--engine", o.session.engine, cliText("h_engine"));
+  cmd->add_flag("--save-one", o.saveOne, cliText("h_saveone"));
+  cmd->add_flag("--save-sep", o.saveSep, cliText("h_savesep"));
+  cmd->add_flag("--keep-scripts", o.keepScripts, cliText("h_keepscripts"));
+  cmd->add_option("--answer", o.session.answers, cliText("h_answer"));
+  addPresetOption(cmd, o.session.presets);
 }
 
 }  // namespace
 
 void addRunCommand(CLI::App& app) {
   auto o = std::make_shared<RunOptions>();
-  auto* cmd = app.add_subcommand("run", "Compile and run entries through MX");
-  cmd->add_option("ENTRY", o->words, "Input file, optionally followed by [section]")->required();
+  auto* cmd = app.add_subcommand("run", cliText("h_run"));
+  cmd->add_option("ENTRY", o->words, cliText("h_entry"))->required();
   addOptions(cmd, *o);
   cmd->callback([o] { setExitCode(runRun(*o, entriesFromWords(o->words))); });
 }
@@ -183,7 +184,20 @@ int runBatch(const std::vector<std::string>& words) {
   RunOptions o;
   std::string entry;
   for (const auto& w : words) entry += (entry.empty() ? "" : " ") + w;
-  return runRun(o, entriesFromWords({entry}));
+  const std::vector<std::string> entries = entriesFromWords({entry});
+  // A word that is neither a command nor a file is refused before anything
+  // is written.
+  const std::string file = parseRunEntry(entries.front()).path;
+  if (!fs::fileExists(file)) {
+    const std::vector<std::string> commands = {"compile",  "run",    "check",
+                                               "sections", "models", "help"};
+    const std::string near = text::closestWord(words.front(), commands);
+    std::cerr << "korvane: " << cliText("no_entry", words.front()) << "\n";
+    if (!near.empty()) std::cerr << cliText("did_you_mean", near) << "\n";
+    std::cerr << cliText("arg_hint") << std::endl;
+    return 2;
+  }
+  return runRun(o, entries);
 }
 
 }  // namespace korvane::cli

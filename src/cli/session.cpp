@@ -1,9 +1,19 @@
 #include "cli/session.h"
 
+#include <cctype>
+#include <clocale>
 #include <iostream>
+#ifndef _WIN32
+#include <iconv.h>
+#include <langinfo.h>
+#endif
+
+#include <CLI/CLI.hpp>
 
 #include "base/codepage.h"
 #include "base/fs.h"
+#include "cli/cli_texts.h"
+#include "cli/commands.h"
 #include "shell/driver.h"
 #include "shell/startup.h"
 
@@ -17,13 +27,54 @@ std::string fromTerminal(const std::string& text) {
 #endif
 }
 
-void printError(const std::string& cpText) {
+#ifndef _WIN32
+namespace {
+
+// The locale's character set when it is neither UTF-8 nor plain ASCII (which
+// modern terminals show as UTF-8); empty otherwise.
+const std::string& terminalCharset() {
+  static const std::string charset = [] {
+    std::setlocale(LC_CTYPE, "");
+    std::string name = nl_langinfo(CODESET);
+    std::string upper;
+    for (char c : name) upper += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    if (upper == "UTF-8" || upper == "UTF8" || upper == "ANSI_X3.4-1968" || upper == "ASCII")
+      return std::string();
+    return name;
+  }();
+  return charset;
+}
+
+// Windows-1250 to another character set; nothing when iconv cannot.
+bool convertTo(const std::string& charset, const std::string& text, std::string& out) {
+  iconv_t cd = iconv_open((charset + "//TRANSLIT").c_str(), "WINDOWS-1250");
+  if (cd == reinterpret_cast<iconv_t>(-1)) return false;
+  std::string in = text;
+  out.assign(in.size() * 4 + 4, '\0');
+  char* src = in.data();
+  char* dst = out.data();
+  std::size_t left = in.size(), room = out.size();
+  const bool ok = iconv(cd, &src, &left, &dst, &room) != static_cast<std::size_t>(-1);
+  iconv_close(cd);
+  out.resize(out.size() - room);
+  return ok;
+}
+
+}  // namespace
+#endif
+
+std::string toTerminal(const std::string& cpText) {
 #ifdef _WIN32
-  std::cerr << cpText << std::endl;
+  return cpText;
 #else
-  std::cerr << cp::toUtf8(cpText) << std::endl;
+  const std::string& charset = terminalCharset();
+  std::string out;
+  if (!charset.empty() && convertTo(charset, cpText, out)) return out;
+  return cp::toUtf8(cpText);
 #endif
 }
+
+void printError(const std::string& cpText) { std::cerr << toTerminal(cpText) << std::endl; }
 
 TerminalPrompt::TerminalPrompt(std::vector<std::string> answers)
     : answers_(answers.begin(), answers.end()) {}
@@ -62,16 +113,34 @@ bool refusesOwnInput(const RunContext& ctx, const std::vector<std::string>& entr
   return true;
 }
 
+void addPresetOption(CLI::App* cmd, std::vector<std::string>& presets) {
+  cmd->add_option("-D,--define", presets, cliText("h_define"))->allow_extra_args(false);
+}
+
 std::unique_ptr<Session> Session::open(const SessionOptions& options,
                                        hosts::EngineKind defaultEngine, int& status) {
   auto s = std::make_unique<Session>();
   StartupOptions startup{fromTerminal(options.home), fromTerminal(options.project), options.engine,
                          defaultEngine};
+  startup.firstEntry = options.firstEntry;
+  startup.requireProject = true;
+  startup.language = fromTerminal(cliLanguage());
   std::string error;
   if (!startUp(startup, s->started, s->ctx, error)) {
     printError(error);
     status = s->started.failureStatus;
     return nullptr;
+  }
+  for (const std::string& preset : options.presets) {
+    const std::string text = fromTerminal(preset);
+    const std::size_t eq = text.find('=');
+    const std::string name = eq == std::string::npos ? std::string() : text.substr(0, eq);
+    if (name.empty() || name.find_first_of(" ,|\"") != std::string::npos) {
+      printError(s->ctx.messages.format("Cli", "bad_preset", text));
+      status = 2;
+      return nullptr;
+    }
+    s->ctx.presets.emplace_back(name, text.substr(eq + 1));
   }
   s->prompt = std::make_unique<TerminalPrompt>(options.answers);
   s->ctx.prompt = s->prompt.get();

@@ -31,6 +31,8 @@ struct SessionOptions {
   std::string project;
   std::string engine;  // "" = the command's default
   std::vector<std::string> answers;
+  std::string firstEntry;  // the run's first input file, absolute: its folder finds the project
+  std::vector<std::string> presets;  // -D NAME=VALUE
 };
 
 class Session {
@@ -56,7 +58,9 @@ std::vector<std::string> entryFiles(const std::vector<std::string>& entries);
 bool refusesOwnInput(const RunContext& ctx, const std::vector<std::string>& entries,
                      const std::vector<std::string>& outputs);
 
-// Text in the users' code page to the terminal, and back.
+// Text in the users' code page to the terminal, and back. The terminal's
+// encoding is the locale's (UTF-8 where the locale names none).
+std::string toTerminal(const std::string& cpText);
 void printError(const std::string& cpText);
 std::string fromTerminal(const std::string& text);
 

@@ -1,5 +1,7 @@
 #include "compiler/compile_failure.h"
 
+#include "compiler/line_reader.h"
+
 namespace korvane {
 
 RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string subject) {
@@ -16,12 +18,52 @@ RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string
   }
 }
 
+std::string inputLineText(const std::string& file, long n) {
+  try {
+    LineReader reader;
+    if (!reader.open(file)) return {};
+    std::string line;
+    while (reader.readLine(line))
+      if (reader.lineNumber() == n) return line;
+  } catch (const CompileFailure&) {
+    // A file that cannot be read back has no text to show.
+  }
+  return {};
+}
+
+std::string describeTrail(const Messages& messages, const std::vector<SourcePlace>& trail) {
+  std::string m;
+  for (std::size_t i = 0; i < trail.size(); ++i) {
+    const SourcePlace& p = trail[i];
+    if (i > 0)
+      m += "\n" + messages.format("Diagnostics", "inserted", p.file, std::to_string(p.line));
+    // The pass of a repetition: of the innermost place on a line of its own,
+    // of an outer one after it.
+    if (p.repetition > 0)
+      m += (i == 0 ? "\n" : " ") +
+           messages.format("Diagnostics", "pass", std::to_string(p.repetition));
+  }
+  return m;
+}
+
 std::string describeFailure(const Messages& messages, const CompileFailure& f) {
   if (f.kind() == CompileFailure::Kind::Message) {
     std::string m = messages.format("Messages", f.key(), f.arg1(), f.arg2());
     if (!f.engineError.empty()) m += "\n" + messages.format("Runtime", "engine", f.engineError);
-    if (!f.whereFile.empty())
+    if (!f.mxSource.empty()) {
+      const SourcePlace& p = f.mxSource.front();
+      m += "\n" + messages.format("Runtime", "where", p.file, std::to_string(p.line));
+      m += "\n" + messages.format("Runtime", "text", inputLineText(p.file, p.line));
+      m += "\n" + messages.format("Diagnostics", "mxline", f.mxLine);
+      m += describeTrail(messages, f.mxSource);
+    } else if (!f.whereFile.empty()) {
       m += "\n" + messages.format("Runtime", "where", f.whereFile, std::to_string(f.whereLine));
+    }
+    // A part of an inserted file that is not there is named with its file.
+    if ((f.key() == "s14") && !f.file.empty()) {
+      m += "\n" + messages.format("Diagnostics", "infile", f.file);
+      if (f.trail.size() > 1) m += describeTrail(messages, f.trail);
+    }
     return m;
   }
   std::string m = messages.text("Runtime", "title") + ": " +
@@ -29,6 +71,7 @@ std::string describeFailure(const Messages& messages, const CompileFailure& f) {
   if (!f.file.empty())
     m += "\n" + messages.format("Runtime", "where", f.file, std::to_string(f.line));
   if (!f.lineText.empty()) m += "\n" + messages.format("Runtime", "text", f.lineText);
+  m += describeTrail(messages, f.trail);
   return m;
 }
 

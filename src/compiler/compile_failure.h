@@ -11,9 +11,11 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "base/conversions.h"
 #include "base/messages.h"
+#include "compiler/source_map.h"
 
 namespace korvane {
 
@@ -32,12 +34,18 @@ class CompileFailure : public std::runtime_error {
   std::string file;
   long line = 0;
   std::string lineText;
+  // The places that led there, innermost first (the first is file and line).
+  std::vector<SourcePlace> trail;
 
   // For a run that MX did not finish: MX's own words, and the input line
   // whose flush started the run.
   std::string engineError;
   std::string whereFile;
   long whereLine = 0;
+  // The MX line the engine refused, and where the input wrote it (innermost
+  // first); empty when the engine did not name a line.
+  std::string mxLine;
+  std::vector<SourcePlace> mxSource;
 
  protected:
   CompileFailure(Kind kind, std::string key, std::string a1, std::string a2)
@@ -74,5 +82,14 @@ RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string
 // the place of the flush for a run MX did not finish); a run-time failure with
 // its title, the file and line, and the line's text.
 std::string describeFailure(const Messages& messages, const CompileFailure& f);
+
+// The lines that tell how the compile came to a place: each outer place of
+// `trail` (innermost first) as "inserted by FILE, line N", with the pass of a
+// repetition.
+std::string describeTrail(const Messages& messages, const std::vector<SourcePlace>& trail);
+
+// The text of line n (1-based) of an input file, as the compile pass reads it;
+// empty when the file or the line is not there.
+std::string inputLineText(const std::string& file, long n);
 
 }  // namespace korvane

@@ -15,6 +15,15 @@
 namespace korvane {
 namespace {
 
+// Keeps the source map's stack of files in step with the compile pass.
+struct SourceFrame {
+  SourceMap& map;
+  SourceFrame(SourceMap& m, const std::string& file, long repetition) : map(m) {
+    map.enter(file, repetition);
+  }
+  ~SourceFrame() { map.leave(); }
+};
+
 struct DepthGuard {
   RunContext& ctx;
   explicit DepthGuard(RunContext& c) : ctx(c) { ++ctx.depth; }
@@ -30,6 +39,7 @@ void noteWhere(RunContext& ctx, const CompileCall& call) {
     ctx.whereOwner = &call;
   }
   ctx.whereLine = call.reader.lineNumber();
+  ctx.sourceMap.atLine(ctx.whereLine);
 }
 
 // Reads on until a line that begins with `prefix` (ignoring case).
@@ -122,6 +132,7 @@ void locate(CompileFailure& f, const CompileCall& call) {
   f.file = call.reader.fullName();
   f.line = call.reader.lineNumber();
   f.lineText = call.rawLine;
+  f.trail = call.ctx.sourceMap.chainHere();
 }
 
 }  // namespace
@@ -170,6 +181,11 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   if (!found.found || !call.reader.open(found.fullName, &ctx.sources))
     throw StopMessage("s9", found.shownName);
   call.folder = found.folder;
+  // A repeated part is read once a pass; `count` has just been set to the pass.
+  const long pass = mode == CompileMode::Repeating
+                        ? static_cast<long>(conv::Val(variableOrName(ctx, "count")))
+                        : 0;
+  SourceFrame frame(ctx.sourceMap, found.fullName, pass);
 
   try {
     if (!label.empty() && !seekLine(call, label)) throw StopMessage("s13", found.shownName, label);

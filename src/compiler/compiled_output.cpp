@@ -19,6 +19,7 @@ void CompiledOutput::setName(const std::string& fullName) {
 void CompiledOutput::open(const std::string& fullName, bool append) {
   close();
   setName(fullName);
+  origins_.clear();
   file_ = std::fopen(fs::native(fullName).string().c_str(), append ? "ab" : "wb");
   if (!file_) throw RuntimeFailure("write", fullName);
 }
@@ -34,7 +35,9 @@ void CompiledOutput::writeLine(std::string_view line) {
   if (std::fwrite(line.data(), 1, line.size(), file_) != line.size() ||
       std::fwrite("\r\n", 1, 2, file_) != 2)
     throw RuntimeFailure("write", name_);
-  if (tap_ && isMxChannel() && !isSentinelLine(line)) tap_(line);
+  const bool sentinel = isSentinelLine(line);
+  origins_.push_back(sources_ && !sentinel ? sources_->here() : SourceMap::kNone);
+  if (tap_ && !sentinel && isMxChannel()) tap_(line);
 }
 
 Channel channelOf(std::string_view fullName) {
@@ -59,6 +62,7 @@ const char* channelFileName(Channel channel) {
 }
 
 bool isSentinelLine(std::string_view line) {
+  if (line.size() != kSentinelCreate.size() && line.size() != kSentinelDelete.size()) return false;
   std::string l = cp::lower(line);
   return l == kSentinelCreate || l == kSentinelDelete;
 }

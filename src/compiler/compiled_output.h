@@ -6,6 +6,9 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "compiler/source_map.h"
 
 namespace korvane {
 
@@ -46,6 +49,15 @@ class CompiledOutput {
   Channel channel() const { return channelOf(name_); }
   bool isMxChannel() const { return channel() == Channel::Mx; }
 
+  // Where each line comes from: the source map's node for the place the
+  // compile stood at when the line was written.
+  void setSourceMap(SourceMap* map) { sources_ = map; }
+  // The node of line n (1-based) of the output opened last; SourceMap::kNone
+  // for a line that has none (the sentinel lines, or beyond the end).
+  int originOfLine(long n) const {
+    return n >= 1 && n <= static_cast<long>(origins_.size()) ? origins_[n - 1] : SourceMap::kNone;
+  }
+
   // Receives every line written to the MX input except the sentinel lines.
   void setMxTap(std::function<void(std::string_view)> tap) { tap_ = std::move(tap); }
 
@@ -54,6 +66,8 @@ class CompiledOutput {
   std::string name_;
   bool baseIsTmpinput_ = false, extensionIsScr_ = false;
   std::function<void(std::string_view)> tap_;
+  SourceMap* sources_ = nullptr;
+  std::vector<int> origins_;
 };
 
 bool isSentinelLine(std::string_view line);

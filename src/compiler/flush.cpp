@@ -1,5 +1,7 @@
 #include "compiler/flush.h"
 
+#include <optional>
+
 #include "base/fs.h"
 #include "base/text.h"
 #include "compiler/compile_failure.h"
@@ -26,6 +28,35 @@ void reopenFresh(RunContext& ctx, const std::string& name) {
   } catch (...) {
     // A fresh script that cannot be opened fails at its first line instead.
   }
+}
+
+// Line n (1-based) of a file, without its line end; empty when it has none.
+std::string fileLine(const std::string& fullName, long n) {
+  auto data = fs::readFile(fullName);
+  if (!data || n < 1) return {};
+  std::size_t pos = 0;
+  for (long i = 1; i < n; ++i) {
+    pos = data->find('\n', pos);
+    if (pos == std::string::npos) return {};
+    ++pos;
+  }
+  std::size_t end = data->find_first_of("\r\n", pos);
+  return data->substr(pos, end == std::string::npos ? std::string::npos : end - pos);
+}
+
+// A run that stopped early leaves the sentinel model behind: it is deleted by
+// a run of its own, from a file of its own, so that the failed input and its
+// listing stay as the failed run left them.
+void removeSentinel(RunContext& ctx, const hosts::MxRunResult& failed) {
+  if (!ctx.engine) return;
+  hosts::MxConfiguration& mx = ctx.engine->configuration();
+  if (!mx.modelExists(kSentinelModel)) return;
+  const std::string name = ctx.projectFolder + "tmpflag.txt";
+  const auto listing = failed.listing.empty() ? std::nullopt : fs::readFile(failed.listing);
+  if (!fs::writeFileAtomic(name, std::string(kSentinelDelete) + "\r\n")) return;
+  mx.run("input", name);
+  fs::removeFile(name);
+  if (listing) fs::writeFileAtomic(failed.listing, *listing);
 }
 
 }  // namespace
@@ -104,6 +135,11 @@ void runCompiledOutput(RunContext& ctx) {
     stop.engineError = result.error;
     stop.whereFile = ctx.whereFile;
     stop.whereLine = ctx.whereLine;
+    if (result.errorLine > 0) {
+      stop.mxSource = ctx.sourceMap.chain(ctx.output.originOfLine(result.errorLine));
+      stop.mxLine = fileLine(name, result.errorLine);
+    }
+    removeSentinel(ctx, result);
     throw stop;
   }
 }

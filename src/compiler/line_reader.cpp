@@ -18,19 +18,22 @@ bool LineReader::open(const std::string& fullName, SourceCache* cache) {
   close();
   name_ = fullName;
   lineNumber_ = 0;
-  utf8_ = false;
   first_ = true;
   pos_ = len_ = 0;
   if (cache) held_ = cache->content(fullName);
   if (held_) {
-    data_ = held_->data();
-    len_ = held_->size();
+    // A file that is valid UTF-8 and not plain ASCII was written as UTF-8,
+    // with or without a byte-order mark.
+    utf8_ = held_->utf8;
+    data_ = held_->content.data();
+    len_ = held_->content.size();
     return true;
   }
   file_ = std::fopen(fs::native(fullName).string().c_str(), "rb");
   if (!file_) return false;
   buffer_ = std::make_unique_for_overwrite<char[]>(kWindow);
   data_ = buffer_.get();
+  utf8_ = streamIsUtf8();
   return true;
 }
 
@@ -39,6 +42,15 @@ void LineReader::close() {
   file_ = nullptr;
   held_.reset();
   data_ = nullptr;
+}
+
+// Reads the stream once through to tell its encoding, then rewinds it.
+bool LineReader::streamIsUtf8() {
+  cp::Utf8Scan scan;
+  for (std::size_t n; (n = std::fread(buffer_.get(), 1, kWindow, file_)) > 0;)
+    if (!scan.feed(std::string_view(buffer_.get(), n))) break;
+  std::rewind(file_);
+  return scan.looksLikeUtf8();
 }
 
 bool LineReader::fill() {

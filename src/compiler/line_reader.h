@@ -1,5 +1,6 @@
 // Reads an input file line by line. Lines end at CR LF, LF or CR. A file that
-// begins with a UTF-8 byte-order mark is converted to the users' code page; a
+// begins with a UTF-8 byte-order mark, or that is valid UTF-8 and holds
+// non-ASCII characters, is converted to the users' code page; a
 // file holding NUL bytes is not text; an overlong line is refused. Both are
 // run-time failures that name the file. The file is read from the run's
 // source cache when it holds it, else as a stream.
@@ -9,9 +10,10 @@
 #include <memory>
 #include <string>
 
+#include "compiler/source_cache.h"
+
 namespace korvane {
 
-class SourceCache;
 
 class LineReader {
  public:
@@ -34,10 +36,11 @@ class LineReader {
  private:
   // Makes bytes available at pos_; false at the end of the file.
   bool fill();
+  bool streamIsUtf8();
 
   std::FILE* file_ = nullptr;
   std::unique_ptr<char[]> buffer_;           // the stream's window, allocated on open
-  std::shared_ptr<const std::string> held_;  // or the whole file, from the cache
+  std::shared_ptr<const SourceCache::HeldFile> held_;  // or the whole file, from the cache
   const char* data_ = nullptr;
   std::size_t pos_ = 0, len_ = 0;
   std::string name_;

@@ -17,6 +17,7 @@
 #include "base/messages.h"
 #include "compiler/compiled_output.h"
 #include "compiler/source_cache.h"
+#include "compiler/source_map.h"
 #include "compiler/variable_table.h"
 #include "hosts/mx.h"
 
@@ -97,6 +98,8 @@ struct RunEnvironment {
   // Set from outside (Ctrl-C, the window's stop button) to end the run at the next line.
   const std::atomic<bool>* interrupted = nullptr;
   std::function<void(int run)> onEngineRun;  // MX runs of the current entry, for progress
+  // Variables set before every entry (name, value), as the user gave them.
+  std::vector<std::pair<std::string, std::string>> presets;
 
   // Macro folders asked of MX (empty when it has none).
   std::string projectMacros() const;
@@ -115,6 +118,10 @@ struct RunEnvironment {
 };
 
 struct CompileState {
+  CompileState() { output.setSourceMap(&sourceMap); }
+  CompileState(const CompileState&) = delete;
+  CompileState& operator=(const CompileState&) = delete;
+
   VariableTable vars;
   StopState stop;
   std::optional<FailureReport> failure;  // the run-time failure that set the stop state
@@ -131,6 +138,7 @@ struct CompileState {
   std::string whereFile;
   long whereLine = 0;
   const void* whereOwner = nullptr;
+  SourceMap sourceMap;  // where each compiled line came from
   CompiledOutput output;
   SourceCache sources;  // input files read in this run, until something may change them
   SaveFiles save;

@@ -1,16 +1,18 @@
 #include "compiler/source_cache.h"
 
+#include "base/codepage.h"
 #include "base/fs.h"
 
 namespace korvane {
 
-std::shared_ptr<const std::string> SourceCache::content(const std::string& fullName) {
+std::shared_ptr<const SourceCache::HeldFile> SourceCache::content(const std::string& fullName) {
   if (auto it = files_.find(fullName); it != files_.end()) return it->second;
   auto size = fs::fileSize(fullName);
   if (!size || *size > kMaxHeldFile) return nullptr;
   auto data = fs::readFile(fullName);
   if (!data) return nullptr;
-  auto held = std::make_shared<const std::string>(std::move(*data));
+  const bool utf8 = cp::looksLikeUtf8(*data);
+  auto held = std::make_shared<const HeldFile>(HeldFile{std::move(*data), utf8});
   files_.emplace(fullName, held);
   return held;
 }

@@ -23,9 +23,13 @@ class SourceCache {
  public:
   static constexpr std::size_t kMaxHeldFile = 1 << 20;
 
-  // The content of a file, read now or held from before; null for a file that
-  // is too large to hold or cannot be read.
-  std::shared_ptr<const std::string> content(const std::string& fullName);
+  struct HeldFile {
+    std::string content;
+    bool utf8 = false;  // valid UTF-8 holding a non-ASCII character
+  };
+  // A file, read now or held from before; null for a file that is too large
+  // to hold or cannot be read.
+  std::shared_ptr<const HeldFile> content(const std::string& fullName);
 
   // Where a name was found from a base folder, when that was looked up before.
   const FoundFile* found(const std::string& name, const std::string& baseFolder) const;
@@ -34,7 +38,7 @@ class SourceCache {
   void forget();
 
  private:
-  std::unordered_map<std::string, std::shared_ptr<const std::string>> files_;
+  std::unordered_map<std::string, std::shared_ptr<const HeldFile>> files_;
   std::unordered_map<std::string, FoundFile> found_;
 };
 

@@ -34,8 +34,12 @@ void beginInputFile(RunContext& ctx) {
   ctx.tempCounter = 0;
   ctx.sources.forget();  // files may have changed since the last entry
   applyAssignments(ctx, carried);
+  // A "g_" variable that an earlier entry left keeps its value.
+  for (const auto& [name, value] : ctx.presets)
+    if (!text::startsWith(name, "g_") || !ctx.vars.find(name)) ctx.vars.set(name, value);
 
   ctx.whereFile.clear();
+  ctx.sourceMap.clearNodes();
   ctx.output.setName(mxOutputName(ctx));
   if (ctx.engine && ctx.engine->configuration().modelExists(kSentinelModel)) {
     ctx.output.open(mxOutputName(ctx));

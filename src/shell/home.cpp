@@ -1,5 +1,6 @@
 #include "shell/home.h"
 
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -50,6 +51,14 @@ std::string userFolder() {
 
 }  // namespace
 
+std::string languageFileName(const std::string& code) {
+  std::string lower;
+  for (char c : code) lower += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  if (lower == "hu" || lower == "hungarian") return "Hungarian";
+  if (lower == "en" || lower == "english") return "English";
+  return code;
+}
+
 std::string programFolder() {
 #ifdef _WIN32
   char buf[MAX_PATH] = {};
@@ -63,7 +72,8 @@ std::string programFolder() {
 #endif
 }
 
-bool resolveHome(const std::string& explicitHome, HomePaths& out, std::string& error) {
+bool resolveHome(const std::string& explicitHome, HomePaths& out, std::string& error,
+                 const std::string& language) {
   std::string home = explicitHome;
   if (home.empty()) home = envText("KORVANE_HOME");
   if (home.empty()) {
@@ -80,7 +90,9 @@ bool resolveHome(const std::string& explicitHome, HomePaths& out, std::string& e
     error = "File not found: " + out.settings;
     return false;
   }
-  std::string lang = ReadProfileString("Language", "lang", out.settings);
+  std::string lang = language.empty() ? envText("KORVANE_LANG") : language;
+  lang =
+      lang.empty() ? ReadProfileString("Language", "lang", out.settings) : languageFileName(lang);
   out.hungarianHelp = lang == "Hungarian";
   out.language = fs::join(home, lang + ".lng");
   if (!fs::fileExists(out.language)) {

@@ -20,6 +20,14 @@ std::string programFolder();
 // holds a settings file, else a per-user folder seeded on first use from the
 // defaults installed with the program. Fails with "File not found: " and the
 // path of the missing settings or language file.
-bool resolveHome(const std::string& explicitHome, HomePaths& out, std::string& error);
+// `language` ("hu", "en", or a language file's name such as "English"), else
+// the environment variable KORVANE_LANG, else the settings file's "lang"
+// value picks the language file.
+bool resolveHome(const std::string& explicitHome, HomePaths& out, std::string& error,
+                 const std::string& language = {});
+
+// The language file's name for a language code: "hu" -> "Hungarian", "en" ->
+// "English" (any case); any other text as it stands.
+std::string languageFileName(const std::string& code);
 
 }  // namespace korvane

@@ -55,7 +55,7 @@ std::vector<std::string> projectOutputs(const std::string& projectFolder,
                                         const std::string& separatePrefix) {
   std::vector<std::string> out;
   for (const char* name :
-       {"tmpinput.txt", "tmpinput.scr", "tmpinput.key", "korvane-models.db",
+       {"tmpinput.txt", "tmpflag.txt", "tmpinput.scr", "tmpinput.key", "korvane-models.db",
         "korvane-models.db-journal", "korvane-models.db-wal", "korvane-engine.lst"})
     out.push_back(fs::join(projectFolder, name));
   if (!combinedName.empty()) out.push_back(fs::join(projectFolder, combinedName + ".inp"));

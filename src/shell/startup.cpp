@@ -1,22 +1,43 @@
 #include "shell/startup.h"
 
+#include <filesystem>
+
+#include "base/codepage.h"
 #include "base/fs.h"
 #include "base/profile.h"
 #include "shell/standard_language.h"
 
 namespace korvane {
 
+std::string projectFolderFor(const std::string& named, const std::string& firstEntry) {
+  std::string folder;
+  if (!named.empty()) {
+    folder = named;
+  } else if (!firstEntry.empty()) {
+    std::filesystem::path parent = fs::native(fs::absolute(firstEntry)).parent_path();
+    if (cp::equalsIgnoreCase(fs::fromNative(parent.filename()), "inputs"))
+      parent = parent.parent_path();
+    folder = fs::fromNative(parent);
+  }
+  if (folder.empty()) folder = fs::currentFolder();
+  return fs::withoutTrailingSeparator(fs::absolute(folder));
+}
+
+bool isProjectFolder(const std::string& folder) {
+  return fs::folderExists(fs::join(folder, "inputs")) ||
+         fs::fileExists(fs::join(folder, "korvane-models.db"));
+}
+
 bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::string& error) {
   out.failureStatus = 2;
-  if (!resolveHome(options.home, out.paths, error)) return false;
+  if (!resolveHome(options.home, out.paths, error, options.language)) return false;
   ctx.settingsPath = out.paths.settings;
   ctx.messages = Messages(out.paths.language);
   ctx.language = &standardLanguage();
 
-  std::string project = options.project.empty() ? fs::currentFolder() : options.project;
-  project = fs::withoutTrailingSeparator(fs::absolute(project));
+  const std::string project = projectFolderFor(options.project, options.firstEntry);
   if (!fs::folderExists(project)) {
-    error = ctx.messages.format("Messages", "s9", project);
+    error = ctx.messages.format("Cli", "no_project", project);
     return false;
   }
   ctx.projectFolder = fs::withTrailingSeparator(project);
@@ -24,6 +45,14 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
   hosts::EngineKind kind = options.defaultEngine;
   if (!options.engine.empty() && !hosts::parseEngineKind(options.engine, kind)) {
     error = ctx.messages.format("Cli", "engine_missing", options.engine, "none|embedded|mx");
+    return false;
+  }
+  // The embedded engine keeps its models in the project folder: only a folder
+  // that is one (or that the user named) gets a store.
+  if (options.requireProject && kind == hosts::EngineKind::Embedded && options.project.empty() &&
+      !isProjectFolder(project)) {
+    error = ctx.messages.format("Cli", "not_project", project) + "\n" +
+            ctx.messages.text("Cli", "choose_project");
     return false;
   }
   out.failureStatus = 1;

@@ -15,9 +15,12 @@ namespace korvane {
 
 struct StartupOptions {
   std::string home;     // "" = the usual search (resolveHome)
-  std::string project;  // "" = the current folder
+  std::string project;  // "" = found from firstEntry (projectFolderFor)
   std::string engine;   // "" = defaultEngine
   hosts::EngineKind defaultEngine = hosts::defaultEngineKind();
+  std::string firstEntry;       // the run's first input file (absolute), or ""
+  bool requireProject = false;  // refuse a model store in a folder that is no project
+  std::string language;         // "" = the settings file's; "hu", "en" or a file's name
 };
 
 struct Startup {
@@ -36,6 +39,15 @@ struct Startup {
 // `error` (in the users' code page) and out.failureStatus set when something
 // is missing or the folder is busy.
 bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::string& error);
+
+// The project folder of a run: the folder named (--project), else the folder
+// of the first entry, or its parent when that folder is named "inputs", else
+// the current folder. Absolute, without a trailing separator.
+std::string projectFolderFor(const std::string& named, const std::string& firstEntry);
+
+// Whether a folder is laid out as an MX project: it holds an "inputs" folder
+// or Korvane's model store.
+bool isProjectFolder(const std::string& folder);
 
 // A run entry given on a command line ("a.ipf" or "a.ipf [main]") with its
 // path made absolute against the current folder.

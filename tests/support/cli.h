@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
 #include "support/project.h"
@@ -13,6 +14,9 @@ namespace korvane::test {
 struct CliProject : ::testing::Test {
   TempProject project;
   std::string home = sourceDir() + "/data";
+
+  // A project as engineers lay it out: the folder holds an "inputs" folder.
+  CliProject() { std::filesystem::create_directories(project.path("inputs")); }
 
   // Runs `korvane ARGS --home HOME` in the project; standard output goes to
   // out.txt and standard error to err.txt there.

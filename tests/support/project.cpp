@@ -74,7 +74,10 @@ hosts::MxRunResult RecordingEngine::run(std::string_view, const std::string& ful
     models.insert(std::string(kSentinelModel));
   else
     models.erase(std::string(kSentinelModel));
-  return {failWith, {}};
+  hosts::MxRunResult result;
+  result.error = failWith;
+  result.errorLine = failLine;
+  return result;
 }
 
 Compiler::Compiler(const TempProject& p, std::map<std::string, std::string> settings)

@@ -56,6 +56,7 @@ class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, ho
   std::set<std::string> models, strings;
   bool leaveSentinel = false;  // simulate MX stopping before the end
   std::string failWith;        // error text the next runs report
+  long failLine = 0;           // the input line the next runs name as refused
 
  private:
   hosts::NullEngine null_;

@@ -93,6 +93,7 @@ MxRunResult EmbeddedEngine::execute(const std::vector<std::string>& lines, const
     RunOutcome outcome = executeRun(*store, listing, request);
     if (!outcome.lastModel.empty()) currentModel_ = outcome.lastModel;
     r.error = outcome.error;
+    r.errorLine = outcome.errorLine;
   } catch (const EngineError& e) {
     r.error = name + ": engine failure: " + e.what();
   }

@@ -1,0 +1,56 @@
+#include "compiler/source_map.h"
+
+namespace korvane {
+
+std::uint32_t SourceMap::fileId(const std::string& file) {
+  auto [it, added] = fileIds_.try_emplace(file, static_cast<std::uint32_t>(files_.size()));
+  if (added) files_.push_back(file);
+  return it->second;
+}
+
+void SourceMap::enter(const std::string& file, long repetition) {
+  Frame f;
+  f.parent = here();
+  f.file = fileId(file);
+  f.repetition = repetition;
+  frames_.push_back(f);
+}
+
+void SourceMap::leave() {
+  if (!frames_.empty()) frames_.pop_back();
+}
+
+void SourceMap::atLine(long line) {
+  if (frames_.empty()) return;
+  Frame& f = frames_.back();
+  if (f.line != line) f.node = kNone;
+  f.line = line;
+}
+
+int SourceMap::here() {
+  if (frames_.empty()) return kNone;
+  Frame& f = frames_.back();
+  if (f.node == kNone) {
+    if (nodes_.size() >= kMaxNodes) return kNone;
+    nodes_.push_back(Node{f.parent, f.file, f.line, f.repetition});
+    f.node = static_cast<int>(nodes_.size()) - 1;
+  }
+  return f.node;
+}
+
+std::vector<SourcePlace> SourceMap::chain(int node) const {
+  std::vector<SourcePlace> out;
+  while (node >= 0 && node < static_cast<int>(nodes_.size())) {
+    const Node& n = nodes_[node];
+    out.push_back(SourcePlace{files_[n.file], n.line, n.repetition});
+    node = n.parent;
+  }
+  return out;
+}
+
+void SourceMap::clearNodes() {
+  nodes_.clear();
+  for (Frame& f : frames_) f.node = f.parent = kNone;
+}
+
+}  // namespace korvane
