@@ -60,7 +60,7 @@ MxRunResult EmbeddedEngine::run(std::string_view verb, const std::string& fullNa
   }
   std::vector<std::string> lines;
   if (!readInputLines(fullName, lines, r.error)) return r;
-  return execute(lines, fullName, std::nullopt);
+  return execute(std::move(lines), fullName, std::nullopt);
 }
 
 MxRunResult EmbeddedEngine::runLines(const std::vector<std::string>& lines, const std::string& name,
@@ -73,10 +73,10 @@ MxRunResult EmbeddedEngine::importGenio(const std::string& file, const std::stri
   r.listing = listingPath();
   std::vector<std::string> lines;
   if (!readInputLines(file, lines, r.error)) return r;
-  return execute(lines, file, model);
+  return execute(std::move(lines), file, model);
 }
 
-MxRunResult EmbeddedEngine::execute(const std::vector<std::string>& lines, const std::string& name,
+MxRunResult EmbeddedEngine::execute(std::vector<std::string> lines, const std::string& name,
                                     const std::optional<std::string>& importModel) {
   MxRunResult r;
   r.listing = listingPath();
@@ -89,7 +89,7 @@ MxRunResult EmbeddedEngine::execute(const std::vector<std::string>& lines, const
       return r;
     }
     RunScope scope(access_);
-    RunRequest request{name, lines, folder_, importModel};
+    RunRequest request{name, std::move(lines), folder_, importModel};
     RunOutcome outcome = executeRun(*store, listing, request);
     if (!outcome.lastModel.empty()) currentModel_ = outcome.lastModel;
     r.error = outcome.error;

@@ -83,7 +83,7 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
 
  private:
   EmbeddedEngine(std::string folder, std::map<std::string, std::string> settings);
-  MxRunResult execute(const std::vector<std::string>& lines, const std::string& name,
+  MxRunResult execute(std::vector<std::string> lines, const std::string& name,
                       const std::optional<std::string>& importModel);
   // The model's id, or a status word when it cannot be had.
   std::int32_t findModel(std::string_view model, ModelRow& row);
