@@ -73,8 +73,7 @@ FolderState folderState(const std::string& folder) {
   for (const auto& e : std::filesystem::directory_iterator(fs::native(folder), ec)) {
     if (!e.is_regular_file(ec)) continue;
     const std::string name = e.path().filename().string();
-    if (name.size() > 8 && name.compare(name.size() - 8, 8, "-journal") == 0)
-      continue;  // SQLite's own
+    if (name.rfind("korvane-models.db-", 0) == 0) continue;  // the store's companions
     s[fs::fromNative(e.path().filename())] = {e.file_size(ec), e.last_write_time(ec)};
   }
   return s;
