@@ -190,4 +190,45 @@ TEST_F(ChannelRun, KeepScriptsKeepsNumberedCopiesAndGoesOnWithoutCad) {
   EXPECT_EQ(c.lines.back(), "crea,done");
 }
 
+// The AutoCAD getters reach AutoCAD through the run environment's lookup.
+TEST_F(ChannelRun, GetacadvarAndGetlispvarAskTheActiveDocument) {
+  sys.processes["acad.exe"] = {"\"C:\\A\\acad.exe\""};
+  sys.versions["C:\\A\\acad.exe"] = "18.0";
+  sys.running["AutoCAD.Application"] = acad.app;
+  c.ctx.autocad = autoCadFinder(sys);
+  acad.doc->onCall = [](const std::string& m, const std::vector<AutoValue>& args) -> AutoValue {
+    if (m != "GetVariable") return {};
+    if (args[0].text() == "USERS5") return "3";
+    if (args[0].text() == "REFUSED") throw hosts::AutomationError("refused");
+    return 2.5;
+  };
+  project.write("a.ipf",
+                "#v=getacadvar(LTSCALE)\r\n#l=getlispvar(\"(+ 1 2)\")\r\n"
+                "#r=getacadvar(REFUSED)\r\n");
+  ASSERT_TRUE(c.compile("a.ipf")) << c.ctx.stop.message;
+  EXPECT_EQ(c.var("v"), "2.5");
+  EXPECT_EQ(c.var("l"), "3");
+  EXPECT_EQ(c.var("r"), "");  // a refused call leaves the value empty
+  EXPECT_EQ(acad.log, (std::vector<std::string>{
+                          "doc.GetVariable(LTSCALE)",
+                          "doc.SendCommand((vl-load-com)(setvar \"USERS5\" (vlax-variant-value "
+                          "(vlax-make-variant (+ 1 2) vlax-vbString)))\r)",
+                          "doc.GetVariable(USERS5)", "doc.GetVariable(REFUSED)"}));
+
+  acad.app->props["ActiveDocument"] = AutoValue();  // AutoCAD without a document
+  ASSERT_TRUE(c.compile("a.ipf"));
+  EXPECT_EQ(c.var("v"), "");
+}
+
+TEST_F(ChannelRun, TheAutoCadGettersWithoutAutoCadStopTheRun) {
+  project.write("a.ipf", "crea,a\r\n#v=getlispvar(x)\r\ncrea,never\r\n");
+  EXPECT_FALSE(c.compile("a.ipf"));  // no AutoCAD on this machine at all
+  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", ""));
+  c.ctx.autocad = autoCadFinder(sys);  // AutoCAD installed but not running
+  project.write("a.ipf", "#v=getacadvar(FILEDIA)\r\ncrea,never\r\n");
+  EXPECT_FALSE(c.compile("a.ipf"));
+  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", ""));
+  EXPECT_EQ(std::count(c.lines.begin(), c.lines.end(), "crea,never"), 0);
+}
+
 }  // namespace

@@ -25,17 +25,28 @@ struct CliRun : ::testing::Test {
 
 TEST_F(CliRun, TheExampleProjectRunsThroughTheEmbeddedEngine) {
   ASSERT_EQ(run("models import survey/ground.genio GROUND"), 0) << project.read("err.txt");
-  ASSERT_EQ(run("run 'inputs/road.ipf [main]' inputs/road.ipf [trim] --save-one"), 0)
+  ASSERT_EQ(run("run 'inputs/road.ipf [main]' 'inputs/road.ipf [ground]' inputs/road.ipf [trim] "
+                "--save-one"),
+            0)
       << project.read("err.txt");
-  EXPECT_NE(out().find("[1/2]"), std::string::npos) << out();
-  EXPECT_NE(out().find("[2/2]"), std::string::npos) << out();
+  EXPECT_NE(out().find("[1/3]"), std::string::npos) << out();
+  EXPECT_NE(out().find("[3/3]"), std::string::npos) << out();
   EXPECT_NE(out().find("complete.inp"), std::string::npos) << out();
 
   ASSERT_EQ(run("models list"), 0);
-  EXPECT_NE(out().find("DESIGN M1\t2\t12"), std::string::npos) << out();
+  // MAST, GRND and the left edge string E000 that getfreelabel named
+  EXPECT_NE(out().find("DESIGN M1\t3\t14"), std::string::npos) << out();
   EXPECT_NE(out().find("GROUND\t3\t16"), std::string::npos) << out();  // GR03 cut to 4 points
   std::string combined = project.read("complete.inp");
   EXPECT_NE(combined.find("005,3=GR03,6=4\r\n"), std::string::npos);
+  // The queries read the design just built: 6 points 20 m apart, the ground
+  // string's highest level at its third point, each ground string 100 m long.
+  EXPECT_NE(combined.find("MAST runs to chainage 100, plan length 100\r\n"), std::string::npos)
+      << combined;
+  EXPECT_NE(combined.find("GRND lowest and highest point: Pmin:     1,Pmax:     3"),
+            std::string::npos);
+  EXPECT_NE(combined.find("080,e000,,7=3\r\n"), std::string::npos);
+  EXPECT_NE(combined.find("GR03: 6 points, 100 m,"), std::string::npos);
   EXPECT_EQ(combined.find("it is just a flag model"), std::string::npos);
 }
 

@@ -3,7 +3,11 @@
 // among them), and the MX lines it gives, without the sentinel lines, must
 // equal NAME.expected line for line. A run that stops ends the expected lines
 // with "stop: " and the English message, "|" for its line breaks and
-// "<project>/" for the project folder.
+// "<project>/" for the project folder (in the MX lines too).
+//
+// A case runs on the RecordingEngine, which runs nothing and knows no models.
+// A case whose first line is "## engine: embedded" runs on the embedded engine
+// instead, so that its model queries read the models its lines build.
 //
 // A new case is two files. KORVANE_WRITE_GOLDEN=1 writes the .expected of
 // every case from what the compiler gives now: read each one before keeping it.
@@ -44,10 +48,12 @@ std::string outcome(const std::string& name) {
   for (const auto& e : stdfs::directory_iterator(casesFolder()))
     if (e.path().extension() != ".expected")
       project.write(e.path().filename().string(), readAll(e.path()));
-  Compiler c{project};
+  const std::string source = readAll(casesFolder() / (name + ".ipf"));
+  const bool embedded = source.rfind("## engine: embedded", 0) == 0;
+  Compiler c{project, {}, embedded ? EngineChoice::Embedded : EngineChoice::Recording};
   const bool ok = c.compile(name + ".ipf");
   std::string out;
-  for (const auto& l : c.lines) out += l + "\n";
+  for (const auto& l : c.lines) out += replaceAll(l, project.folder() + "/", "<project>/") + "\n";
   if (!ok) {
     std::string m = replaceAll(c.ctx.stop.message, project.folder() + "/", "<project>/");
     out += "stop: " + replaceAll(m, "\n", " | ") + "\n";

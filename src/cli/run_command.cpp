@@ -20,6 +20,7 @@
 #include "cli/commands.h"
 #include "cli/session.h"
 #include "hosts/embedded/embedded_engine.h"
+#include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
 #include "shell/driver.h"
 #include "shell/project_guard.h"
@@ -133,6 +134,7 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
 
   auto automation = hosts::makeAutomationSystem();
   ctx.players = makeCadPlayers(*automation, CadOptions{o.keepScripts});
+  ctx.autocad = autoCadFinder(*automation);
   std::signal(SIGINT, onInterrupt);
   ctx.interrupted = &g_interrupted;
 

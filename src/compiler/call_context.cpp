@@ -1,5 +1,6 @@
 #include "compiler/call_context.h"
 
+#include "compiler/compile_failure.h"
 #include "compiler/expression.h"
 #include "compiler/flush.h"
 
@@ -15,5 +16,10 @@ void CallContext::writeLine(std::string_view line) {
   ctx_.output.writeLine(line);
 }
 void CallContext::flushAndRun() { korvane::flushAndRun(ctx_); }
+
+hosts::AutoObject CallContext::autocad() {
+  if (!ctx_.autocad) throw StopMessage("s15", "");  // no AutoCAD on this machine
+  return ctx_.autocad(ctx_);
+}
 
 }  // namespace korvane

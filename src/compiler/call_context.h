@@ -50,6 +50,12 @@ class CallContext {
   // The string labels that `repeat=each...` iterates.
   std::vector<std::string>& selection() { return ctx_.selection; }
 
+  // The shared answer of the model queries (status, point record, point count).
+  QueryState& query() { return ctx_.query; }
+
+  // The running AutoCAD's application object; a StopMessage when there is none.
+  hosts::AutoObject autocad();
+
  private:
   RunContext& ctx_;
 };

@@ -19,6 +19,7 @@
 #include "compiler/source_cache.h"
 #include "compiler/source_map.h"
 #include "compiler/variable_table.h"
+#include "hosts/automation.h"
 #include "hosts/mx.h"
 
 namespace korvane {
@@ -85,6 +86,20 @@ struct SaveFiles {
   std::string lastCombinedLine, lastSeparateLine;
 };
 
+// The answer of the model queries, shared by the functions and commands that
+// read MX data: the status word of the last data-access call, the point
+// record it filled and the point count of the last string-information query.
+struct QueryState {
+  std::int32_t status = 0;
+  hosts::PointRecord record;
+  std::int32_t pointCount = 0;
+};
+
+// Reaches the running AutoCAD for the AutoCAD getters: its application
+// object, or a StopMessage ("s15", "s17") when there is none. Left empty,
+// there is no AutoCAD on the machine.
+using AutoCadFinder = std::function<hosts::AutoObject(RunContext&)>;
+
 struct RunEnvironment {
   std::string projectFolder;  // ends with a separator
   std::string settingsPath;
@@ -92,6 +107,7 @@ struct RunEnvironment {
   const LanguageTables* language = nullptr;  // directives and functions of the input language
   hosts::MxEngine* engine = nullptr;
   ChannelPlayers players;
+  AutoCadFinder autocad;
   InputPrompt* prompt = nullptr;
   StatusSink* statusSink = nullptr;
   std::function<void(const std::string&)> log;  // the run's log (trapped failures)
@@ -130,6 +146,7 @@ struct CompileState {
   std::array<std::string, 15> args;  // the arguments of the function call being dispatched
   int argCount = 0;
   std::vector<std::string> selection;  // string labels that `repeat=each...` iterates
+  QueryState query;
   std::int32_t tempCounter = 0;
   int depth = 0;            // nesting of the compile pass
   int expressionDepth = 0;  // nesting of the expression evaluator

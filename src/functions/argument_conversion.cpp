@@ -24,8 +24,10 @@ double numberArg(const CallContext& ctx, int k) {
   return convert(arg(ctx, k), [](const std::string& t) { return conv::CDbl(t); });
 }
 
-std::int16_t integerArg(const CallContext& ctx, int k) {
-  return convert(arg(ctx, k), [](const std::string& t) { return conv::CInt(t); });
+std::int16_t integerArg(const CallContext& ctx, int k) { return integerOf(arg(ctx, k)); }
+
+std::int16_t integerOf(const std::string& text) {
+  return convert(text, [](const std::string& t) { return conv::CInt(t); });
 }
 
 std::int32_t longArg(const CallContext& ctx, int k) {

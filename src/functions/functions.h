@@ -20,6 +20,21 @@ inline const std::string& arg(const CallContext& ctx, int k) { return ctx.arg(k)
 std::string fnSheets(CallContext& ctx);
 std::string fnInput(CallContext& ctx);
 std::string fnFormat(CallContext& ctx);
+// model_query_functions.cpp, minmax_function.cpp
+std::string fnGetdata(CallContext& ctx);
+std::string fnGetchain(CallContext& ctx);
+std::string fnGetpoint(CallContext& ctx);
+std::string fnGetdist(CallContext& ctx);  // also getdistance
+std::string fnGetlength(CallContext& ctx);
+std::string fnGetminmax(CallContext& ctx);
+std::string fnEach(CallContext& ctx);
+// label_functions.cpp
+std::string fnGetnextlabel(CallContext& ctx);
+std::string fnGetfreelabel(CallContext& ctx);
+// project_getters.cpp
+std::string fnGetparam(CallContext& ctx);
+std::string fnGetlispvar(CallContext& ctx);
+std::string fnGetacadvar(CallContext& ctx);
 std::string fnLen(CallContext& ctx);
 std::string fnReplace(CallContext& ctx);
 std::string fnFind(CallContext& ctx);

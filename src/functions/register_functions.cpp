@@ -9,8 +9,8 @@
 namespace korvane {
 namespace {
 
-// Functions that query MX models, label arithmetic and external programs
-// dispatch here until their implementations are part of the build.
+// Functions whose implementations are not part of this build (the
+// superelevation query and the Excel getters) end the run with a clear message.
 template <const char* Name>
 std::string notAvailable(CallContext&) {
   throw RuntimeFailure("notavail", Name);
@@ -20,21 +20,9 @@ std::string notAvailable(CallContext&) {
   constexpr char k##id[] = text;      \
   constexpr FunctionHandler fn##id = &notAvailable<k##id>;
 
-KORVANE_UNAVAILABLE(Getdata, "getdata")
-KORVANE_UNAVAILABLE(Getchain, "getchain")
-KORVANE_UNAVAILABLE(Getpoint, "getpoint")
-KORVANE_UNAVAILABLE(Getdist, "getdist")
-KORVANE_UNAVAILABLE(Getlength, "getlength")
-KORVANE_UNAVAILABLE(Getminmax, "getminmax")
-KORVANE_UNAVAILABLE(Getnextlabel, "getnextlabel")
-KORVANE_UNAVAILABLE(Getfreelabel, "getfreelabel")
-KORVANE_UNAVAILABLE(Each, "each")
 KORVANE_UNAVAILABLE(Pls, "pls")
 KORVANE_UNAVAILABLE(Getname, "getname")
 KORVANE_UNAVAILABLE(Xlget, "xlget")
-KORVANE_UNAVAILABLE(Getlispvar, "getlispvar")
-KORVANE_UNAVAILABLE(Getacadvar, "getacadvar")
-KORVANE_UNAVAILABLE(Getparam, "getparam")
 #undef KORVANE_UNAVAILABLE
 
 const std::pair<std::string_view, FunctionHandler> kTable[] = {

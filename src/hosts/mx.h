@@ -47,6 +47,9 @@ class MxProject {
   virtual ~MxProject() = default;
   // The current project folder, without a trailing separator.
   virtual std::string currentFolder() = 0;
+  // The name of the current MX project file in that folder (for example
+  // "road.mmd"), without the folder; empty when there is none.
+  virtual std::string projectFileName() = 0;
 };
 
 // MX's data-access object. Every query returns the raw status word (0 = found).

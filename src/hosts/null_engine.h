@@ -25,6 +25,7 @@ class NullEngine final : public MxEngine, MxConfiguration, MxProject, MxDataAcce
   bool stringExists(std::string_view, std::string_view) override { return false; }
 
   std::string currentFolder() override { return projectFolder_; }
+  std::string projectFileName() override { return {}; }  // no MX, no project file
 
   std::int32_t stringInfo(std::string_view, std::string_view, std::int32_t& count) override;
   std::int32_t point(std::string_view, std::string_view, std::int32_t, PointRecord&) override;

@@ -84,4 +84,8 @@ hosts::AutoObject lookUpAutoCad(RunContext& ctx, hosts::AutomationSystem& system
   }
 }
 
+AutoCadFinder autoCadFinder(hosts::AutomationSystem& system) {
+  return [&system](RunContext& ctx) { return lookUpAutoCad(ctx, system); };
+}
+
 }  // namespace korvane

@@ -22,4 +22,8 @@ std::string launcherRelease(hosts::AutomationSystem& system);
 // The chosen AutoCAD application; a StopMessage ("s15", "s17") when there is none.
 hosts::AutoObject lookUpAutoCad(RunContext& ctx, hosts::AutomationSystem& system);
 
+// The lookup as the run environment's hook for the AutoCAD getters; `system`
+// must outlive the run.
+AutoCadFinder autoCadFinder(hosts::AutomationSystem& system);
+
 }  // namespace korvane

@@ -10,6 +10,7 @@
 
 #include "base/fs.h"
 #include "compiler/compiled_output.h"
+#include "hosts/embedded/embedded_engine.h"
 #include "shell/driver.h"
 #include "compiler/expression.h"
 #include "shell/standard_language.h"
@@ -80,13 +81,23 @@ hosts::MxRunResult RecordingEngine::run(std::string_view, const std::string& ful
   return result;
 }
 
-Compiler::Compiler(const TempProject& p, std::map<std::string, std::string> settings)
-    : project(p), engine(p.folder(), std::move(settings)) {
+Compiler::Compiler(const TempProject& p, std::map<std::string, std::string> settings,
+                   EngineChoice choice)
+    : project(p), engine(p.folder(), settings) {
   ctx.projectFolder = fs::withTrailingSeparator(p.folder());
   ctx.settingsPath = sourceDir() + "/data/Korvane.ini";
   ctx.messages = Messages(sourceDir() + "/data/English.lng");
   ctx.language = &standardLanguage();
   ctx.engine = &engine;
+  if (choice == EngineChoice::Embedded) {
+    hosts::EngineOptions options;
+    options.projectFolder = p.folder();
+    options.settings = std::move(settings);
+    std::string error;
+    embedded = hosts::embedded::EmbeddedEngine::create(options, error);
+    if (!embedded) throw std::runtime_error("embedded engine: " + error);
+    ctx.engine = embedded.get();
+  }
   ctx.log = [this](const std::string& line) { log.push_back(line); };
   ctx.output.setMxTap([this](std::string_view line) { lines.emplace_back(line); });
 }

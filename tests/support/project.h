@@ -51,9 +51,11 @@ class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, ho
     return strings.count(std::string(model) + "/" + std::string(label)) > 0;
   }
   std::string currentFolder() override { return project_; }
+  std::string projectFileName() override { return projectFile; }
 
   std::vector<std::string> runs;  // content of each run's input
   std::set<std::string> models, strings;
+  std::string projectFile;     // the MX project file's name the engine answers
   bool leaveSentinel = false;  // simulate MX stopping before the end
   std::string failWith;        // error text the next runs report
   long failLine = 0;           // the input line the next runs name as refused
@@ -64,8 +66,13 @@ class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, ho
   std::map<std::string, std::string> settings_;
 };
 
+// The engine a Compiler runs its MX input on: the RecordingEngine, or the
+// embedded engine on the project folder (model queries then see real models).
+enum class EngineChoice { Recording, Embedded };
+
 struct Compiler {
-  explicit Compiler(const TempProject& project, std::map<std::string, std::string> settings = {});
+  explicit Compiler(const TempProject& project, std::map<std::string, std::string> settings = {},
+                    EngineChoice choice = EngineChoice::Recording);
   // Compiles one run entry (a name relative to the project, optionally with
   // " [section]") as a run of its own; returns false when the run stopped.
   // Variables carry over as between the entries of one run.
@@ -77,6 +84,7 @@ struct Compiler {
 
   const TempProject& project;
   RecordingEngine engine;
+  std::unique_ptr<hosts::MxEngine> embedded;  // with EngineChoice::Embedded
   RunContext ctx;
 };
 

@@ -1,7 +1,7 @@
 ## Korvane example: a short road with its master alignment and a ground string
 ## The survey model GROUND is loaded from survey/ground.genio first:
 ##   korvane models import survey/ground.genio GROUND
-##   korvane run "inputs/road.ipf [main]" "inputs/road.ipf [trim]"
+##   korvane run "inputs/road.ipf [main]" "inputs/road.ipf [ground]" "inputs/road.ipf [trim]"
 [main]
 #g_road="M1"
 #model="DESIGN "&g_road
@@ -30,6 +30,29 @@ end
 00000000.00000000000.00000000000.000
 999
    |count| ground points, highest at |top_label| (|top|)
+## The design as the lines above left it: its chainage, length and levels
+#ch_end=getchain(model,MAST,-1)
+   MAST runs to chainage |ch_end|, plan length |getlength(model,MAST,plan)|
+   GRND lowest and highest point: |getminmax(model,GRND)|
+## A left edge 3.5 m off the master string, under a label no string uses yet
+#edge=getfreelabel(model,e)
+#x1=getpoint(model,MAST,1,num,1)
+#z1=getpoint(model,MAST,1,num,3)
+#x2=getpoint(model,MAST,-1,num,1)
+#z2=getpoint(model,MAST,-1,num,3)
+#y=getpoint(model,MAST,1,num,2)-3.5
+geni,|model|
+001format(3f12.3)
+080,|edge|,,7=3
+|format(x1,"00000000.000")||format(y,"00000000.000")||format(z1,"00000000.000")|
+|format(x2,"00000000.000")||format(y,"00000000.000")||format(z2,"00000000.000")|
+00000000.00000000000.00000000000.000
+999
+   Left edge |edge|: |getlength(model,edge)| long
+[ground]
+## One line for every ground string of the survey model
+insert,ground_report
+repeat=each(GROUND,GR)
 [trim]
 ## Cut the right-hand ground string back to the end of the design
 if exist(GROUND,GR03) then keep=4 else keep=0

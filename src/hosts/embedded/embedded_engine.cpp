@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "base/codepage.h"
+#include "base/fs.h"
 #include "base/text.h"
 #include "hosts/embedded/engine_limits.h"
 #include "hosts/embedded/engine_run.h"
@@ -109,6 +110,20 @@ bool EmbeddedEngine::stringExists(std::string_view model, std::string_view label
   ModelRow row;
   std::int32_t status = kFound;
   return findString(model, label, row, status).has_value();
+}
+
+std::string EmbeddedEngine::projectFileName() {
+  std::error_code ec;
+  std::string first;
+  for (fs::directory_iterator it(korvane::fs::native(folder_), ec), end; !ec && it != end;
+       it.increment(ec)) {
+    std::string name = korvane::fs::fromNative(it->path().filename());
+    if (name.size() < 5 || !cp::equalsIgnoreCase(name.substr(name.size() - 4), ".mmd") ||
+        !it->is_regular_file(ec))
+      continue;
+    if (first.empty() || name < first) first = std::move(name);
+  }
+  return first;
 }
 
 // --- data access -----------------------------------------------------------------

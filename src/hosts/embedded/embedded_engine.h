@@ -49,6 +49,9 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   bool stringExists(std::string_view model, std::string_view label) override;
 
   std::string currentFolder() override { return folder_; }
+  // The project folder's ".mmd" file (any case); the first by name when there
+  // are several.
+  std::string projectFileName() override;
 
   std::int32_t stringInfo(std::string_view model, std::string_view label,
                           std::int32_t& pointCount) override;

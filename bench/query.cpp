@@ -1,0 +1,94 @@
+// Cost of one model query on the embedded engine, for a model of 100 000
+// points (100 strings of 1000): each repetition writes one MX line, so that
+// the query's flush-and-run really runs the engine, and then queries the
+// model. Prints milliseconds a query (flush-and-run included) per function.
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+#include "base/fs.h"
+#include "hosts/embedded/embedded_engine.h"
+#include "shell/driver.h"
+#include "shell/standard_language.h"
+
+using namespace korvane;
+namespace stdfs = std::filesystem;
+
+namespace {
+
+constexpr int kStrings = 100, kPointsPerString = 1000;
+
+void writeModel(const stdfs::path& file) {
+  std::ofstream out(file, std::ios::binary);
+  out << "001format(3f12.3)\r\n";
+  char line[64];
+  for (int s = 0; s < kStrings; ++s) {
+    std::snprintf(line, sizeof line, "080,S%03d,,7=3\r\n", s);
+    out << line;
+    for (int i = 0; i < kPointsPerString; ++i) {
+      std::snprintf(line, sizeof line, "%12.3f%12.3f%12.3f\r\n", 1000.0 + 3 * i, 5000.0 + 4 * i + s,
+                    100.0 + (i % 7));
+      out << line;
+    }
+    out << "       0.000       0.000     100.000\r\n";
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::string home =
+      argc > 1 ? argv[1] : fs::fromNative(stdfs::path(argv[0]).parent_path() / ".." / "bin");
+  const int repeats = argc > 2 ? std::atoi(argv[2]) : 50;
+  stdfs::path dir = stdfs::temp_directory_path() / "korvane-bench-query";
+  stdfs::remove_all(dir);
+  stdfs::create_directories(dir);
+  writeModel(dir / "model.genio");
+
+  hosts::EngineOptions options;
+  options.projectFolder = fs::fromNative(dir);
+  std::string error;
+  auto engine = hosts::embedded::EmbeddedEngine::create(options, error);
+  if (!engine) {
+    std::fprintf(stderr, "engine: %s\n", error.c_str());
+    return 1;
+  }
+  auto t0 = std::chrono::steady_clock::now();
+  hosts::MxRunResult loaded = engine->importGenio(fs::fromNative(dir / "model.genio"), "BIG");
+  if (!loaded.ok()) {
+    std::fprintf(stderr, "import: %s\n", loaded.error.c_str());
+    return 1;
+  }
+  std::printf("model BIG: %d strings, %d points, loaded in %.2f s\n", kStrings,
+              kStrings * kPointsPerString,
+              std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
+
+  const char* queries[] = {
+      "getchain(BIG,S050,-1)", "getpoint(BIG,S099,500,num,3)", "getdist(BIG,S000,1,BIG,S099,-1)",
+      "getlength(BIG,S050)",   "getminmax(BIG,S050)",          "each(BIG,S)",
+      "getfreelabel(BIG,s)"};
+  bool allOk = true;
+  for (const char* q : queries) {
+    std::ofstream(dir / "q.ipm", std::ios::binary)
+        << "repeat\r\ndele,no model |count|\r\n#v=" << q << "\r\nendrepeat\r\n";
+    std::ofstream(dir / "main.ipf", std::ios::binary) << "insert,q\r\nrepeat=" << repeats << "\r\n";
+    RunContext ctx;
+    ctx.projectFolder = fs::withTrailingSeparator(options.projectFolder);
+    ctx.settingsPath = home + "/Korvane.ini";
+    ctx.messages = Messages(home + "/English.lng");
+    ctx.language = &standardLanguage();
+    ctx.engine = engine.get();
+    auto t = std::chrono::steady_clock::now();
+    const bool ok = ApplyOneFile(ctx, fs::fromNative(dir / "main.ipf"));
+    double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t).count();
+    const std::string* v = ctx.vars.find("v");
+    std::printf("%-34s %7.2f ms a query (flush-and-run included)  = %s%s\n", q, 1000 * s / repeats,
+                v ? v->c_str() : "?", ok ? "" : "  (STOPPED)");
+    if (!ok) std::printf("  %s\n", ctx.stop.message.c_str());
+    allOk = allOk && ok;
+  }
+  engine.reset();
+  stdfs::remove_all(dir);
+  return allOk ? 0 : 1;
+}

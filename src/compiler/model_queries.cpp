@@ -1,0 +1,42 @@
+#include "compiler/model_queries.h"
+
+#include "base/codepage.h"
+#include "base/conversions.h"
+#include "compiler/compile_failure.h"
+
+namespace korvane {
+
+hosts::MxEngine& queryEngine(CallContext& ctx, std::string_view function) {
+  if (!ctx.engine()) throw RuntimeFailure("notavail", std::string(function));
+  return *ctx.engine();
+}
+
+std::int32_t loadPoint(CallContext& ctx, std::string_view model, std::string_view label,
+                       std::int32_t n) {
+  hosts::MxDataAccess& data = queryEngine(ctx, "getpoint").dataAccess();
+  QueryState& q = ctx.query();
+  if (n < 1) {
+    q.status = data.stringInfo(model, label, q.pointCount);
+    // Widened: a count near the 32-bit limit must not wrap into a valid point.
+    const std::int64_t k = n == 0 ? q.pointCount : std::int64_t{q.pointCount} + n + 1;
+    n = k < 0 ? std::int32_t{0} : static_cast<std::int32_t>(k);
+  }
+  q.status = data.point(model, label, n, q.record);
+  return q.status;
+}
+
+double chainageArgument(CallContext& ctx, const std::string& argument, std::string_view model,
+                        std::string_view label) {
+  const char first = argument.empty() ? '\0' : cp::toLower(argument[0]);
+  if (first == 'e' || first == 'u') {
+    loadPoint(ctx, model, label, first == 'e' ? 1 : -1);
+    return ctx.query().record.num[4];
+  }
+  try {
+    return conv::Val(argument);
+  } catch (const conv::ConversionError& e) {
+    throw failureFromConversion(e, argument);
+  }
+}
+
+}  // namespace korvane
