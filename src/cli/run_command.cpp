@@ -132,9 +132,7 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
   if (!session) return status;
   RunContext& ctx = session->ctx;
 
-  auto automation = hosts::makeAutomationSystem();
-  ctx.players = makeCadPlayers(*automation, CadOptions{o.keepScripts});
-  ctx.autocad = autoCadFinder(*automation);
+  ctx.players = makeCadPlayers(*session->started.automation, CadOptions{o.keepScripts});
   std::signal(SIGINT, onInterrupt);
   ctx.interrupted = &g_interrupted;
 

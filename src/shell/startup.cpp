@@ -5,6 +5,8 @@
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/profile.h"
+#include "shell/autocad_lookup.h"
+#include "shell/cad_players.h"
 #include "shell/standard_language.h"
 
 namespace korvane {
@@ -75,6 +77,9 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
     return false;
   }
   ctx.engine = out.engine.get();
+  out.automation = hosts::makeAutomationSystem();
+  ctx.players = makeCadPlayers(*out.automation);
+  ctx.autocad = autoCadFinder(*out.automation);
   out.failureStatus = 0;
   return true;
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "compiler/run_context.h"
+#include "hosts/automation.h"
 #include "hosts/engine_factory.h"
 #include "shell/home.h"
 #include "shell/project_guard.h"
@@ -27,6 +28,7 @@ struct Startup {
   ProjectLock lock;  // held for the life of the front end's run; let go last
   HomePaths paths;
   std::unique_ptr<hosts::MxEngine> engine;
+  std::unique_ptr<hosts::AutomationSystem> automation;  // AutoCAD and MicroStation, when running
   // Why start-up failed, as an exit status: 2 for the settings, the language
   // file or the command line; 1 when another run holds the project folder or
   // the engine cannot start here.
