@@ -83,7 +83,15 @@ stdfs::path native(std::string_view name) {
   return stdfs::path(std::string(name));
 }
 std::string fromNative(const stdfs::path& p) { return p.string(); }
+std::string nativeText(std::string_view name) { return std::string(name); }
 #else
+std::string nativeText(std::string_view name) {
+  std::string utf8 = cp::toUtf8(name);
+  for (char& c : utf8)
+    if (c == '\\') c = '/';
+  return utf8;
+}
+
 namespace {
 // Finds an entry of `dir` whose name equals `want` ignoring letter case.
 std::optional<stdfs::path> findIgnoringCase(const stdfs::path& dir, const std::string& want) {

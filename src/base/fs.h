@@ -40,6 +40,9 @@ NameParts splitName(std::string_view name);
 std::filesystem::path native(std::string_view name);
 // A system path as text in the users' code page.
 std::string fromNative(const std::filesystem::path& p);
+// A name in the file system's own encoding, converted without looking at the
+// disk (no search for another letter case, as native() makes).
+std::string nativeText(std::string_view name);
 
 bool fileExists(std::string_view name);
 bool folderExists(std::string_view name);

@@ -6,6 +6,7 @@
 #include <memory>
 #include <sstream>
 
+#include "base/fs.h"
 #include "base/codepage.h"
 #include "base/messages.h"
 #include "cli/cli_texts.h"
@@ -67,7 +68,8 @@ std::unique_ptr<EmbeddedEngine> openEngine() {
     return nullptr;
   }
   hosts::EngineOptions options;
-  options.projectFolder = fs::absolute(folder, ec).lexically_normal().string();
+  // The engine takes the folder in the users' code page, as every path of the core.
+  options.projectFolder = korvane::fs::fromNative(fs::absolute(folder, ec).lexically_normal());
   while (options.projectFolder.size() > 1 && options.projectFolder.back() == '/')
     options.projectFolder.pop_back();
   std::string error;

@@ -17,9 +17,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// The engine's own files, named as the file system spells them. Everything the
+// engine is given and gives back (folders, input files, the listing's name)
+// is the users' code page; it is converted here, once, on the way in.
 std::string inFolder(const std::string& folder, const char* name) {
-  return (fs::path(folder) / name).string();
+  return korvane::fs::nativeText(korvane::fs::join(folder, name));
 }
+
+std::string nativeName(const std::string& name) { return korvane::fs::nativeText(name); }
 
 }  // namespace
 
@@ -31,8 +36,7 @@ EmbeddedEngine::EmbeddedEngine(std::string folder, std::map<std::string, std::st
 
 std::unique_ptr<EmbeddedEngine> EmbeddedEngine::create(const EngineOptions& options,
                                                        std::string& error) {
-  std::error_code ec;
-  if (options.projectFolder.empty() || !fs::is_directory(options.projectFolder, ec)) {
+  if (options.projectFolder.empty() || !korvane::fs::folderExists(options.projectFolder)) {
     error = "the project folder \"" + options.projectFolder + "\" does not exist";
     return nullptr;
   }
@@ -42,7 +46,9 @@ std::unique_ptr<EmbeddedEngine> EmbeddedEngine::create(const EngineOptions& opti
   return e;
 }
 
-std::string EmbeddedEngine::listingPath() const { return inFolder(folder_, Listing::kFileName); }
+std::string EmbeddedEngine::listingPath() const {
+  return korvane::fs::join(folder_, Listing::kFileName);
+}
 
 // --- configuration -----------------------------------------------------------
 
@@ -60,7 +66,7 @@ MxRunResult EmbeddedEngine::run(std::string_view verb, const std::string& fullNa
     return r;
   }
   std::vector<std::string> lines;
-  if (!readInputLines(fullName, lines, r.error)) return r;
+  if (!readInputLines(nativeName(fullName), lines, r.error)) return r;
   return execute(std::move(lines), fullName, std::nullopt);
 }
 
@@ -73,7 +79,7 @@ MxRunResult EmbeddedEngine::importGenio(const std::string& file, const std::stri
   MxRunResult r;
   r.listing = listingPath();
   std::vector<std::string> lines;
-  if (!readInputLines(file, lines, r.error)) return r;
+  if (!readInputLines(nativeName(file), lines, r.error)) return r;
   return execute(std::move(lines), file, model);
 }
 
@@ -83,7 +89,7 @@ MxRunResult EmbeddedEngine::execute(std::vector<std::string> lines, const std::s
   r.listing = listingPath();
   try {
     Listing listing;
-    if (!listing.open(r.listing, r.error)) return r;
+    if (!listing.open(nativeName(r.listing), r.error)) return r;
     ModelStore* store = access_.beginRun(r.error);
     if (!store) {
       listing.text("**** run refused: " + r.error);
@@ -258,7 +264,7 @@ std::int32_t EmbeddedEngine::parameter(std::string_view name, int group, std::st
     else if (key == "projectfolder")
       value = folder_;
     else if (key == "modelstore")
-      value = access_.path();
+      value = korvane::fs::fromNative(access_.path());
     else if (key == "listing")
       value = listingPath();
     else if (key == "currentmodel")

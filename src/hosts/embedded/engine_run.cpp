@@ -4,6 +4,7 @@
 #include <fstream>
 #include <memory>
 
+#include "base/fs.h"
 #include "base/codepage.h"
 #include "base/text.h"
 #include "hosts/embedded/edit_options.h"
@@ -378,14 +379,15 @@ void EngineRun::redirect(const std::string& argument) {
     listing_.note("GENIO output goes to the listing again");
     return;
   }
-  fs::path p(file);
-  if (!p.is_absolute()) p = fs::path(request_.projectFolder) / p;
+  // The file is named in the users' code page, relative to the project folder.
+  const fs::path p = korvane::fs::nativeText(
+      korvane::fs::isAbsolute(file) ? file : korvane::fs::join(request_.projectFolder, file));
   if (isEngineFile(p, store_.path(), listing_.path()))
     refuse("OVER: GENIO output cannot go to the model store, its journal files or the listing ('" +
            excerpt(file) + "')");
   over_.open(p, std::ios::binary | std::ios::trunc);
   if (!over_) refuse("OVER: cannot write " + excerpt(file));
-  overPath_ = p.string();
+  overPath_ = korvane::fs::fromNative(p);
   listing_.note("GENIO output goes to " + overPath_);
 }
 
