@@ -3,7 +3,7 @@
 
 #include <cstdlib>
 
-#include "engine_test_support.h"
+#include "support/engine.h"
 
 namespace {
 

@@ -13,7 +13,7 @@
 #include <map>
 #include <random>
 
-#include "engine_test_support.h"
+#include "support/engine.h"
 #include "hosts/embedded/sqlite_db.h"
 
 using namespace korvane::hosts::embedded;

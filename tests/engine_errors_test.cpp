@@ -8,7 +8,7 @@
 #include <functional>
 #include <new>
 
-#include "engine_test_support.h"
+#include "support/engine.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // GENIO input and output through engine runs: MX-style files, FORMAT and ORDR
 // variants, selection masks, redirection and round trips.
-#include "engine_test_support.h"
+#include "support/engine.h"
 
 using namespace korvane::hosts::embedded;
 using korvane::testing::EngineTest;

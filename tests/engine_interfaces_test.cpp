@@ -2,7 +2,7 @@
 // the model library, and the factory.
 #include <cmath>
 
-#include "engine_test_support.h"
+#include "support/engine.h"
 #include "hosts/embedded/label_rules.h"
 #include "hosts/engine_factory.h"
 

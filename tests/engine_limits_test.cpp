@@ -5,7 +5,7 @@
 
 #include <chrono>
 
-#include "engine_test_support.h"
+#include "support/engine.h"
 #include "hosts/embedded/fortran_format.h"
 
 #ifndef _WIN32

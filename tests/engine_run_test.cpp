@@ -1,6 +1,6 @@
 // Runs of Linemode input: model housekeeping, EDIT options, the error stop
 // with rollback, and what bad input gets.
-#include "engine_test_support.h"
+#include "support/engine.h"
 
 using namespace korvane::hosts::embedded;
 using korvane::testing::EngineTest;

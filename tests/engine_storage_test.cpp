@@ -3,7 +3,7 @@
 // in place.
 #include <cmath>
 
-#include "engine_test_support.h"
+#include "support/engine.h"
 #include "hosts/embedded/engine_error.h"
 #include "hosts/embedded/point_blob.h"
 #include "hosts/embedded/sqlite_db.h"

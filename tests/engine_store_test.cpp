@@ -7,7 +7,7 @@
 #include <unistd.h>
 #endif
 
-#include "engine_test_support.h"
+#include "support/engine.h"
 #include "hosts/embedded/sqlite_db.h"
 
 using namespace korvane::hosts::embedded;

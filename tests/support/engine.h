@@ -1,4 +1,4 @@
-// Shared set-up of the embedded engine tests: a fresh project folder per test,
+// Shared set-up of the embedded engine tests: a throw-away project per test,
 // an engine on it, and helpers to run Linemode text and read files back.
 #pragma once
 
@@ -13,24 +13,18 @@
 
 #include "hosts/embedded/embedded_engine.h"
 #include "hosts/embedded/input_file.h"
+#include "support/project.h"
 
 namespace korvane::testing {
 
 class EngineTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = std::filesystem::temp_directory_path() /
-              ("korvane-engine-" + std::string(info->test_suite_name()) + "-" + info->name());
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
+    folder_ = project_.folder();
     engine_ = makeEngine();
     ASSERT_TRUE(engine_);
   }
-  void TearDown() override {
-    engine_.reset();
-    std::filesystem::remove_all(folder_);
-  }
+  void TearDown() override { engine_.reset(); }
 
   std::unique_ptr<hosts::embedded::EmbeddedEngine> makeEngine() {
     hosts::EngineOptions o;
@@ -83,6 +77,7 @@ class EngineTest : public ::testing::Test {
     return out;
   }
 
+  test::TempProject project_;  // removed after the engine has let go of it
   std::filesystem::path folder_;
   std::unique_ptr<hosts::embedded::EmbeddedEngine> engine_;
 };
