@@ -64,8 +64,7 @@ class TerminalProgress final : public RunProgress {
 };
 
 // What the project folder holds: name -> (size, time).
-using FolderState =
-    std::map<std::string, std::pair<std::uintmax_t, std::filesystem::file_time_type>>;
+using FolderState = std::map<std::string, std::pair<std::uintmax_t, std::int64_t>>;
 
 FolderState folderState(const std::string& folder) {
   FolderState s;
@@ -75,7 +74,8 @@ FolderState folderState(const std::string& folder) {
     const std::string name = e.path().filename().string();
     if (name.size() > 8 && name.compare(name.size() - 8, 8, "-journal") == 0)
       continue;  // SQLite's own
-    s[fs::fromNative(e.path().filename())] = {e.file_size(ec), e.last_write_time(ec)};
+    s[fs::fromNative(e.path().filename())] = {e.file_size(ec),
+                                              fs::modifiedTime(e.path()).value_or(0)};
   }
   return s;
 }
