@@ -5,6 +5,11 @@
 
 #include "cli/commands.h"
 
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
 namespace {
 
 // A shell splits "road.ipf [main]" into two words; a run entry is one. Words
@@ -29,6 +34,10 @@ std::vector<std::string> joinSectionWords(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+#ifdef _WIN32
+  // Lines carry their own CR LF; a text-mode stream would write CR CR LF.
+  _setmode(_fileno(stdout), _O_BINARY);
+#endif
   CLI::App app{"Korvane: compiles .ipf input files into MX input and runs them"};
   app.require_subcommand(1);
   korvane::cli::addCompileCommand(app);
