@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/cli.h"
+#include "support/process.h"
 
 using namespace korvane;
 
@@ -44,7 +45,7 @@ TEST_F(CliCompile, MissingSettingsOrWrongUsageExitTwo) {
   home = project.path("nohome");
   EXPECT_EQ(run("compile a.ipf"), 2);
   EXPECT_EQ(project.read("err.txt"),
-            "File not found: " + project.path("nohome/Korvane.ini") + "\n");
+            "File not found: " + project.path("nohome/Korvane.ini") + test::kTextLineEnd);
   home = test::sourceDir() + "/data";
   EXPECT_EQ(run("compile"), 2);
   EXPECT_EQ(run("compile a.ipf --engine bogus"), 2);

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "support/engine.h"
+#include "support/process.h"
 
 namespace {
 
@@ -11,12 +12,15 @@ class EngineCli : public korvane::testing::EngineTest {
  protected:
   // Runs korvane with arguments; stdout and stderr land in out_ and err_.
   int korvane(const std::string& arguments) {
-    std::string cmd = std::string(KORVANE_BIN_DIR) + "/korvane " + arguments + " >" +
-                      path("cli.out") + " 2>" + path("cli.err");
-    int rc = std::system(cmd.c_str());
+    korvane::test::ProgramRun run;
+    run.argv = korvane::test::shellWords(arguments);
+    run.argv.insert(run.argv.begin(), korvane::test::builtProgram("korvane"));
+    run.out = path("cli.out");
+    run.err = path("cli.err");
+    int rc = korvane::test::runProgram(run);
     out_ = read("cli.out");
     err_ = read("cli.err");
-    return WIFEXITED(rc) ? WEXITSTATUS(rc) : -1;
+    return rc;
   }
   std::string project() const { return " --project " + folder_.string(); }
 

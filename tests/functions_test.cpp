@@ -117,7 +117,9 @@ TEST_F(Functions, InputFlushesFirstAndEmptyMeansCancelled) {
 
 TEST_F(Functions, DateAndTimeHaveTheirFixedForms) {
   std::string d = eval("date()"), t = eval("time()");
-  ASSERT_EQ(d.size(), 11u) << d;  // yyyy.mm.dd.
+  // yyyy.mm.dd.; Hungarian Windows puts a blank after each dot but the last.
+  std::erase(d, ' ');
+  ASSERT_EQ(d.size(), 11u) << d;
   EXPECT_EQ(d[4], '.');
   EXPECT_EQ(d.back(), '.');
   ASSERT_EQ(t.size(), 8u) << t;  // hh:nn:ss

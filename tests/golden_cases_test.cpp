@@ -55,7 +55,8 @@ std::string outcome(const std::string& name) {
   std::string out;
   for (const auto& l : c.lines) out += replaceAll(l, project.folder() + "/", "<project>/") + "\n";
   if (!ok) {
-    std::string m = replaceAll(c.ctx.stop.message, project.folder() + "/", "<project>/");
+    std::string m =
+        replaceAll(c.ctx.stop.message, fs::withTrailingSeparator(project.folder()), "<project>/");
     out += "stop: " + replaceAll(m, "\n", " | ") + "\n";
   }
   return out;

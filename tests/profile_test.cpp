@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 #include "base/messages.h"
 #include "support/project.h"
 
@@ -43,6 +46,36 @@ TEST_F(Profile, Utf16AndUtf8FilesAreReadInTheUsersCodePage) {
   EXPECT_EQ(ReadProfileString("s", "k", project.write("u16.ini", utf16)), "\xE1\xF5");  // "áő"
   std::string f8 = project.write("u8.ini", "\xEF\xBB\xBF[s]\nk=\xC5\x91\n");
   EXPECT_EQ(ReadProfileString("s", "k", f8), "\xF5");
+}
+
+std::string utf16le(const std::u16string& text) {
+  std::string bytes = "\xFF\xFE";
+  for (char16_t u : text) {
+    bytes += static_cast<char>(u & 0xFF);
+    bytes += static_cast<char>(u >> 8);
+  }
+  return bytes;
+}
+
+TEST_F(Profile, AUtf16FileIsWrittenInUtf16KeepingWhatTheCodePageCannotHold) {
+  // U+4E2D and U+1F600 (a surrogate pair) have no place in Windows-1250.
+  std::string f = project.write("u16.ini", utf16le(u"[s]\r\nk=\u00E1\r\nx=\u4E2D\U0001F600\r\n"));
+  EXPECT_EQ(WriteProfileString("s", "k", "\xF5\xFB", f), "1");  // "őű"
+  EXPECT_EQ(WriteProfileString("t", "n", "1", f), "1");
+  EXPECT_EQ(project.read("u16.ini"),
+            utf16le(u"[s]\r\nk=\u0151\u0171\r\nx=\u4E2D\U0001F600\r\n[t]\r\nn=1\r\n"));
+  EXPECT_EQ(ReadProfileString("s", "k", f), "\xF5\xFB");
+}
+
+TEST_F(Profile, AFileRewrittenAtOnceWithTheSameSizeIsReadAfresh) {
+  std::string f = project.write("same.ini", "[s]\r\nk=aaa\r\n");
+  ASSERT_EQ(ReadProfileString("s", "k", f), "aaa");
+  // Another program replaces the file within the same second, same size.
+  for (const char* v : {"bbb", "ccc", "ddd"}) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    project.write("same.ini", std::string("[s]\r\nk=") + v + "\r\n");
+    EXPECT_EQ(ReadProfileString("s", "k", f), v);
+  }
 }
 
 TEST_F(Profile, AUtf8FileIsWrittenInItsOwnSectionAndEncoding) {

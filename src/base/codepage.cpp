@@ -59,8 +59,13 @@ void appendUtf8(std::string& out, char32_t u) {
   } else if (u < 0x800) {
     out += static_cast<char>(0xC0 | (u >> 6));
     out += static_cast<char>(0x80 | (u & 0x3F));
-  } else {
+  } else if (u < 0x10000) {
     out += static_cast<char>(0xE0 | (u >> 12));
+    out += static_cast<char>(0x80 | ((u >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (u & 0x3F));
+  } else {
+    out += static_cast<char>(0xF0 | (u >> 18));
+    out += static_cast<char>(0x80 | ((u >> 12) & 0x3F));
     out += static_cast<char>(0x80 | ((u >> 6) & 0x3F));
     out += static_cast<char>(0x80 | (u & 0x3F));
   }
@@ -156,12 +161,24 @@ std::string fromUtf8(std::string_view s) {
   return out;
 }
 
-std::string fromUtf16le(std::string_view bytes) {
+std::string utf16leToUtf8(std::string_view bytes) {
+  auto unit = [&](std::size_t i) {
+    return static_cast<char32_t>(static_cast<unsigned char>(bytes[i]) |
+                                 static_cast<unsigned char>(bytes[i + 1]) << 8);
+  };
   std::string utf8;
-  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
-    appendUtf8(utf8, static_cast<unsigned char>(bytes[i]) |
-                         static_cast<char32_t>(static_cast<unsigned char>(bytes[i + 1])) << 8);
-  return fromUtf8(utf8);
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    char32_t u = unit(i);
+    if (u >= 0xD800 && u < 0xDC00 && i + 3 < bytes.size() && unit(i + 2) >= 0xDC00 &&
+        unit(i + 2) < 0xE000) {
+      u = 0x10000 + ((u - 0xD800) << 10) + (unit(i + 2) - 0xDC00);
+      i += 2;
+    } else if (u >= 0xD800 && u < 0xE000) {
+      u = 0xFFFD;
+    }
+    appendUtf8(utf8, u);
+  }
+  return utf8;
 }
 
 bool Utf8Scan::feed(std::string_view piece) {
@@ -183,6 +200,32 @@ bool Utf8Scan::feed(std::string_view piece) {
   pending_.erase(0, i);
   return true;
 }
+
+std::string utf8ToUtf16le(std::string_view utf8) {
+  std::string out;
+  auto put = [&out](char32_t unit) {
+    out += static_cast<char>(unit & 0xFF);
+    out += static_cast<char>(unit >> 8);
+  };
+  for (std::size_t i = 0; i < utf8.size();) {
+    char32_t u = 0;
+    std::size_t n = decodeUtf8(utf8, i, u);
+    if (n == 0) {  // a stray byte: taken as it stands
+      u = static_cast<unsigned char>(utf8[i]);
+      n = 1;
+    }
+    i += n;
+    if (u >= 0x10000) {
+      put(0xD800 + ((u - 0x10000) >> 10));
+      put(0xDC00 + ((u - 0x10000) & 0x3FF));
+    } else {
+      put(u);
+    }
+  }
+  return out;
+}
+
+std::string fromUtf16le(std::string_view bytes) { return fromUtf8(utf16leToUtf8(bytes)); }
 
 bool looksLikeUtf8(std::string_view s) {
   bool nonAscii = false;

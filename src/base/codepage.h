@@ -25,6 +25,10 @@ std::string toUtf8(std::string_view cp1250);
 std::string fromUtf8(std::string_view utf8);
 // UTF-16LE bytes (without their byte-order mark) to Windows-1250.
 std::string fromUtf16le(std::string_view bytes);
+// UTF-16LE bytes (without their byte-order mark) to UTF-8 and back, losslessly
+// (surrogate pairs joined; a lone surrogate becomes U+FFFD).
+std::string utf16leToUtf8(std::string_view bytes);
+std::string utf8ToUtf16le(std::string_view utf8);
 // True when the text is valid UTF-8 and holds at least one non-ASCII character.
 bool looksLikeUtf8(std::string_view s);
 

@@ -6,7 +6,9 @@
 
 #include "base/codepage.h"
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <fcntl.h>
 #include <unistd.h>
 #endif
@@ -154,6 +156,24 @@ std::optional<std::uintmax_t> fileSize(std::string_view name) {
   auto s = stdfs::file_size(native(name), ec);
   if (ec) return std::nullopt;
   return s;
+}
+
+std::optional<std::int64_t> modifiedTime(const std::filesystem::path& path) {
+#ifdef _WIN32
+  WIN32_FILE_ATTRIBUTE_DATA data;
+  if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
+  return static_cast<std::int64_t>(data.ftLastWriteTime.dwHighDateTime) << 32 |
+         data.ftLastWriteTime.dwLowDateTime;
+#else
+  std::error_code ec;
+  auto t = stdfs::last_write_time(path, ec);
+  if (ec) return std::nullopt;
+  return t.time_since_epoch().count();
+#endif
+}
+
+std::optional<std::int64_t> modifiedTime(std::string_view name) {
+  return modifiedTime(native(name));
 }
 
 bool removeFile(std::string_view name) {

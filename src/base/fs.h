@@ -47,6 +47,10 @@ std::string nativeText(std::string_view name);
 bool fileExists(std::string_view name);
 bool folderExists(std::string_view name);
 std::optional<std::uintmax_t> fileSize(std::string_view name);
+// When a file was last written, in the system's finest unit (100 ns on
+// Windows, where the C++ library's file times have only whole seconds).
+std::optional<std::int64_t> modifiedTime(std::string_view name);
+std::optional<std::int64_t> modifiedTime(const std::filesystem::path& path);
 bool removeFile(std::string_view name);
 bool copyFile(std::string_view from, std::string_view to);
 // Reads a whole file; nullopt when it cannot be read.

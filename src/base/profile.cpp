@@ -2,6 +2,7 @@
 
 #include <map>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 #include "base/codepage.h"
@@ -24,7 +25,22 @@ std::string_view trimIni(std::string_view s) {
 struct RawLine {
   std::string text;
   std::string eol;
+  std::optional<std::string> unicode;  // the line as UTF-8, for a Unicode file we rewrite
 };
+
+enum class Encoding { Ansi, Utf8, Utf16le };
+
+Encoding encodingOf(const std::string& data) {
+  if (data.size() >= 3 && data.compare(0, 3, "\xEF\xBB\xBF") == 0) return Encoding::Utf8;
+  if (data.size() >= 2 && data[0] == '\xFF' && data[1] == '\xFE') return Encoding::Utf16le;
+  return Encoding::Ansi;
+}
+
+// The text of a Unicode file as UTF-8, without its byte-order mark.
+std::string unicodeText(const std::string& data, Encoding encoding) {
+  if (encoding == Encoding::Utf8) return data.substr(3);
+  return cp::utf16leToUtf8(std::string_view(data).substr(2));
+}
 
 // Text of the file in the users' code page: a UTF-8 byte-order mark is honoured
 // (converted), a UTF-16LE one decoded.
@@ -42,11 +58,11 @@ std::vector<RawLine> splitLines(const std::string& data) {
   while (i < data.size()) {
     std::size_t j = data.find_first_of("\r\n", i);
     if (j == std::string::npos) {
-      lines.push_back({data.substr(i), ""});
+      lines.push_back({data.substr(i), "", std::nullopt});
       break;
     }
     std::size_t eolLen = (data[j] == '\r' && j + 1 < data.size() && data[j + 1] == '\n') ? 2 : 1;
-    lines.push_back({data.substr(i, j - i), data.substr(j, eolLen)});
+    lines.push_back({data.substr(i, j - i), data.substr(j, eolLen), std::nullopt});
     i = j + eolLen;
   }
   return lines;
@@ -74,7 +90,7 @@ bool keyOf(std::string_view line, std::string_view& key, std::string_view& value
 // Parsed files are kept while their size and time stamp stay the same, so that
 // the many message lookups of a run read each language file once.
 struct CachedFile {
-  std::filesystem::file_time_type stamp;
+  std::int64_t stamp = 0;
   std::uintmax_t size = 0;
   std::vector<RawLine> lines;
 };
@@ -84,19 +100,19 @@ std::map<std::string, CachedFile> g_cache;
 bool loadLines(const std::string& file, std::vector<RawLine>& out) {
   std::error_code ec;
   auto path = fs::native(file);
-  auto stamp = std::filesystem::last_write_time(path, ec);
-  if (ec) return false;
+  auto stamp = fs::modifiedTime(path);
+  if (!stamp) return false;
   auto size = std::filesystem::file_size(path, ec);
   if (ec) return false;
   std::lock_guard<std::mutex> lock(g_cacheMutex);
   auto it = g_cache.find(file);
-  if (it != g_cache.end() && it->second.stamp == stamp && it->second.size == size) {
+  if (it != g_cache.end() && it->second.stamp == *stamp && it->second.size == size) {
     out = it->second.lines;
     return true;
   }
   auto data = fs::readFile(file);
   if (!data) return false;
-  CachedFile c{stamp, size, splitLines(decodeIni(std::move(*data)))};
+  CachedFile c{*stamp, size, splitLines(decodeIni(std::move(*data)))};
   out = c.lines;
   g_cache[file] = std::move(c);
   return true;
@@ -149,15 +165,19 @@ std::string WriteProfileString(std::string_view section, std::string_view key,
   if (section.empty() || key.empty()) return fail();
 
   std::vector<RawLine> lines;
-  bool utf8 = false;
+  // A file in UTF-8 or UTF-16LE (Windows' own Unicode profile) is written back in
+  // its encoding, and the lines we do not change keep every character they had,
+  // also those the users' code page has no place for.
+  Encoding encoding = Encoding::Ansi;
+  std::vector<RawLine> unicodeLines;
   if (fs::fileExists(file)) {
     auto data = fs::readFile(file);
     if (!data) return fail();
-    // A file in UTF-16 is Windows' own Unicode profile: we read it but do not
-    // write it back in another encoding.
-    if (data->size() >= 2 && (*data)[0] == '\xFF' && (*data)[1] == '\xFE') return fail();
-    utf8 = data->compare(0, 3, "\xEF\xBB\xBF") == 0;
+    encoding = encodingOf(*data);
+    if (encoding != Encoding::Ansi) unicodeLines = splitLines(unicodeText(*data, encoding));
     lines = splitLines(decodeIni(std::move(*data)));
+    for (std::size_t i = 0; i < lines.size() && i < unicodeLines.size(); ++i)
+      lines[i].unicode = unicodeLines[i].text;
   }
 
   std::string entry = std::string(key) + "=" + std::string(value);
@@ -180,22 +200,28 @@ std::string WriteProfileString(std::string_view section, std::string_view key,
   }
 
   if (keyLine >= 0) {
-    lines[keyLine].text = entry;
+    lines[keyLine] = RawLine{entry, lines[keyLine].eol, std::nullopt};
   } else if (header >= 0) {
     // A new key goes after the last non-blank line of its section.
     RawLine& before = lines[lastContent];
     std::string eol = before.eol.empty() ? "\r\n" : before.eol;
     if (before.eol.empty()) before.eol = eol;
-    lines.insert(lines.begin() + lastContent + 1, RawLine{entry, eol});
+    lines.insert(lines.begin() + lastContent + 1, RawLine{entry, eol, std::nullopt});
   } else {
     if (!lines.empty() && lines.back().eol.empty()) lines.back().eol = "\r\n";
-    lines.push_back({"[" + std::string(section) + "]", "\r\n"});
-    lines.push_back({entry, "\r\n"});
+    lines.push_back({"[" + std::string(section) + "]", "\r\n", std::nullopt});
+    lines.push_back({entry, "\r\n", std::nullopt});
   }
 
   std::string out;
-  for (const auto& l : lines) out += l.text + l.eol;
-  if (utf8) out = "\xEF\xBB\xBF" + cp::toUtf8(out);  // the file keeps its own encoding
+  for (const auto& l : lines) {
+    if (encoding == Encoding::Ansi)
+      out += l.text + l.eol;
+    else
+      out += (l.unicode ? *l.unicode : cp::toUtf8(l.text)) + l.eol;
+  }
+  if (encoding == Encoding::Utf8) out = "\xEF\xBB\xBF" + out;
+  if (encoding == Encoding::Utf16le) out = "\xFF\xFE" + cp::utf8ToUtf16le(out);
   bool ok = fs::writeFileAtomic(file, out);
   forget(file);
   if (!ok) return fail();

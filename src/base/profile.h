@@ -8,6 +8,12 @@
 #include <string>
 #include <string_view>
 
+// windows.h names the system's WriteProfileStringA so; ours is another
+// function. (Include windows.h before this header where both are needed.)
+#ifdef WriteProfileString
+#undef WriteProfileString
+#endif
+
 namespace korvane {
 
 // Values are cut at this many characters, as a 128-character buffer allows.

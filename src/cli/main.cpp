@@ -15,6 +15,11 @@
 #define KORVANE_VERSION "0.0.0"
 #endif
 
+#ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
+#endif
+
 namespace {
 
 const char* const kCommands[] = {"compile", "run", "check", "sections", "models", "help"};
@@ -67,6 +72,10 @@ std::string argumentError(const CLI::ParseError& e) {
 }  // namespace
 
 int main(int argc, char** argv) {
+#ifdef _WIN32
+  // Lines carry their own CR LF; a text-mode stream would write CR CR LF.
+  _setmode(_fileno(stdout), _O_BINARY);
+#endif
   using namespace korvane::cli;
   const std::vector<std::string> args(argv + 1, argv + argc);
   loadCliTexts(args);

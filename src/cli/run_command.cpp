@@ -65,8 +65,7 @@ class TerminalProgress final : public RunProgress {
 };
 
 // What the project folder holds: name -> (size, time).
-using FolderState =
-    std::map<std::string, std::pair<std::uintmax_t, std::filesystem::file_time_type>>;
+using FolderState = std::map<std::string, std::pair<std::uintmax_t, std::int64_t>>;
 
 FolderState folderState(const std::string& folder) {
   FolderState s;
@@ -75,7 +74,8 @@ FolderState folderState(const std::string& folder) {
     if (!e.is_regular_file(ec)) continue;
     const std::string name = e.path().filename().string();
     if (name.rfind("korvane-models.db-", 0) == 0) continue;  // the store's companions
-    s[fs::fromNative(e.path().filename())] = {e.file_size(ec), e.last_write_time(ec)};
+    s[fs::fromNative(e.path().filename())] = {e.file_size(ec),
+                                              fs::modifiedTime(e.path()).value_or(0)};
   }
   return s;
 }

@@ -4,6 +4,12 @@
 
 namespace korvane {
 
+RuntimeFailure failureFromAutomation(const Messages& messages, const hosts::AutomationError& e) {
+  if (e.subject.empty()) return RuntimeFailure("automation", e.what(), "");
+  return RuntimeFailure("automation", e.subject,
+                        messages.format("Automation", hosts::reasonKey(e.reason), e.detail));
+}
+
 RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string subject) {
   if (subject.empty()) subject = e.what();
   switch (e.code()) {

@@ -16,6 +16,7 @@
 #include "base/conversions.h"
 #include "base/messages.h"
 #include "compiler/source_map.h"
+#include "hosts/automation.h"
 
 namespace korvane {
 
@@ -77,6 +78,10 @@ class StopMessage : public CompileFailure {
 // The run-time failure for a conversion error; `subject` replaces the text the
 // error names when given (a function names its argument).
 RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string subject = {});
+
+// The run-time failure for a call to another program that failed: the object
+// and member, and why in the language file's words.
+RuntimeFailure failureFromAutomation(const Messages& messages, const hosts::AutomationError& e);
 
 // The full text shown for a failure: a message as it stands (with MX's error and
 // the place of the flush for a run MX did not finish); a run-time failure with

@@ -210,6 +210,10 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     RuntimeFailure f = failureFromConversion(e);
     locate(f, call);
     throw f;
+  } catch (const hosts::AutomationError& e) {
+    RuntimeFailure f = failureFromAutomation(ctx.messages, e);
+    locate(f, call);
+    throw f;
   }
 }
 

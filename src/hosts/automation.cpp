@@ -3,6 +3,10 @@
 #include <cmath>
 #include <cstdio>
 
+#ifdef _WIN32
+#include "hosts/windows/com_system.h"
+#endif
+
 namespace korvane::hosts {
 
 std::string AutoValue::text() const {
@@ -25,11 +29,38 @@ double AutoValue::number() const {
   return 0;
 }
 
+std::vector<double> AutoValue::numbers() const {
+  if (auto a = std::get_if<std::vector<double>>(&v)) return *a;
+  if (std::holds_alternative<std::int32_t>(v) || std::holds_alternative<double>(v))
+    return {number()};
+  return {};
+}
+
 bool AutoValue::truth() const { return number() != 0; }
 
 AutoObject AutoValue::object() const {
   if (auto o = std::get_if<AutoObject>(&v)) return *o;
   return nullptr;
+}
+
+const char* reasonKey(AutomationError::Reason reason) {
+  switch (reason) {
+    case AutomationError::Reason::Raised:
+      return "raised";
+    case AutomationError::Reason::NoAnswer:
+      return "noanswer";
+    case AutomationError::Reason::Gone:
+      return "gone";
+    case AutomationError::Reason::NotInstalled:
+      return "notinstalled";
+    case AutomationError::Reason::NotRunning:
+      return "notrunning";
+    case AutomationError::Reason::UnknownMember:
+      return "unknownmember";
+    case AutomationError::Reason::Failed:
+      break;
+  }
+  return "failed";
 }
 
 namespace {
@@ -47,8 +78,11 @@ class NoAutomation final : public AutomationSystem {
 }  // namespace
 
 std::unique_ptr<AutomationSystem> makeAutomationSystem() {
-  // The COM implementation is added on Windows; until then nothing can be attached.
+#ifdef _WIN32
+  return windows::makeComAutomationSystem();
+#else
   return std::make_unique<NoAutomation>();
+#endif
 }
 
 }  // namespace korvane::hosts

@@ -17,9 +17,12 @@ namespace korvane::hosts {
 class AutomationObject;
 using AutoObject = std::shared_ptr<AutomationObject>;
 
-// A value passed to or returned by a call.
+// A value passed to or returned by a call. Texts are in the users' code page;
+// an array of numbers is what point data travels as.
 struct AutoValue {
-  std::variant<std::monostate, bool, std::int32_t, double, std::string, AutoObject> v;
+  std::variant<std::monostate, bool, std::int32_t, double, std::string, AutoObject,
+               std::vector<double>>
+      v;
 
   AutoValue() = default;
   AutoValue(bool b) : v(b) {}
@@ -28,19 +31,42 @@ struct AutoValue {
   AutoValue(const char* s) : v(std::string(s)) {}
   AutoValue(std::string s) : v(std::move(s)) {}
   AutoValue(AutoObject o) : v(std::move(o)) {}
+  AutoValue(std::vector<double> a) : v(std::move(a)) {}
 
   bool isEmpty() const { return std::holds_alternative<std::monostate>(v); }
   std::string text() const;
   double number() const;
   bool truth() const;
   AutoObject object() const;  // null when the value is no object
+  std::vector<double> numbers() const;  // the array, or the one number; empty otherwise
+};
+
+// How a call passes its arguments and how long it may take.
+struct CallOptions {
+  bool byReference = false;  // the callee may change the arguments; their new values come back
+  bool untilDone = false;    // no time limit: the application works until it is done
 };
 
 // An automation call that failed (the application refused it, or is gone).
 class AutomationError : public std::runtime_error {
  public:
+  // Why a call failed; the language file's "Automation" section has a text for each.
+  enum class Reason { Failed, Raised, NoAnswer, Gone, NotInstalled, NotRunning, UnknownMember };
+
   using std::runtime_error::runtime_error;
+  AutomationError(Reason reason, std::string subject, std::string detail)
+      : std::runtime_error(subject + ": " + detail),
+        reason(reason),
+        subject(std::move(subject)),
+        detail(std::move(detail)) {}
+
+  Reason reason = Reason::Failed;
+  std::string subject;  // the object and member: "AutoCAD.Application.ActiveDocument.SendCommand"
+  std::string detail;   // the application's own description, or the error code
 };
+
+// The key of a reason in the language file's "Automation" section.
+const char* reasonKey(AutomationError::Reason reason);
 
 class AutomationObject {
  public:
@@ -48,6 +74,13 @@ class AutomationObject {
   virtual AutoValue call(const std::string& method, const std::vector<AutoValue>& args = {}) = 0;
   virtual AutoValue get(const std::string& property) = 0;
   virtual void set(const std::string& property, const AutoValue& value) = 0;
+  // A call with its arguments by reference, or without a time limit.
+  virtual AutoValue invoke(const std::string& method, std::vector<AutoValue>& args,
+                           CallOptions options) {
+    return call(method, args);
+  }
+  // The members of a collection, in its own order (what For Each visits).
+  virtual std::vector<AutoValue> elements() { return {}; }
 };
 
 class AutomationSystem {
@@ -61,6 +94,15 @@ class AutomationSystem {
   virtual std::string fileVersion(const std::string& path) = 0;
   // Names of the subkeys of a key under HKEY_CURRENT_USER, in enumeration order.
   virtual std::vector<std::string> registrySubkeys(const std::string& key) = 0;
+  // A new object of a class (by ProgID or "{CLSID}"); throws AutomationError.
+  virtual AutoObject createObject(const std::string& progId) {
+    throw AutomationError(progId + ": no automation on this system");
+  }
+  // The object a file or moniker names (a workbook by path, "winmgmts:...");
+  // throws AutomationError.
+  virtual AutoObject fileObject(const std::string& name) {
+    throw AutomationError(name + ": no automation on this system");
+  }
 };
 
 // This machine's automation system: COM on Windows; elsewhere one in which no

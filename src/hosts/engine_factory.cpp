@@ -3,6 +3,11 @@
 #include "hosts/embedded/embedded_engine.h"
 #include "hosts/null_engine.h"
 
+#ifdef _WIN32
+#include "hosts/windows/com_system.h"
+#include "hosts/windows/mx_engine.h"
+#endif
+
 namespace korvane::hosts {
 
 bool parseEngineKind(const std::string& word, EngineKind& kind) {
@@ -19,7 +24,7 @@ bool parseEngineKind(const std::string& word, EngineKind& kind) {
 
 EngineKind defaultEngineKind() {
 #ifdef _WIN32
-  return EngineKind::Mx;
+  return windows::mxInstalled(windows::MxNames{}) ? EngineKind::Mx : EngineKind::Embedded;
 #else
   return EngineKind::Embedded;
 #endif
@@ -33,8 +38,13 @@ std::unique_ptr<MxEngine> makeEngine(EngineKind kind, const EngineOptions& optio
     case EngineKind::Embedded:
       return embedded::EmbeddedEngine::create(options, error);
     case EngineKind::Mx:
+#ifdef _WIN32
+      return windows::makeMxEngine(windows::makeComAutomationSystem(),
+                                   windows::readMxNames(options.settingsFile), error);
+#else
       error = "MX's automation is not installed on this machine";
       return nullptr;
+#endif
   }
   return nullptr;
 }

@@ -13,12 +13,14 @@ enum class EngineKind { None, Embedded, Mx };
 
 // Parses "none", "embedded" or "mx"; false for anything else.
 bool parseEngineKind(const std::string& word, EngineKind& kind);
-// "mx" where MX's automation is installed, "embedded" elsewhere.
+// "mx" where MX's automation is installed (its configuration class is
+// registered), "embedded" elsewhere.
 EngineKind defaultEngineKind();
 
 struct EngineOptions {
   std::string projectFolder;                    // the MX project folder, no trailing separator
   std::map<std::string, std::string> settings;  // "PrivateMacros", "ProjectMacros", "PublicMacros"
+  std::string settingsFile;                     // Korvane.ini: MX's class and member names
 };
 
 // Creates an engine. Returns null with a reason in `error` when the kind

@@ -90,6 +90,8 @@ bool ApplyOneFile(RunContext& ctx, const std::string& entryText) {
     endAfterFailure(ctx, f);
   } catch (const conv::ConversionError& e) {
     endAfterFailure(ctx, failureFromConversion(e));
+  } catch (const hosts::AutomationError& e) {
+    endAfterFailure(ctx, failureFromAutomation(ctx.messages, e));
   }
   return !ctx.stop.set;
 }

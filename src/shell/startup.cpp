@@ -64,6 +64,7 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
   }
   hosts::EngineOptions engineOptions;
   engineOptions.projectFolder = project;
+  engineOptions.settingsFile = out.paths.settings;
   for (const char* key : {"PrivateMacros", "ProjectMacros", "PublicMacros"}) {
     std::string folder = ReadProfileString("MX", key, out.paths.settings);
     if (!folder.empty() && !fs::isAbsolute(folder)) folder = fs::join(project, folder);

@@ -8,6 +8,7 @@
 #include <iostream>
 
 #include "base/fs.h"
+#include "shell/help_viewer.h"
 #include "window/main_window.h"
 #include "window/pictures.h"
 #include "window/text_edge.h"
@@ -106,9 +107,10 @@ void MainWindow::showLists() {
 
 void MainWindow::showHelp() {
   const std::string help = session_.helpFile();
-  const bool ok = fs::fileExists(help) &&
-                  QDesktopServices::openUrl(
-                      QUrl::fromLocalFile(QString::fromStdU16String(fs::native(help).u16string())));
+  const bool ok =
+      fs::fileExists(help) && (showHelpFile(help) ||  // Windows' HTML help viewer
+                               QDesktopServices::openUrl(QUrl::fromLocalFile(
+                                   QString::fromStdU16String(fs::native(help).u16string()))));
   if (!ok) warn(session_.text("Menu1", "CHM"), session_.format("Window", "nohelp", fromCore(help)));
 }
 

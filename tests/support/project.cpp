@@ -1,8 +1,5 @@
 #include "support/project.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <atomic>
 #include <cstdlib>
 #include <fstream>
@@ -13,7 +10,9 @@
 #include "hosts/embedded/embedded_engine.h"
 #include "shell/driver.h"
 #include "compiler/expression.h"
+#include "shell/driver.h"
 #include "shell/standard_language.h"
+#include "support/process.h"
 
 namespace korvane::test {
 namespace stdfs = std::filesystem;
@@ -21,16 +20,20 @@ namespace stdfs = std::filesystem;
 std::string sourceDir() { return KORVANE_SOURCE_DIR; }
 
 int runKorvane(const std::string& folder, const std::string& args, const std::string& env) {
-  std::string cmd = "cd '" + folder + "' && " + env + " '" + KORVANE_BIN_DIR + "/korvane' " + args +
-                    " >out.txt 2>err.txt </dev/null";
-  int rc = std::system(cmd.c_str());
-  return WIFEXITED(rc) ? WEXITSTATUS(rc) : -1;
+  ProgramRun run;
+  run.argv = shellWords(args);
+  run.argv.insert(run.argv.begin(), builtProgram("korvane"));
+  run.folder = folder;
+  run.env = shellAssignments(env);
+  run.out = fs::join(folder, "out.txt");
+  run.err = fs::join(folder, "err.txt");
+  return runProgram(run);
 }
 
 TempProject::TempProject() {
   static std::atomic<int> counter{0};
   root_ = stdfs::temp_directory_path() /
-          ("korvane-test-" + std::to_string(::getpid()) + "-" + std::to_string(counter++));
+          ("korvane-test-" + std::to_string(currentProcessId()) + "-" + std::to_string(counter++));
   stdfs::remove_all(root_);
   stdfs::create_directories(root_);
 }
@@ -42,7 +45,10 @@ TempProject::~TempProject() {
 
 std::string TempProject::folder() const { return fs::fromNative(root_); }
 std::string TempProject::path(const std::string& relative) const {
-  return fs::join(folder(), relative);
+  std::string r = relative;
+  for (char& c : r)
+    if (fs::isSeparator(c)) c = fs::kSep;  // the system's own separator, as the program joins
+  return fs::join(folder(), r);
 }
 
 std::string TempProject::write(const std::string& relative, const std::string& content) const {

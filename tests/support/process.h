@@ -1,0 +1,42 @@
+// Test support: starting a program with its standard streams in files, the
+// same way on every system (no shell in between).
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace korvane::test {
+
+struct ProgramRun {
+  std::vector<std::string> argv;           // argv[0] is the program's path
+  std::string folder;                      // working folder; "" = the current one
+  std::map<std::string, std::string> env;  // added to the inherited environment
+  std::string in, out, err;                // files; "" = the null device (out/err: discarded)
+  int timeoutSeconds = 120;                // the program is killed after this
+};
+
+// The program's exit status; -1 when it could not be started or was killed.
+int runProgram(const ProgramRun& run);
+
+// How a line that a program writes to a text-mode stream (standard error)
+// ends in the file it is redirected to.
+#ifdef _WIN32
+inline constexpr const char* kTextLineEnd = "\r\n";
+#else
+inline constexpr const char* kTextLineEnd = "\n";
+#endif
+
+// Splits a command line written with POSIX shell quoting ('...' and "...") into words.
+std::vector<std::string> shellWords(const std::string& line);
+
+// NAME=value assignments written with the same quoting, as an environment.
+std::map<std::string, std::string> shellAssignments(const std::string& line);
+
+// This process's id, to keep the files of tests running side by side apart.
+int currentProcessId();
+
+// The name of a program built beside korvane ("korvane" becomes korvane.exe on Windows).
+std::string builtProgram(const std::string& name);
+
+}  // namespace korvane::test
