@@ -8,7 +8,7 @@ namespace korvane {
 struct CompileCall;
 class DirectiveTable;
 
-// "insert," file spec, with its repetitions.
+// "insert," and the file or section to include, with its repetitions.
 void insertDirective(CompileCall& call, const std::string& fileSpec);
 // "if," condition " then " ... [" else " ...].
 void conditionDirective(CompileCall& call, const std::string& line);
