@@ -122,8 +122,11 @@ TEST_F(Functions, DateAndTimeHaveTheirFixedForms) {
   ASSERT_EQ(d.size(), 11u) << d;
   EXPECT_EQ(d[4], '.');
   EXPECT_EQ(d.back(), '.');
-  ASSERT_EQ(t.size(), 8u) << t;  // hh:nn:ss
-  EXPECT_EQ(t[2], ':');
+  // hh:nn:ss; Hungarian Windows writes the hour without a leading zero.
+  ASSERT_GE(t.size(), 7u) << t;
+  ASSERT_LE(t.size(), 8u) << t;
+  EXPECT_EQ(t[t.size() - 3], ':');
+  EXPECT_EQ(t[t.size() - 6], ':');
 }
 
 }  // namespace

@@ -26,7 +26,13 @@ struct ComAutomation : ::testing::Test {
     ASSERT_TRUE(excel);
     test::resetFake(*excel);
   }
-  void TearDown() override { hosts::windows::ComApartment::setTimeLimit(std::chrono::seconds(30)); }
+  void TearDown() override {
+    hosts::windows::ComApartment::setTimeLimit(std::chrono::seconds(30));
+    try {
+      test::quitFake(com->createObject("Excel.Application"));
+    } catch (const AutomationError&) {
+    }
+  }
 
   // The reason and subject of the failure of `f`.
   template <typename F>
@@ -89,9 +95,9 @@ TEST_F(ComAutomation, AnUnknownMemberAndAMissingClassAreReportedAsSuch) {
 TEST_F(ComAutomation, ABusyServerIsAskedAgainUntilItAnswers) {
   excel->call("FakeBusy", {"Run", 2});
   EXPECT_EQ(excel->call("Run", {"M"}).text(), "M");
-  EXPECT_EQ(test::recordedCalls(*excel),
-            (std::vector<std::string>{"excel.Run(M) <busy>", "excel.Run(M) <busy>",
-                                      "excel.Run(M)"}));
+  EXPECT_EQ(
+      test::recordedCalls(*excel),
+      (std::vector<std::string>{"excel.Run(M) <busy>", "excel.Run(M) <busy>", "excel.Run(M)"}));
 }
 
 TEST_F(ComAutomation, AServerThatHangsEndsTheCallAtTheTimeLimit) {

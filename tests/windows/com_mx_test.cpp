@@ -4,6 +4,7 @@
 // files, model queries with arguments by reference, the model library, and a
 // compile run through the driver.
 #include <gtest/gtest.h>
+#include <windows.h>  // before base/profile.h, which undoes its WriteProfileString
 
 #include "base/fs.h"
 #include "base/profile.h"
@@ -36,13 +37,13 @@ struct ComMx : ::testing::Test {
 
   void SetUp() override {
     std::string error;
-    mx = hosts::windows::makeMxEngine(hosts::windows::makeComAutomationSystem(), fakeMx(),
-                                      error);
+    mx = hosts::windows::makeMxEngine(hosts::windows::makeComAutomationSystem(), fakeMx(), error);
     ASSERT_TRUE(mx) << error;
     auto com = hosts::windows::makeComAutomationSystem();
     config = com->createObject(fakeMx().configurationClass);
     test::resetFake(*config);
   }
+  void TearDown() override { test::quitFake(config); }
   void runInput(const std::string& text) {
     mx->configuration().run("input", project.write("in.txt", text));
   }
@@ -150,14 +151,15 @@ TEST_F(ComMx, TheCommandLineRunsThroughTheMxThatKorvaneIniNames) {
   WriteProfileString("MX", "ConfigurationClass", names.configurationClass, ini);
   WriteProfileString("MX", "ProjectClass", names.projectClass, ini);
   project.write("road.ipf", "crea,FROM CLI\r\n");
-  EXPECT_EQ(test::runKorvane(project.folder(), "run road.ipf --engine mx --home '" + home.folder() + "'"),
-            0)
+  EXPECT_EQ(
+      test::runKorvane(project.folder(), "run road.ipf --engine mx --home '" + home.folder() + "'"),
+      0)
       << project.read("err.txt");
   EXPECT_TRUE(mx->configuration().modelExists("FROM CLI"));
   runInput("dele,FROM CLI\r\n");
   // MX's default class names are not registered here: a clear refusal.
-  EXPECT_EQ(test::runKorvane(project.folder(), "run road.ipf --engine mx --home '" +
-                                                   test::sourceDir() + "/data'"),
+  EXPECT_EQ(test::runKorvane(project.folder(),
+                             "run road.ipf --engine mx --home '" + test::sourceDir() + "/data'"),
             1);
   EXPECT_NE(project.read("err.txt").find("{587184BE-89FC-11D2-9CA5-00104B4B1633}"),
             std::string::npos)

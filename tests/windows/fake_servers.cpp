@@ -50,4 +50,11 @@ std::vector<std::string> recordedCalls(hosts::AutomationObject& object) {
 
 void resetFake(hosts::AutomationObject& object) { object.call("FakeReset"); }
 
+void quitFake(const hosts::AutoObject& object) {
+  try {
+    if (object) object->call("FakeQuit");
+  } catch (const hosts::AutomationError&) {
+  }
+}
+
 }  // namespace korvane::test

@@ -32,5 +32,8 @@ class RunningFakes {
 // The calls the server of `object` recorded since its last reset, one a line.
 std::vector<std::string> recordedCalls(hosts::AutomationObject& object);
 void resetFake(hosts::AutomationObject& object);
+// Ends the server of `object` (errors ignored: it may have ended already).
+// Under Wine a test process is not over until the servers it started are.
+void quitFake(const hosts::AutoObject& object);
 
 }  // namespace korvane::test

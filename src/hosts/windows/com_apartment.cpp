@@ -16,7 +16,9 @@ namespace {
 
 std::atomic<long long> g_limitMs{30000};
 std::mutex g_currentMutex;
-std::shared_ptr<ComApartment> g_current;
+// Never destroyed: at the end of the process the thread is ended with it,
+// without a CoUninitialize that could wait for an application.
+std::shared_ptr<ComApartment>& g_current = *new std::shared_ptr<ComApartment>;
 
 struct Completion {
   std::mutex mutex;

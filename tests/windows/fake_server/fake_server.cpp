@@ -4,7 +4,7 @@
 //   korvane_fake_servers /register        registers the classes (HKCR) for this program
 //   korvane_fake_servers /run PROGID...   stands as running instances of those classes
 //   korvane_fake_servers -Embedding       started by COM for a new object
-// It ends on FakeQuit, or after a minute without calls and objects.
+// It ends on FakeQuit, or after half a minute without calls.
 
 // windows.h first: the other Windows headers build on it.
 // clang-format off
@@ -90,6 +90,12 @@ int main() {
   LocalFree(argv);
   if (!args.empty() && args[0] == L"/register") return registerClasses();
 
+  // Started by COM, the server inherits its client's standard handles; a test
+  // runner would wait for them to close as long as the server lives.
+  for (DWORD h : {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE}) {
+    CloseHandle(GetStdHandle(h));
+    SetStdHandle(h, nullptr);
+  }
   CoInitialize(nullptr);
   std::vector<Factory*> factories;
   std::vector<DWORD> cookies;
@@ -120,11 +126,11 @@ int main() {
     }
   }
 
-  // Ends when told to, or when nobody has called for a minute.
+  // Ends when told to, or when nobody has called for half a minute.
   SetTimer(nullptr, 0, 1000, nullptr);
   MSG msg;
   while (GetMessageW(&msg, nullptr, 0, 0) > 0) {
-    if (msg.message == WM_TIMER && GetTickCount() - fake::lastActivity() > 60000) break;
+    if (msg.message == WM_TIMER && GetTickCount() - fake::lastActivity() > 30000) break;
     DispatchMessageW(&msg);
   }
   for (DWORD c : running) RevokeActiveObject(c, nullptr);
