@@ -1,7 +1,9 @@
 #include "compiler/expression.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 
 #include "base/conversions.h"
 #include "base/text.h"
@@ -105,13 +107,40 @@ std::string part(RunContext& ctx, std::string_view text) {
 // character; a text with none is a variable or stands for itself.
 std::string operands(RunContext& ctx, std::string_view expr) {
   static const char kOperators[] = "&+-*/^";
-  for (const char* op = kOperators; *op; ++op) {
-    const std::size_t at = expr.rfind(*op);
+  // The last place of each operator, found in one pass over the text.
+  std::size_t last[6];
+  std::fill(std::begin(last), std::end(last), std::string_view::npos);
+  for (std::size_t i = 0; i < expr.size(); ++i) {
+    switch (expr[i]) {
+      case '&':
+        last[0] = i;
+        break;
+      case '+':
+        last[1] = i;
+        break;
+      case '-':
+        last[2] = i;
+        break;
+      case '*':
+        last[3] = i;
+        break;
+      case '/':
+        last[4] = i;
+        break;
+      case '^':
+        last[5] = i;
+        break;
+      default:
+        break;
+    }
+  }
+  for (int k = 0; k < 6; ++k) {
+    const std::size_t at = last[k];
     if (at == std::string_view::npos || at + 1 >= expr.size()) continue;
     std::string l = part(ctx, expr.substr(0, at));
     std::string r = part(ctx, expr.substr(at + 1));
-    if (*op == '&') return l += r;
-    return conv::CStr(arithmetic(*op, conv::Val(l), conv::Val(r), expr));
+    if (k == 0) return l += r;
+    return conv::CStr(arithmetic(kOperators[k], conv::Val(l), conv::Val(r), expr));
   }
   return variableOrName(ctx, expr);
 }
