@@ -5,6 +5,7 @@
 
 #include <cstdio>
 
+#include "hosts/embedded/embedded_engine.h"
 #include "support/project.h"
 
 using namespace korvane;
@@ -97,6 +98,44 @@ TEST_F(ExtendedCommands, AStringMayCrossTwoHundredStringsNotMore) {
   rows.insert(rows.end() - 1, point(201, "GR01"));
   project.write("tmptrimsect.txt", report(rows));
   EXPECT_EQ(failure("ts.ipf"), c.ctx.messages.format("Runtime", "crossings", "S1", "200"));
+  EXPECT_FALSE(project.exists("tmptrimsect.txt"));
+}
+
+// Sections the engine makes along a road, trimmed back to the ground strings
+// next to the edges: the runs between the outer ground strings go.
+TEST(SectionsAlongARoad, TrimsectionCutsThemBackToTheInnerGroundStrings) {
+  test::TempProject project;
+  test::Compiler c{project, {}, test::EngineChoice::Embedded};
+  project.write("road.ipf",
+                "geni,ROAD\r\n001format(3f12.3)\r\n"
+                "080,MAST,,7=3\r\n     100.000     100.000     100.000\r\n     120.000     100.000 "
+                "    100.000\r\n       0.000       0.000       0.000\r\n"
+                "080,E001,,7=3\r\n     100.000     104.000      99.900\r\n     120.000     104.000 "
+                "     99.900\r\n       0.000       0.000       0.000\r\n"
+                "080,E002,,7=3\r\n     100.000      96.000      99.900\r\n     120.000      96.000 "
+                "     99.900\r\n       0.000       0.000       0.000\r\n"
+                "080,GR01,,7=3\r\n     100.000     112.000      99.000\r\n     120.000     112.000 "
+                "     99.000\r\n       0.000       0.000       0.000\r\n"
+                "080,GR02,,7=3\r\n     100.000     108.000      99.500\r\n     120.000     108.000 "
+                "     99.500\r\n       0.000       0.000       0.000\r\n"
+                "080,GR03,,7=3\r\n     100.000      92.000      99.500\r\n     120.000      92.000 "
+                "     99.500\r\n       0.000       0.000       0.000\r\n"
+                "080,GR04,,7=3\r\n     100.000      88.000      99.000\r\n     120.000      88.000 "
+                "     99.000\r\n       0.000       0.000       0.000\r\n"
+                "999\r\n");
+  ASSERT_TRUE(c.compile("road.ipf")) << c.ctx.stop.message;
+  auto& engine = static_cast<hosts::embedded::EmbeddedEngine&>(*c.embedded);
+  ASSERT_TRUE(engine.makeSections("ROAD", "MAST", "SECT", {}).ok());
+  project.write("trim.ipf", "trimsection,SECT\r\ninic=\"X\",mask1=\"GR\"\r\n");
+  ASSERT_TRUE(c.compile("trim.ipf")) << c.ctx.stop.message;
+  for (const char* label : {"X001", "X002", "X003"}) {
+    hosts::embedded::ModelString s;
+    std::string error;
+    ASSERT_TRUE(engine.loadString("SECT", label, s, error)) << error;
+    Lines crossed;
+    for (const auto& p : s.points) crossed.push_back(hosts::embedded::dimText(p, 5));
+    EXPECT_EQ(crossed, (Lines{"GR02", "E001", "MAST", "E002", "GR03"})) << label;
+  }
   EXPECT_FALSE(project.exists("tmptrimsect.txt"));
 }
 
