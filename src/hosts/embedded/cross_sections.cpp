@@ -107,7 +107,9 @@ bool crossSections(const ModelString& master, const std::vector<ModelString>& st
   }
   const std::vector<Station> at = stations(master, request.interval);
   const std::size_t digits = 4 - request.prefix.size();
-  const std::size_t limit = std::min<std::size_t>(kMaxSections, std::pow(10, digits) - 1);
+  std::size_t limit = 1;  // the largest running number the digits hold
+  for (std::size_t i = 0; i < digits; ++i) limit *= 10;
+  limit = std::min(kMaxSections, limit - 1);
   for (const Station& s : at) {
     const Xy from{s.at.x + request.halfWidth * s.left.x, s.at.y + request.halfWidth * s.left.y};
     const Xy to{s.at.x - request.halfWidth * s.left.x, s.at.y - request.halfWidth * s.left.y};
