@@ -5,12 +5,6 @@
 
 namespace korvane::commands {
 
-void labelmove(DirectiveCall&, const std::string&, const std::string&) {
-  throw RuntimeFailure("notavail", "labelmove");
-}
-void trimsection(CallContext&, const std::string&) {
-  throw RuntimeFailure("notavail", "trimsection");
-}
 void superelevation(DirectiveCall&, const std::string&) {
   throw RuntimeFailure("notavail", "superelevation");
 }

@@ -11,6 +11,10 @@ void CallContext::assign(std::string_view list) { applyAssignments(ctx_, list); 
 std::string CallContext::variable(std::string_view name) const {
   return variableOrName(ctx_, name);
 }
+std::string CallContext::substitute(std::string line) {
+  substituteLine(ctx_, line);
+  return line;
+}
 void CallContext::writeLine(std::string_view line) {
   if (ctx_.output.channel() == Channel::Print) ctx_.sources.forget();
   ctx_.output.writeLine(line);

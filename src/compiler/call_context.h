@@ -26,6 +26,9 @@ class CallContext {
   void assign(std::string_view list);  // "name=expr,name=expr,"
   // The value of a variable, or its name when it is not defined.
   std::string variable(std::string_view name) const;
+  // The line with every |expr| replaced by its value, as the compile pass
+  // substitutes the lines it reads.
+  std::string substitute(std::string line);
 
   // The compiled output, and making it take effect.
   void writeLine(std::string_view line);
