@@ -174,9 +174,12 @@ void applyAssignments(RunContext& ctx, std::string_view list) {
     if (eq == std::string_view::npos) break;
     std::string name = text::trim(list.substr(pos, eq - pos));
     pos = eq + 1;
-    std::string value = Evaluate(ctx, nextFieldView(list, pos));
-    ctx.vars.set(name, std::move(value));
+    assignVariable(ctx, name, nextFieldView(list, pos));
   }
+}
+
+void assignVariable(RunContext& ctx, const std::string& name, std::string_view value) {
+  ctx.vars.set(name, Evaluate(ctx, value));
 }
 
 void substituteLine(RunContext& ctx, std::string& line) {
