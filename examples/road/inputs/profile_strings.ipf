@@ -3,6 +3,7 @@
 ## the design rises 16 per mille from 1+000 to a change of grade at 1+050 and
 ## falls 10 per mille from there to 1+100.
 ##   korvane run "inputs/road.ipf [main]" inputs/profile_strings.ipf
+## The panel file road_ls.ipd in the project folder draws them (LongDraw).
 geni,DESIGN M1
 001format(3f12.3)
 003,ordr,4=1,1,2,3
