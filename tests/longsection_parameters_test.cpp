@@ -100,7 +100,7 @@ TEST(LongsectionValidation, EachProblemGetsItsMessage) {
   p.startChainage = "120";
   p.endChainage = "80";
   p.sheetSize = "Custom";
-  p.sheetHeight = 80;  // margins 20, bands 60: no room for the graph
+  p.sheetHeight = 80;  // margins 20, bands 100: no room for the graph
   p.referenceModel.clear();
   const auto problems = longsection::validate(p, nullptr, texts);
   const std::vector<std::string> expected = {texts.text("Longsection", "nomodel"),

@@ -32,7 +32,7 @@ struct Parameters {
   bool gradeChangeColumns = true;
   std::string datumLevel;  // empty: rounded down below the lowest level drawn
   double textHeight = 2.5;
-  double bandHeight = 12;      // each of the five bands under the graph
+  double bandHeight = 20;      // each of the five bands: room for a turned chainage
   double bandTitleWidth = 45;  // the column of band titles at the left
   std::string groundLineType = "CONTINUOUS";
   std::string designLineType = "CONTINUOUS";

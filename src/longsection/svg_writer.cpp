@@ -73,7 +73,8 @@ std::string svgOf(const Drawing& d) {
   std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
   out += "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + num(w) + "mm\" height=\"" + num(h) +
          "mm\" viewBox=\"0 0 " + num(w) + " " + num(h) + "\">\n";
-  out += "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
+  out += "<rect x=\"0\" y=\"0\" width=\"" + num(w) + "\" height=\"" + num(h) +
+         "\" fill=\"#ffffff\"/>\n";
   for (const DrawPolyline& l : d.lines) {
     out += l.closed ? "<polygon" : "<polyline";
     out += " points=\"";

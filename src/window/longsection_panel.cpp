@@ -153,7 +153,7 @@ void LongsectionPanel::build() {
     ++row;
   };
   pair("hscale", hscale_, "vscale", vscale_);
-  pair("size", size_, "sheet", orientation_);
+  pair("size", size_, "orient", orientation_);
   pair("width", width_, "height", height_);
   grid->addWidget(new QLabel(text("margins")), row++, 0, 1, 4);
   pair("left", left_, "right", right_);
