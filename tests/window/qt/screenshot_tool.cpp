@@ -143,6 +143,8 @@ void longsectionPanel() {
   shoot(panel, "longsection-panel");
   LongsectionPreview* preview = panel->previewWidget();
   preview->setParent(nullptr);
+  panel->hide();  // nothing of the windows behind it in the picture
+  w.hide();
   preview->move(60, 60);
   preview->resize(1200, 520);
   preview->show();
