@@ -45,7 +45,7 @@ TEST_F(Failures, EachKindOfBadLineHasItsOwnMessage) {
       {"let,x=abs(y),\r\n", "mismatch"},
       {"if a=1\r\n", "then"},
       {"labelmove,a,b\r\norder=2341\r\nA001\r\nend\r\n", "notavail"},
-      {"crea,|xlget(book,a1)|\r\n", "notavail"},
+      {"crea,|pls(1)|\r\n", "notavail"},
   };
   for (auto [content, key] : cases) {
     project.write("bad.ipf", content);
