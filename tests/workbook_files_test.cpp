@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "hosts/workbook/cell_reference.h"
 #include "hosts/workbook/typed_entry.h"
 #include "support/process.h"
@@ -165,6 +167,27 @@ TEST_F(WorkbookFiles, MacrosNeedExcel) {
   EXPECT_EQ(c.ctx.stop.message, c.ctx.text("Messages", "s8"));
   EXPECT_FALSE(compile("ditch_pips,T\r\nbasexls=ditch.xlsx\r\n"));
   EXPECT_EQ(c.ctx.stop.message, c.ctx.text("Messages", "s12"));
+}
+
+// The example project reads its design parameters from excel/design.xlsx and
+// writes MAST's plan length (6 points 20 m apart: 100) into it.
+TEST(ExampleWorkbook, TheExampleReadsItsParametersAndWritesItsResult) {
+  test::TempProject project;
+  std::filesystem::copy(test::sourceDir() + "/examples/road", project.folder(),
+                        std::filesystem::copy_options::recursive);
+  const std::string home = "KORVANE_HOME='" + test::sourceDir() + "/data'";
+  ASSERT_EQ(test::runKorvane(project.folder(), "models import survey/ground.genio GROUND", home), 0)
+      << project.read("err.txt");
+  ASSERT_EQ(test::runKorvane(project.folder(),
+                             "compile 'inputs/road.ipf [main]' 'inputs/road.ipf [excel]'", home),
+            0)
+      << project.read("err.txt");
+  const std::string out = project.read("out.txt");
+  EXPECT_NE(out.find("   Design speed 60 km/h, lane 3.25 m, edge offset 3.5 m\r\n"),
+            std::string::npos)
+      << out;
+  EXPECT_NE(out.find("   MAST plan length 100 written to the sheet Results\r\n"), std::string::npos)
+      << out;
 }
 
 TEST(TypedEntries, StoredAsExcelStoresWhatIsTypedIntoACell) {
