@@ -49,6 +49,12 @@ def excel_like(book):
         b'<Relationship Type="%s/sharedStrings" Target="sharedStrings.xml" Id="rIdS"/></Relationships>' % REL)
     parts['[Content_Types].xml'] = parts['[Content_Types].xml'].replace(b'</Types>',
         b'<Override PartName="/xl/sharedStrings.xml" ContentType="application/vnd.openxmlformats-officedocument.spreadsheetml.sharedStrings+xml"/></Types>')
+    # and it lists the formulas in its calculation chain
+    parts['xl/calcChain.xml'] = (XML + '<calcChain xmlns="%s"><c r="C3" i="1"/><c r="D3"/></calcChain>' % MAIN).encode()
+    parts[rels] = parts[rels].replace(b'</Relationships>',
+        b'<Relationship Type="%s/calcChain" Target="calcChain.xml" Id="rIdC"/></Relationships>' % REL)
+    parts['[Content_Types].xml'] = parts['[Content_Types].xml'].replace(b'</Types>',
+        b'<Override PartName="/xl/calcChain.xml" ContentType="application/vnd.openxmlformats-officedocument.spreadsheetml.calcChain+xml"/></Types>')
     with zipfile.ZipFile(book, 'w', zipfile.ZIP_DEFLATED) as z:
         for name, data in parts.items():
             z.writestr(name, data)
@@ -61,7 +67,7 @@ if sys.argv[1] == 'make':
     p.title = 'Params'
     p.append(['Name', 'Value'])
     p.append(['width', 3.5])
-    p.append(['label', '\u00e1rok', '=B2*2'])
+    p.append(['label', '\u00e1rok', '=B2*2', '=B2+1'])
     r = wb.create_sheet('Results')
     r['A1'] = 'Result'
     r['A1'].font = Font(bold=True)
@@ -72,7 +78,11 @@ if sys.argv[1] == 'make':
 before = eval(open(sys.argv[3]).read())
 after = entries()
 changed = sorted(n for n in after if before.get(n) != after[n])
-assert changed == ['xl/sharedStrings.xml', 'xl/worksheets/sheet2.xml'], changed
+assert changed == ['xl/calcChain.xml', 'xl/sharedStrings.xml', 'xl/worksheets/sheet1.xml',
+                   'xl/worksheets/sheet2.xml'], changed
+with zipfile.ZipFile(book) as z:
+    chain = z.read('xl/calcChain.xml').decode()
+assert '<c r="D3" i="1"/></calcChain>' in chain and 'C3' not in chain, chain
 wb = openpyxl.load_workbook(book)
 r = wb['Results']
 assert r['A2'].value == 7, repr(r['A2'].value)
@@ -81,7 +91,7 @@ assert r['C2'].value == '=Params!B2*2', repr(r['C2'].value)
 assert r['A3'].value == '0012', repr(r['A3'].value)
 assert r['A1'].value == 'Result' and r['A1'].font.b, 'A1 changed'
 p = wb['Params']
-assert [c.value for c in p[3]] == ['label', '\u00e1rok', '=B2*2'], [c.value for c in p[3]]
+assert [c.value for c in p[3]] == ['label', '\u00e1rok', 42, '=B2+1'], [c.value for c in p[3]]
 print('read back')
 )py";
 
@@ -118,6 +128,7 @@ TEST_F(WorkbookFiles, WhatXlputWritesXlgetAndOpenpyxlReadBack) {
               "xlput,params.xlsx,Results,2,2,\"sz\xE9less\xE9g\"\r\n"
               "xlput,params.xlsx,Results,2,3,\"=Params!B2*2\"\r\n"
               "xlput,params.xlsx,Results,3,1,\"'0012\"\r\n"
+              "xlput,params.xlsx,Params,3,3,42\r\n"
               "#back=xlget(params.xlsx,a2,Results)\r\n"
               "#text=xlget(params.xlsx,Results!$B$2:C9)\r\n"
               "#lead=xlget(params.xlsx,A3,Results)\r\n"

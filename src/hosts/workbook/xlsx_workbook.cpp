@@ -101,11 +101,14 @@ XlsxWorkbook::XlsxWorkbook(const std::string& path) : zip_(path) {
     const auto type = rels.typeById.find(id);
     if (target == rels.byId.end() || type == rels.typeById.end() || type->second != "worksheet")
       continue;  // chart and dialog sheets are no worksheets
-    sheets_.push_back({cp::fromUtf8(s.attribute("name").value()), target->second, nullptr});
+    sheets_.push_back({cp::fromUtf8(s.attribute("name").value()), target->second,
+                       s.attribute("sheetId").as_uint(), nullptr});
   }
   if (sheets_.empty()) throw WorkbookError(Reason::Unreadable, path, "no worksheet");
   const auto shared = rels.byType.find("sharedStrings");
   if (shared != rels.byType.end() && zip_.has(shared->second)) sharedPart_ = shared->second;
+  const auto chain = rels.byType.find("calcChain");
+  if (chain != rels.byType.end() && zip_.has(chain->second)) chainPart_ = chain->second;
 }
 
 std::size_t XlsxWorkbook::sheet(const std::string& name) const {
@@ -203,6 +206,29 @@ std::uint32_t XlsxWorkbook::addSharedString(const std::string& utf8) {
   return index;
 }
 
+// Excel repairs a workbook whose calculation chain names a cell without a
+// formula: a cell whose formula is overwritten leaves the chain.
+bool XlsxWorkbook::dropFromChain(unsigned sheetId, CellAddress cell,
+                                 std::map<std::string, std::string>& changed) {
+  if (chainPart_.empty()) return false;
+  pugi::xml_document doc;
+  loadPart(doc, zip_, chainPart_);
+  const std::string address = addressText(cell);
+  unsigned current = 0;  // an entry without "i" is on the sheet of the entry before it
+  for (pugi::xml_node e = doc.document_element().first_child(); e; e = e.next_sibling()) {
+    if (localName(e) != "c") continue;
+    if (pugi::xml_attribute i = e.attribute("i")) current = i.as_uint();
+    if (current != sheetId || std::string_view(e.attribute("r").value()) != address) continue;
+    pugi::xml_node next = e.next_sibling();
+    while (next && localName(next) != "c") next = next.next_sibling();
+    if (next && !next.attribute("i")) next.append_attribute("i") = current;
+    doc.document_element().remove_child(e);
+    changed[chainPart_] = savePart(doc);
+    return true;
+  }
+  return false;
+}
+
 std::string XlsxWorkbook::value(std::size_t s, CellAddress cell) {
   const pugi::xml_node c = findCell(sheetData(s), cell, false);
   if (!c) return {};
@@ -237,6 +263,7 @@ std::int32_t XlsxWorkbook::lastRow(std::size_t s) {
 
 void XlsxWorkbook::put(std::size_t s, CellAddress cell, const TypedEntry& entry) {
   pugi::xml_node c = findCell(sheetData(s), cell, true);
+  const bool hadFormula = child(c, "f");
   for (const char* local : {"f", "v", "is"})
     while (pugi::xml_node old = child(c, local)) c.remove_child(old);
   for (const char* attr : {"t", "cm", "vm"}) c.remove_attribute(attr);
@@ -265,6 +292,7 @@ void XlsxWorkbook::put(std::size_t s, CellAddress cell, const TypedEntry& entry)
   widenDimension(sheet.doc->document_element(), cell);
   std::map<std::string, std::string> changed{{sheet.part, savePart(*sheet.doc)}};
   if (sharedChanged) changed[sharedPart_] = savePart(*sharedDoc_);
+  if (hadFormula && entry.kind != TypedEntry::Kind::Formula) dropFromChain(sheet.id, cell, changed);
   zip_.save(changed);
 }
 

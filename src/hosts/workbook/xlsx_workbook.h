@@ -38,16 +38,20 @@ class XlsxWorkbook {
   struct Sheet {
     std::string name;  // users' code page
     std::string part;
+    unsigned id = 0;  // the workbook's sheetId, by which the calculation chain names it
     std::unique_ptr<pugi::xml_document> doc;  // read when first used
   };
   pugi::xml_node sheetData(std::size_t sheet);
   pugi::xml_node findCell(pugi::xml_node data, CellAddress cell, bool create);
   const std::vector<std::string>& sharedStrings();
   std::uint32_t addSharedString(const std::string& utf8);
+  bool dropFromChain(unsigned sheetId, CellAddress cell,
+                     std::map<std::string, std::string>& changed);
 
   ZipPackage zip_;
   std::vector<Sheet> sheets_;
   std::string sharedPart_;  // "" when the workbook keeps no shared strings
+  std::string chainPart_;   // Excel's calculation chain, "" when there is none
   std::unique_ptr<pugi::xml_document> sharedDoc_;
   std::vector<std::string> shared_;  // UTF-8, as stored
 };
