@@ -21,6 +21,11 @@ void CallContext::writeLine(std::string_view line) {
 }
 void CallContext::flushAndRun() { korvane::flushAndRun(ctx_); }
 
+hosts::ExcelHost& CallContext::excel(std::string_view what) const {
+  if (!ctx_.excel) throw RuntimeFailure("notavail", std::string(what));
+  return *ctx_.excel;
+}
+
 hosts::AutoObject CallContext::autocad() {
   if (!ctx_.autocad) throw StopMessage("s15", "");  // no AutoCAD on this machine
   return ctx_.autocad(ctx_);

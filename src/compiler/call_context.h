@@ -58,6 +58,11 @@ class CallContext {
 
   // The running AutoCAD's application object; a StopMessage when there is none.
   hosts::AutoObject autocad();
+  // Excel (or the workbook files where no Excel runs); a run-time failure
+  // naming `what` when this build has neither.
+  hosts::ExcelHost& excel(std::string_view what) const;
+  // Excel, or null when this build has none.
+  hosts::ExcelHost* excelHost() const { return ctx_.excel; }
 
  private:
   RunContext& ctx_;

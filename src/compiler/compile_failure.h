@@ -17,6 +17,7 @@
 #include "base/messages.h"
 #include "compiler/source_map.h"
 #include "hosts/automation.h"
+#include "hosts/excel.h"
 
 namespace korvane {
 
@@ -82,6 +83,9 @@ RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string
 // The run-time failure for a call to another program that failed: the object
 // and member, and why in the language file's words.
 RuntimeFailure failureFromAutomation(const Messages& messages, const hosts::AutomationError& e);
+
+// The run-time failure for a workbook that cannot be used as asked.
+RuntimeFailure failureFromWorkbook(const hosts::WorkbookError& e);
 
 // The full text shown for a failure: a message as it stands (with MX's error and
 // the place of the flush for a run MX did not finish); a run-time failure with

@@ -218,6 +218,10 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     RuntimeFailure f = failureFromAutomation(ctx.messages, e);
     locate(f, call);
     throw f;
+  } catch (const hosts::WorkbookError& e) {
+    RuntimeFailure f = failureFromWorkbook(e);
+    locate(f, call);
+    throw f;
   }
 }
 

@@ -86,6 +86,8 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
   out.automation = hosts::makeAutomationSystem();
   ctx.players = makeCadPlayers(*out.automation);
   ctx.autocad = autoCadFinder(*out.automation);
+  out.excel = hosts::makeExcelHost(*out.automation);
+  ctx.excel = out.excel.get();
   out.failureStatus = 0;
   return true;
 }
