@@ -44,11 +44,8 @@ TEST_F(Failures, EachKindOfBadLineHasItsOwnMessage) {
       {"crea,|len(1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16)|\r\n", "args"},
       {"let,x=abs(y),\r\n", "mismatch"},
       {"if a=1\r\n", "then"},
-      {"superelevation,ROAD
-speed=60
-", "notavail"},
-      {"crea,|pls(1)|
-", "notavail"},
+      {"superelevation,ROAD\r\nspeed=60\r\n", "notavail"},
+      {"crea,|pls(1)|\r\n", "notavail"},
   };
   for (auto [content, key] : cases) {
     project.write("bad.ipf", content);
