@@ -45,13 +45,7 @@ void labelmove(DirectiveCall& d, const std::string& source, const std::string& t
   ctx.writeLine("over," + file.path() + ",genio");
   ctx.writeLine("geni," + source);
   writeSelection(d);
-  ctx.writeLine("019,4=-1");
-  ctx.writeLine("081");
-  ctx.writeLine("999");
-  ctx.writeLine("over,,genio");
-  ctx.flushAndRun();
-
-  const std::vector<std::string> lines = file.lines();
+  const std::vector<std::string> lines = file.run(ctx);
   ctx.writeLine("geni," + target);
   for (std::size_t i = 1; i < lines.size(); ++i) {  // the first line is the banner
     const std::string line = relabelHeader(lines[i], *order);

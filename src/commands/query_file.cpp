@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "base/fs.h"
+#include "compiler/call_context.h"
 #include "compiler/compile_failure.h"
 
 namespace korvane::commands {
@@ -11,6 +12,15 @@ QueryFile::~QueryFile() { remove(); }
 
 void QueryFile::remove() {
   if (fs::fileExists(path_)) fs::removeFile(path_);
+}
+
+std::vector<std::string> QueryFile::run(CallContext& ctx) const {
+  ctx.writeLine("019,4=-1");
+  ctx.writeLine("081");
+  ctx.writeLine("999");
+  ctx.writeLine("over,,genio");
+  ctx.flushAndRun();
+  return lines();
 }
 
 std::vector<std::string> QueryFile::lines() const {

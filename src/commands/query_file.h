@@ -6,6 +6,10 @@
 #include <string>
 #include <vector>
 
+namespace korvane {
+class CallContext;
+}
+
 namespace korvane::commands {
 
 class QueryFile {
@@ -20,6 +24,10 @@ class QueryFile {
   // when the engine wrote no file.
   std::vector<std::string> lines() const;
   void remove();
+  // Ends the GENIO request written so far (every string of the selection,
+  // output, end of block, output back to the listing), runs the MX input and
+  // answers with what the engine wrote into the file.
+  std::vector<std::string> run(CallContext& ctx) const;
 
  private:
   std::string path_;

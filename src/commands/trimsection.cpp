@@ -53,13 +53,7 @@ void trimsection(CallContext& ctx, const std::string& model) {
   ctx.writeLine("001,FORMAT (4F12.3,A4)");
   ctx.writeLine("003,ordr,4=1,1,2,3,4,5");
   ctx.writeLine("019," + selection + ",4=1");
-  ctx.writeLine("019,4=-1");
-  ctx.writeLine("081");
-  ctx.writeLine("999");
-  ctx.writeLine("over,,genio");
-  ctx.flushAndRun();
-
-  const std::vector<std::string> lines = file.lines();
+  const std::vector<std::string> lines = file.run(ctx);
   ctx.writeLine("   " + ctx.text("Outputs", "s3"));
   ctx.writeLine("edit," + model);
   std::string label;
