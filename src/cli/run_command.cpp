@@ -19,6 +19,7 @@
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
+#include "cli/warnings.h"
 #include "hosts/embedded/embedded_engine.h"
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
@@ -39,7 +40,8 @@ void print(const std::string& cpText, bool newline = true) {
 
 class TerminalProgress final : public RunProgress {
  public:
-  explicit TerminalProgress(const RunContext& ctx) : ctx_(ctx), tty_(::isatty(fileno(stdout))) {}
+  TerminalProgress(const RunContext& ctx, Warnings* warnings)
+      : ctx_(ctx), warnings_(warnings), tty_(::isatty(fileno(stdout))) {}
   void entryStarted(std::size_t i, std::size_t n, const std::string& entry) override {
     print("[" + std::to_string(i + 1) + "/" + std::to_string(n) + "] " +
           ctx_.messages.format("Cli", "entry", entry));
@@ -56,10 +58,12 @@ class TerminalProgress final : public RunProgress {
   void entryFinished(std::size_t, bool) override {
     if (open_) print("");
     open_ = false;
+    if (warnings_) warnings_->print();
   }
 
  private:
   const RunContext& ctx_;
+  Warnings* warnings_;
   bool tty_;
   bool open_ = false;
 };
@@ -122,7 +126,7 @@ void printSummary(const RunContext& ctx, const FolderState& before,
 struct RunOptions {
   std::vector<std::string> words;
   SessionOptions session;
-  bool saveOne = false, saveSep = false, keepScripts = false;
+  bool saveOne = false, saveSep = false, keepScripts = false, warnings = false;
 };
 
 int runRun(RunOptions o, const std::vector<std::string>& entries) {
@@ -146,7 +150,9 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
 
   const FolderState filesBefore = folderState(ctx.projectFolder);
   const auto modelsBefore = models(ctx.engine);
-  TerminalProgress progress(ctx);
+  std::unique_ptr<Warnings> warnings;
+  if (o.warnings) warnings = std::make_unique<Warnings>(ctx);
+  TerminalProgress progress(ctx, warnings.get());
   RunOutcome outcome = runEntries(ctx, entries, settings, &progress);
   printSummary(ctx, filesBefore, modelsBefore);
   if (outcome.stopped) {
@@ -167,6 +173,7 @@ void addOptions(CLI::App* cmd, RunOptions& o) {
   cmd->add_flag("--keep-scripts", o.keepScripts, cliText("h_keepscripts"));
   cmd->add_option("--answer", o.session.answers, cliText("h_answer"));
   addPresetOption(cmd, o.session.presets);
+  addWarningsOption(cmd, o.warnings);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "compiler/run_context.h"
 
@@ -21,6 +22,9 @@ std::string Evaluate(RunContext& ctx, std::string_view expr);
 
 // Applies "name=expr,name=expr," to the variable table.
 void applyAssignments(RunContext& ctx, std::string_view list);
+
+// The names that an assignment list assigns, in order, without evaluating it.
+std::vector<std::string> assignmentNames(std::string_view list);
 
 // Replaces every |expr| of the line by its value, searching again from the
 // start after each replacement.

@@ -26,12 +26,14 @@ struct Insert {
 };
 
 // Reads the next data row of the caller's file: skips "##" lines; false at
-// "end" (any case) or at the end of the file.
+// "end" (any case) or at the end of the file, which the observers hear of:
+// every line after the rows was taken as one.
 bool nextRow(CompileCall& call, std::string& row) {
   while (call.readLine(row)) {
     if (text::startsWith(row, "##")) continue;
     return !cp::equalsIgnoreCase(text::trim(row), "end");
   }
+  call.ctx.observers.notify([](CompileObserver& w) { w.rowsWithoutEnd(); });
   return false;
 }
 

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "base/messages.h"
+#include "compiler/compile_observer.h"
 #include "compiler/compiled_output.h"
 #include "compiler/source_cache.h"
 #include "compiler/source_map.h"
@@ -159,7 +160,9 @@ struct CompileState {
   CompiledOutput output;
   SourceCache sources;  // input files read in this run, until something may change them
   SaveFiles save;
-  int engineRuns = 0;  // MX runs of the current entry
+  int engineRuns = 0;          // MX runs of the current entry
+  CompileObservers observers;  // diagnostics and progress
+  int barDepth = 0;            // inside |...| of a line
 };
 
 struct RunContext : RunEnvironment, CompileState {};
