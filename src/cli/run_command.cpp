@@ -7,6 +7,7 @@
 
 #include <CLI/CLI.hpp>
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
@@ -24,6 +25,7 @@
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
 #include "shell/driver.h"
+#include "shell/progress_meter.h"
 #include "shell/project_guard.h"
 
 namespace korvane::cli {
@@ -38,34 +40,53 @@ void print(const std::string& cpText, bool newline = true) {
   std::fflush(stdout);
 }
 
+// Progress on standard output: the entry, then on a terminal one live line
+// (where the compile stands, lines compiled, MX runs) redrawn a few times a
+// second; elsewhere a plain line now and then and one for each MX run.
 class TerminalProgress final : public RunProgress {
  public:
-  TerminalProgress(const RunContext& ctx, Warnings* warnings)
-      : ctx_(ctx), warnings_(warnings), tty_(::isatty(fileno(stdout))) {}
+  TerminalProgress(RunContext& ctx, Warnings* warnings)
+      : ctx_(ctx),
+        warnings_(warnings),
+        tty_(::isatty(fileno(stdout))),
+        meter_(ctx.messages, tty_ ? std::chrono::milliseconds(200) : std::chrono::seconds(10),
+               [this](const std::string& text) { show(text); }) {
+    ctx_.observers.add(&meter_);
+  }
+  ~TerminalProgress() override { ctx_.observers.remove(&meter_); }
   void entryStarted(std::size_t i, std::size_t n, const std::string& entry) override {
+    meter_.startEntry();
     print("[" + std::to_string(i + 1) + "/" + std::to_string(n) + "] " +
           ctx_.messages.format("Cli", "entry", entry));
   }
   void engineRun(std::size_t, int run) override {
-    const std::string line = "      " + ctx_.messages.format("Cli", "mxrun", std::to_string(run));
-    if (tty_) {
-      print("\r" + line, false);  // one line that counts up
-      open_ = true;
-    } else {
-      print(line);
-    }
+    meter_.engineRun(run);
+    if (!tty_) print("      " + ctx_.messages.format("Cli", "mxrun", std::to_string(run)));
   }
   void entryFinished(std::size_t, bool) override {
-    if (open_) print("");
+    if (open_) {
+      show(meter_.text());  // the counts the entry ended with
+      print("");
+    }
     open_ = false;
     if (warnings_) warnings_->print();
   }
 
  private:
-  const RunContext& ctx_;
+  void show(const std::string& text) {
+    if (tty_) {
+      print("\r      " + text + "\x1b[K", false);  // one line, redrawn in place
+      open_ = true;
+    } else {
+      print("      " + text);
+    }
+  }
+
+  RunContext& ctx_;
   Warnings* warnings_;
   bool tty_;
   bool open_ = false;
+  ProgressMeter meter_;
 };
 
 // What the project folder holds: name -> (size, time).
