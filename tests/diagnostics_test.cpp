@@ -67,6 +67,9 @@ TEST(Diagnostics, EachKindAtItsPlaceWithTheCloseWord) {
                     "   1.5 2.5\n"
                     "#n=len(\"abc\")+2\n"
                     "if mode=left then side=1\n"
+                    "#f1=2\n"
+                    "#y=K1\n"             // a label, though close to f1
+                    "crea,|len(MAST)|\n"  // an argument is often a plain word
                     "crea,|n|\n")
                 .size(),
             6u);

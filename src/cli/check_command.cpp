@@ -1,5 +1,6 @@
 // korvane check: compiles entries only to report what looks wrong in them.
-// Without --engine no engine runs, so the check changes no model.
+// It asks the same engine as compile and run, so that model queries answer
+// as they will in the run; --engine none runs nothing and changes no model.
 #include <CLI/CLI.hpp>
 
 #include "cli/cli_texts.h"
@@ -20,7 +21,7 @@ int runCheck(CheckOptions o) {
   int status = 0;
   const std::vector<std::string> entries = entriesFromWords(o.words);
   if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
-  auto session = Session::open(o.session, hosts::EngineKind::None, status);
+  auto session = Session::open(o.session, hosts::defaultEngineKind(), status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
   Warnings warnings(ctx);

@@ -16,6 +16,9 @@
 namespace korvane {
 namespace {
 
+// Names shorter than this, outside |...|, are too often labels (K1, f1).
+constexpr std::size_t kShortestNearName = 4;
+
 // Where `word` stands in `raw` (1-based), ignoring case; a match must not be
 // part of a longer name. 0 when it is not there as written (it may have come
 // from a substitution).
@@ -145,9 +148,9 @@ void Diagnostics::unassignedName(const std::string& name, bool inBars) {
   for (const auto& [n, v] : vars_.entries())
     if (!isTemporaryName(n)) names.push_back(n);
   std::string near = text::closestWord(name, names);
-  // Outside |...| a word that is no variable is usually meant as text; only
-  // one close to a variable is worth a word.
-  if (!inBars && near.empty()) return;
+  // Outside |...| a word that is no variable is usually meant as text (a
+  // label, a model's name); only a longer one close to a variable is worth a word.
+  if (!inBars && (near.empty() || name.size() < kShortestNearName)) return;
   add(Finding::Kind::Variable, name, columnOf(p->raw, name), {}, std::move(near));
 }
 

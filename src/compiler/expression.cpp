@@ -225,6 +225,14 @@ void splitFields(RunContext& ctx, std::string_view line) {
 }
 
 void evaluateArguments(RunContext& ctx, std::string_view argumentText) {
+  // Arguments are often plain words (model names, labels), even inside |...|.
+  const int bars = ctx.barDepth;
+  ctx.barDepth = 0;
+  struct Restore {
+    int& depth;
+    int value;
+    ~Restore() { depth = value; }
+  } restore{ctx.barDepth, bars};
   ctx.args.fill(std::string());
   std::size_t pos = 0;
   int n = 0;
