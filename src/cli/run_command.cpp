@@ -3,6 +3,7 @@
 // batch form `korvane ENTRY`, where the words make one run entry.
 #include "shell/run_command.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
@@ -92,11 +93,29 @@ class TerminalProgress final : public RunProgress {
 // What the project folder holds: name -> (size, time).
 using FolderState = std::map<std::string, std::pair<std::uintmax_t, std::int64_t>>;
 
+// True for the files our own standard output and error are redirected to:
+// the shell wrote those, not the run.
+bool isOwnOutput(const std::filesystem::path& p) {
+#ifdef _WIN32
+  (void)p;
+  return false;
+#else
+  struct stat file {};
+  if (::stat(p.c_str(), &file) != 0) return false;
+  for (int fd : {1, 2}) {
+    struct stat out {};
+    if (::fstat(fd, &out) == 0 && out.st_dev == file.st_dev && out.st_ino == file.st_ino)
+      return true;
+  }
+  return false;
+#endif
+}
+
 FolderState folderState(const std::string& folder) {
   FolderState s;
   std::error_code ec;
   for (const auto& e : std::filesystem::directory_iterator(fs::native(folder), ec)) {
-    if (!e.is_regular_file(ec)) continue;
+    if (!e.is_regular_file(ec) || isOwnOutput(e.path())) continue;
     const std::string name = e.path().filename().string();
     if (name.rfind("korvane-models.db-", 0) == 0) continue;  // the store's companions
     s[fs::fromNative(e.path().filename())] = {e.file_size(ec),
