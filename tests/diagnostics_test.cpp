@@ -91,13 +91,15 @@ TEST(Diagnostics, DataRowsWithoutEndAndMissingSections) {
   w.project.write("row.ipm", "repeat\ncrea,R|f1|\nendrepeat\n");
   w.project.write("parts.ipm", "[main]\ncrea,M\n[other]\ncrea,O\n");
   const auto& found = w.check("rows.ipf",
+                              "#station=1\n"
                               "insert,row\n"
                               "repeat=single\n"
                               "   1\n"
+                              "stations\n"  // a word in a row is text, however close to a name
                               "999\n");
   ASSERT_EQ(found.size(), 1u);
   EXPECT_EQ(found[0].kind, Kind::Rows);
-  EXPECT_EQ(found[0].line, 1);  // the insert line that read the rows
+  EXPECT_EQ(found[0].line, 2);  // the insert line that read the rows
   // With "end" the rows say nothing.
   EXPECT_EQ(w.check("ended.ipf", "insert,row\nrepeat=single\n   1\nend\n999\n").size(), 1u);
 

@@ -18,6 +18,8 @@ namespace {
 
 // Names shorter than this, outside |...|, are too often labels (K1, f1).
 constexpr std::size_t kShortestNearName = 4;
+// Distinct words outside |...| weighed in a run before the rest are let pass.
+constexpr std::size_t kMaxWeighed = 10000;
 
 // Where `word` stands in `raw` (1-based), ignoring case; a match must not be
 // part of a longer name. 0 when it is not there as written (it may have come
@@ -73,6 +75,7 @@ Diagnostics::Diagnostics(const LanguageTables* language, const VariableTable& va
 void Diagnostics::clear() {
   findings_.clear();
   seen_.clear();
+  weighed_.clear();
   dropped_ = 0;
 }
 
@@ -144,13 +147,18 @@ void Diagnostics::unassignedName(const std::string& name, bool inBars) {
   const Frame* p = place();
   if (!p) return;
   if (seen_.count({static_cast<int>(Finding::Kind::Variable), p->file, p->line, name})) return;
+  // Outside |...| each word is weighed once a run: data rows repeat their
+  // words many thousand times, and each weighing goes over every variable.
+  if (!inBars && (name.size() < kShortestNearName || weighed_.size() >= kMaxWeighed ||
+                  !weighed_.insert(name).second))
+    return;
   std::vector<std::string> names;
   for (const auto& [n, v] : vars_.entries())
     if (!isTemporaryName(n)) names.push_back(n);
   std::string near = text::closestWord(name, names);
   // Outside |...| a word that is no variable is usually meant as text (a
   // label, a model's name); only a longer one close to a variable is worth a word.
-  if (!inBars && (near.empty() || name.size() < kShortestNearName)) return;
+  if (!inBars && near.empty()) return;
   add(Finding::Kind::Variable, name, columnOf(p->raw, name), {}, std::move(near));
 }
 

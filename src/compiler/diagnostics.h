@@ -11,6 +11,7 @@
 #include <set>
 #include <string>
 #include <tuple>
+#include <unordered_set>
 #include <vector>
 
 #include "base/messages.h"
@@ -84,6 +85,7 @@ class Diagnostics final : public CompileObserver {
   std::vector<Finding> findings_;
   std::size_t dropped_ = 0;
   std::set<std::tuple<int, std::string, long, std::string>> seen_;
+  std::unordered_set<std::string> weighed_;  // words outside |...| already weighed
 };
 
 // One finding as a line of text: the place, what was found and, when close,

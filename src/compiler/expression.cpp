@@ -130,7 +130,7 @@ std::string operands(RunContext& ctx, std::string_view expr) {
     return conv::CStr(arithmetic(*op, conv::Val(l), conv::Val(r), expr));
   }
   if (const std::string* v = ctx.vars.find(expr)) return *v;
-  if (!ctx.observers.empty() && looksLikeName(expr)) {
+  if (!ctx.observers.empty() && ctx.rowDepth == 0 && looksLikeName(expr)) {
     const bool inBars = ctx.barDepth > 0;
     ctx.observers.notify([&](CompileObserver& w) { w.unassignedName(std::string(expr), inBars); });
   }

@@ -41,6 +41,11 @@ std::string fieldName(int i, const char* suffix) { return "f" + std::to_string(i
 
 // Splits a data row and assigns its fields to f1<suffix> .. f14<suffix>.
 void assignRow(RunContext& ctx, const std::string& row, const char* suffix) {
+  struct InRow {
+    int& depth;
+    explicit InRow(int& d) : depth(d) { ++depth; }
+    ~InRow() { --depth; }
+  } inRow(ctx.rowDepth);
   splitFields(ctx, row);
   for (int i = 1; i <= kRowFields; ++i)
     applyAssignments(ctx, fieldName(i, suffix) + "=" + ctx.fields[i - 1] + ",");

@@ -163,6 +163,7 @@ struct CompileState {
   int engineRuns = 0;          // MX runs of the current entry
   CompileObservers observers;  // diagnostics and progress
   int barDepth = 0;            // inside |...| of a line
+  int rowDepth = 0;            // in the values of a data row, which are text, not names
 };
 
 struct RunContext : RunEnvironment, CompileState {};
