@@ -108,3 +108,22 @@ TEST_F(DailyUse, AUtf8FileWithoutAMarkIsReadAsUtf8AndOutputsStayWindows1250) {
 }
 
 }  // namespace
+
+namespace {
+
+// The shell's redirections of the run's own output lie in the project folder
+// too; the run did not write them.
+TEST_F(DailyUse, TheRunSummaryListsOnlyFilesTheRunWrote) {
+  project.write("a.ipf", "crea,A\n");
+  ASSERT_EQ(run("run a.ipf --lang en"), 0) << err();
+  const std::string out = project.read("out.txt");
+  const std::string head = en.format("Cli", "summary_files", "");
+  const std::size_t at = out.find(head);
+  ASSERT_NE(at, std::string::npos) << out;
+  const std::string files = out.substr(at + head.size(), out.find('\n', at) - at - head.size());
+  EXPECT_NE(files.find("tmpinput.txt"), std::string::npos) << files;
+  EXPECT_EQ(files.find("out.txt"), std::string::npos) << files;
+  EXPECT_EQ(files.find("err.txt"), std::string::npos) << files;
+}
+
+}  // namespace

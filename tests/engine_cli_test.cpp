@@ -3,8 +3,10 @@
 
 #include <cstdlib>
 
+#include "base/messages.h"
 #include "support/engine.h"
 #include "support/process.h"
+#include "support/project.h"
 
 namespace {
 
@@ -25,6 +27,17 @@ class EngineCli : public korvane::testing::EngineTest {
   std::string project() const { return " --project " + folder_.string(); }
 
   std::string out_, err_;
+  korvane::Messages en{korvane::test::sourceDir() + "/data/English.lng"};
+  // The headings line of `models show` of a model, and of one of its strings.
+  std::string stringsHead() {
+    return en.text("Cli", "col_label") + "\t" + en.text("Cli", "col_dims") + "\t" +
+           en.text("Cli", "col_points") + "\n";
+  }
+  std::string pointsHead() {
+    std::string h = en.text("Cli", "col_point");
+    for (const char* d : {"1", "2", "3"}) h += "\t" + en.format("Cli", "col_dim", d);
+    return h + "\n";
+  }
 };
 
 const char* const kGenio =
@@ -51,23 +64,40 @@ TEST_F(EngineCli, ImportListShowExportDelete) {
   ASSERT_EQ(korvane("models import " + path("in.txt") + " \"Site Plan\"" + project()), 0) << err_;
   ASSERT_EQ(korvane("models list" + project()), 0) << err_;
   EXPECT_EQ(out_, "Site Plan\t2\t5\n");
-  ASSERT_EQ(korvane("models show \"site plan\"" + project()), 0) << err_;
-  EXPECT_EQ(out_, "E001\t3\t2\nE002\t3\t3\n");
-  ASSERT_EQ(korvane("models show \"Site Plan\" e002" + project()), 0) << err_;
-  EXPECT_EQ(out_, "1\t7\t8\t9\tbreak\n2\t10\t11\t12\n3\t13\t14\t15\n");
+  ASSERT_EQ(korvane("models show \"site plan\" --lang en" + project()), 0) << err_;
+  EXPECT_EQ(out_, stringsHead() + "E001\t3\t2\nE002\t3\t3\n");
+  ASSERT_EQ(korvane("models show \"Site Plan\" e002 --lang en" + project()), 0) << err_;
+  EXPECT_EQ(out_, pointsHead() + "1\t7\t8\t9\tbreak\n2\t10\t11\t12\n3\t13\t14\t15\n");
 
   ASSERT_EQ(korvane("models export \"Site Plan\" -o " + path("out.txt") + project()), 0) << err_;
   ASSERT_EQ(korvane("models import " + path("out.txt") + " COPY" + project()), 0) << err_;
-  ASSERT_EQ(korvane("models show COPY E002" + project()), 0) << err_;
-  EXPECT_EQ(out_, "1\t7\t8\t9\tbreak\n2\t10\t11\t12\n3\t13\t14\t15\n");
+  ASSERT_EQ(korvane("models show COPY E002 --lang en" + project()), 0) << err_;
+  EXPECT_EQ(out_, pointsHead() + "1\t7\t8\t9\tbreak\n2\t10\t11\t12\n3\t13\t14\t15\n");
   ASSERT_EQ(korvane("models export COPY" + project()), 0) << err_;
   EXPECT_NE(out_.find("0.13000000000000000D+020.14000000000000000D+020.15000000000000000D+02\n"),
             std::string::npos);
 
-  ASSERT_EQ(korvane("models delete COPY" + project()), 0) << err_;
+  ASSERT_EQ(korvane("models delete COPY --lang en" + project()), 0) << err_;
+  EXPECT_EQ(out_,
+            en.format("Cli", "deleted", "COPY", en.format("Cli", "model_counts", "2", "5")) + "\n");
   EXPECT_EQ(korvane("models delete COPY" + project()), 1);
   EXPECT_NE(err_.find("COPY"), std::string::npos) << err_;  // the language file says there is none
   EXPECT_EQ(korvane("models show COPY" + project()), 1);
+}
+
+TEST_F(EngineCli, AFailedImportLeavesNoModelBehind) {
+  // The records begin well and go wrong on the fourth line.
+  write("bad.txt", "001FORMAT(3F12.3)\n003,ORDR,4=1,1,2,3\n080,E001\ngarbage\n");
+  EXPECT_EQ(korvane("models import " + path("bad.txt") + " BAD" + project()), 1);
+  EXPECT_NE(err_.find("garbage"), std::string::npos) << err_;
+  ASSERT_EQ(korvane("models list" + project()), 0) << err_;
+  EXPECT_EQ(out_, "");
+  // A model that was there before a failed import into it stays.
+  write("in.txt", kGenio);
+  ASSERT_EQ(korvane("models import " + path("in.txt") + " KEEP" + project()), 0) << err_;
+  EXPECT_EQ(korvane("models import " + path("bad.txt") + " KEEP" + project()), 1);
+  ASSERT_EQ(korvane("models list" + project()), 0) << err_;
+  EXPECT_EQ(out_.substr(0, 5), "KEEP\t");
 }
 
 TEST_F(EngineCli, ExecPrintsListingAndReportsEngineErrors) {

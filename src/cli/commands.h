@@ -11,6 +11,7 @@ class App;
 
 namespace korvane::cli {
 
+void addCheckCommand(CLI::App& app);
 void addCompileCommand(CLI::App& app);
 void addModelsCommand(CLI::App& app);
 void addRunCommand(CLI::App& app);
@@ -18,6 +19,9 @@ void addSectionsCommand(CLI::App& app);
 
 // Options that every command that compiles takes: -D NAME=VALUE.
 void addPresetOption(CLI::App* cmd, std::vector<std::string>& presets);
+
+// --warnings: the check command's warnings, printed as the compile goes.
+void addWarningsOption(CLI::App* cmd, bool& warnings);
 
 // Batch mode: the words after the program name, joined by blanks, are one run entry.
 int runBatch(const std::vector<std::string>& words);

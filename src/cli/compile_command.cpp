@@ -11,6 +11,7 @@
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
+#include "cli/warnings.h"
 #include "shell/driver.h"
 #include "shell/project_guard.h"
 
@@ -22,6 +23,7 @@ struct CompileOptions {
   SessionOptions session;
   std::string output;
   std::string varsFile;
+  bool warnings = false;
 };
 
 int runCompile(CompileOptions o) {
@@ -58,8 +60,13 @@ int runCompile(CompileOptions o) {
     out->write(record.data(), static_cast<std::streamsize>(record.size()));
   });
 
-  for (const auto& entry : entries)
-    if (!ApplyOneFile(ctx, entry)) break;
+  std::unique_ptr<Warnings> warnings;
+  if (o.warnings) warnings = std::make_unique<Warnings>(ctx);
+  for (const auto& entry : entries) {
+    const bool ok = ApplyOneFile(ctx, entry);
+    if (warnings) warnings->print();
+    if (!ok) break;
+  }
   out->flush();
   int result = 0;
   if (!*out) {
@@ -96,6 +103,7 @@ void addCompileCommand(CLI::App& app) {
   cmd->add_option("--engine", o->session.engine, cliText("h_engine"));
   cmd->add_option("--answer", o->session.answers, cliText("h_answer"));
   addPresetOption(cmd, o->session.presets);
+  addWarningsOption(cmd, o->warnings);
   cmd->callback([o] { setExitCode(runCompile(*o)); });
 }
 

@@ -96,6 +96,7 @@ int main(int argc, char** argv) {
   app.fallthrough();
   app.require_subcommand(1);
   addCompileCommand(app);
+  addCheckCommand(app);
   addRunCommand(app);
   addSectionsCommand(app);
   addModelsCommand(app);

@@ -84,6 +84,13 @@ std::unique_ptr<EmbeddedEngine> openEngine() {
   return engine;
 }
 
+// A line of column headings ("Cli" keys), tab-separated like the rows.
+void heading(std::initializer_list<const char*> keys) {
+  std::string line;
+  for (const char* k : keys) line += (line.empty() ? "" : "\t") + messages().text("Cli", k);
+  std::cout << terminal(line) << '\n';
+}
+
 int fail(const std::string& message) {
   std::cerr << "korvane models: " << terminal(message) << "\n";
   return kEngineError;
@@ -104,6 +111,7 @@ int show(EmbeddedEngine& e) {
   if (args().label.empty()) {
     std::vector<hosts::embedded::StringRow> rows;
     if (!e.strings(model, rows, error)) return fail(error);
+    heading({"col_label", "col_dims", "col_points"});
     for (const auto& r : rows)
       std::cout << terminal(r.header.label) << '\t' << r.header.dimension << '\t' << r.pointCount
                 << '\n';
@@ -111,6 +119,12 @@ int show(EmbeddedEngine& e) {
   }
   hosts::embedded::ModelString s;
   if (!e.loadString(model, cp::fromUtf8(args().label), s, error)) return fail(error);
+  std::size_t dims = 3;
+  for (const auto& p : s.points) dims = std::max(dims, p.dims.size());
+  std::string head = messages().text("Cli", "col_point");
+  for (std::size_t d = 1; d <= dims; ++d)
+    head += "\t" + messages().format("Cli", "col_dim", std::to_string(d));
+  std::cout << terminal(head) << '\n';
   for (std::size_t i = 0; i < s.points.size(); ++i) {
     const auto& p = s.points[i];
     std::cout << i + 1;
@@ -136,18 +150,39 @@ int report(const hosts::MxRunResult& r) {
   return kEngineError;
 }
 
-// What a model holds after a command loaded strings into it.
-int printCounts(EmbeddedEngine& e, const std::string& model) {
+// "N strings, M points" of a model; false when it cannot be read.
+bool counts(EmbeddedEngine& e, const std::string& model, std::string& text) {
   std::vector<hosts::embedded::StringRow> rows;
   std::string error;
-  if (!e.strings(model, rows, error)) return fail(error);
+  if (!e.strings(model, rows, error)) {
+    text = error;
+    return false;
+  }
   long points = 0;
   for (const auto& r : rows) points += r.pointCount;
-  std::cout << terminal(model + ": " +
-                        messages().format("Cli", "model_counts", std::to_string(rows.size()),
-                                          std::to_string(points)))
-            << "\n";
+  text =
+      messages().format("Cli", "model_counts", std::to_string(rows.size()), std::to_string(points));
+  return true;
+}
+
+// What a model holds after a command loaded strings into it.
+int printCounts(EmbeddedEngine& e, const std::string& model) {
+  std::string text;
+  if (!counts(e, model, text)) return fail(text);
+  std::cout << terminal(model + ": " + text) << "\n";
   return kOk;
+}
+
+int import(EmbeddedEngine& e) {
+  const std::string model = cp::fromUtf8(args().model);
+  const bool existed = e.modelExists(model);
+  int rc = report(e.importGenio(args().file, model));
+  if (rc != kOk) {
+    // The model the failed import began is not left behind empty.
+    if (!existed && e.modelExists(model)) e.runLines({"dele," + model}, "korvane models import");
+    return rc;
+  }
+  return printCounts(e, model);
 }
 
 int import(EmbeddedEngine& e) {
@@ -184,7 +219,11 @@ int exportModel(EmbeddedEngine& e) {
 int remove(EmbeddedEngine& e) {
   const std::string model = cp::fromUtf8(args().model);
   if (!e.modelExists(model)) return fail(messages().format("Cli", "no_model", model));
-  return report(e.runLines({"dele," + model}, "korvane models delete"));
+  std::string text;
+  if (!counts(e, model, text)) return fail(text);
+  const int rc = report(e.runLines({"dele," + model}, "korvane models delete"));
+  if (rc == kOk) std::cout << terminal(messages().format("Cli", "deleted", model, text)) << "\n";
+  return rc;
 }
 
 int exec(EmbeddedEngine& e) {

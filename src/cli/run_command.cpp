@@ -3,10 +3,12 @@
 // batch form `korvane ENTRY`, where the words make one run entry.
 #include "shell/run_command.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
@@ -19,10 +21,12 @@
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
+#include "cli/warnings.h"
 #include "hosts/embedded/embedded_engine.h"
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
 #include "shell/driver.h"
+#include "shell/progress_meter.h"
 #include "shell/project_guard.h"
 
 namespace korvane::cli {
@@ -37,41 +41,81 @@ void print(const std::string& cpText, bool newline = true) {
   std::fflush(stdout);
 }
 
+// Progress on standard output: the entry, then on a terminal one live line
+// (where the compile stands, lines compiled, MX runs) redrawn a few times a
+// second; elsewhere a plain line now and then and one for each MX run.
 class TerminalProgress final : public RunProgress {
  public:
-  explicit TerminalProgress(const RunContext& ctx) : ctx_(ctx), tty_(::isatty(fileno(stdout))) {}
+  TerminalProgress(RunContext& ctx, Warnings* warnings)
+      : ctx_(ctx),
+        warnings_(warnings),
+        tty_(::isatty(fileno(stdout))),
+        meter_(ctx.messages, tty_ ? std::chrono::milliseconds(200) : std::chrono::seconds(10),
+               [this](const std::string& text) { show(text); }) {
+    ctx_.observers.add(&meter_);
+  }
+  ~TerminalProgress() override { ctx_.observers.remove(&meter_); }
   void entryStarted(std::size_t i, std::size_t n, const std::string& entry) override {
+    meter_.startEntry();
     print("[" + std::to_string(i + 1) + "/" + std::to_string(n) + "] " +
           ctx_.messages.format("Cli", "entry", entry));
   }
   void engineRun(std::size_t, int run) override {
-    const std::string line = "      " + ctx_.messages.format("Cli", "mxrun", std::to_string(run));
-    if (tty_) {
-      print("\r" + line, false);  // one line that counts up
-      open_ = true;
-    } else {
-      print(line);
-    }
+    meter_.engineRun(run);
+    if (!tty_) print("      " + ctx_.messages.format("Cli", "mxrun", std::to_string(run)));
   }
   void entryFinished(std::size_t, bool) override {
-    if (open_) print("");
+    if (open_) {
+      show(meter_.text());  // the counts the entry ended with
+      print("");
+    }
     open_ = false;
+    if (warnings_) warnings_->print();
   }
 
  private:
-  const RunContext& ctx_;
+  void show(const std::string& text) {
+    if (tty_) {
+      print("\r      " + text + "\x1b[K", false);  // one line, redrawn in place
+      open_ = true;
+    } else {
+      print("      " + text);
+    }
+  }
+
+  RunContext& ctx_;
+  Warnings* warnings_;
   bool tty_;
   bool open_ = false;
+  ProgressMeter meter_;
 };
 
 // What the project folder holds: name -> (size, time).
 using FolderState = std::map<std::string, std::pair<std::uintmax_t, std::int64_t>>;
 
+// True for the files our own standard output and error are redirected to:
+// the shell wrote those, not the run.
+bool isOwnOutput(const std::filesystem::path& p) {
+#ifdef _WIN32
+  (void)p;
+  return false;
+#else
+  struct stat file {};
+  if (::stat(p.c_str(), &file) != 0) return false;
+  for (int fd : {1, 2}) {
+    struct stat out {};
+    if (::fstat(fd, &out) == 0 && out.st_dev == file.st_dev && out.st_ino == file.st_ino)
+      return true;
+  }
+  return false;
+#endif
+}
+
 FolderState folderState(const std::string& folder) {
   FolderState s;
   std::error_code ec;
   for (const auto& e : std::filesystem::directory_iterator(fs::native(folder), ec)) {
-    if (!e.is_regular_file(ec)) continue;
+    if (!e.is_regular_file(ec) || isOwnOutput(e.path())) continue;
     const std::string name = e.path().filename().string();
     if (name.rfind("korvane-models.db-", 0) == 0) continue;  // the store's companions
     s[fs::fromNative(e.path().filename())] = {e.file_size(ec),
@@ -122,7 +166,7 @@ void printSummary(const RunContext& ctx, const FolderState& before,
 struct RunOptions {
   std::vector<std::string> words;
   SessionOptions session;
-  bool saveOne = false, saveSep = false, keepScripts = false;
+  bool saveOne = false, saveSep = false, keepScripts = false, warnings = false;
 };
 
 int runRun(RunOptions o, const std::vector<std::string>& entries) {
@@ -146,7 +190,9 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
 
   const FolderState filesBefore = folderState(ctx.projectFolder);
   const auto modelsBefore = models(ctx.engine);
-  TerminalProgress progress(ctx);
+  std::unique_ptr<Warnings> warnings;
+  if (o.warnings) warnings = std::make_unique<Warnings>(ctx);
+  TerminalProgress progress(ctx, warnings.get());
   RunOutcome outcome = runEntries(ctx, entries, settings, &progress);
   printSummary(ctx, filesBefore, modelsBefore);
   if (outcome.stopped) {
@@ -167,6 +213,7 @@ void addOptions(CLI::App* cmd, RunOptions& o) {
   cmd->add_flag("--keep-scripts", o.keepScripts, cliText("h_keepscripts"));
   cmd->add_option("--answer", o.session.answers, cliText("h_answer"));
   addPresetOption(cmd, o.session.presets);
+  addWarningsOption(cmd, o.warnings);
 }
 
 }  // namespace

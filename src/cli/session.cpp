@@ -117,6 +117,10 @@ void addPresetOption(CLI::App* cmd, std::vector<std::string>& presets) {
   cmd->add_option("-D,--define", presets, cliText("h_define"))->allow_extra_args(false);
 }
 
+void addWarningsOption(CLI::App* cmd, bool& warnings) {
+  cmd->add_flag("--warnings", warnings, cliText("h_warnings"));
+}
+
 std::unique_ptr<Session> Session::open(const SessionOptions& options,
                                        hosts::EngineKind defaultEngine, int& status) {
   auto s = std::make_unique<Session>();

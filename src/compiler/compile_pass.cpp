@@ -24,6 +24,17 @@ struct SourceFrame {
   ~SourceFrame() { map.leave(); }
 };
 
+// Tells the observers that a file is read, and left again however the call ends.
+struct ObservedFile {
+  const CompileObservers& observers;
+  ObservedFile(const CompileObservers& o, const std::string& file) : observers(o) {
+    observers.notify([&](CompileObserver& w) { w.fileEntered(file); });
+  }
+  ~ObservedFile() {
+    observers.notify([](CompileObserver& w) { w.fileLeft(); });
+  }
+};
+
 struct DepthGuard {
   RunContext& ctx;
   explicit DepthGuard(RunContext& c) : ctx(c) { ++ctx.depth; }
@@ -85,11 +96,16 @@ void prepare(RunContext& ctx, DirectiveCall& d, const std::string& keyword, cons
     ctx.output.writeLine("   " + ctx.messages.format("Outputs", p.announce, d.argument(1)));
   if (p.flushFirst) flushAndRun(ctx);
   if (p.readKeywordText) d.setKeywordText(d.compileCall().readKeywordText());
-  if (p.defaults != DefaultBlock::None)
+  if (p.defaults != DefaultBlock::None) {
+    ctx.observers.notify([](CompileObserver& w) { w.defaultBlockOpening(); });
     defaultBlock(ctx, keyword, p.defaults == DefaultBlock::WithKeywordText ? d.keywordText() : "");
+  }
   for (const std::string& list : p.assignments)
     applyAssignments(ctx, replaceAll(list, "%1", d.argument(1)));
   if (p.assignKeywordText) applyAssignments(ctx, d.keywordText());
+  if (p.defaults != DefaultBlock::None)
+    ctx.observers.notify(
+        [&](CompileObserver& w) { w.commandKeywordText(keyword, d.keywordText(), p.assignments); });
 }
 
 const DirectiveTable& directives(const RunContext& ctx) {
@@ -119,6 +135,7 @@ bool compileLine(CompileCall& call, const std::string& raw) {
   const std::string keyword = mayBeKeyword ? cp::lower(first) : std::string();
   const DirectiveRow* row = keyword.empty() ? nullptr : directives(ctx).find(keyword);
   if (!row) {
+    ctx.observers.notify([&](CompileObserver& w) { w.plainLine(mayBeKeyword ? first : ""); });
     writePlainLine(ctx, line);
     return false;
   }
@@ -192,11 +209,15 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   SourceFrame frame(ctx.sourceMap, found.fullName, pass);
 
   try {
-    if (!label.empty() && !seekLine(call, label)) throw StopMessage("s13", found.shownName, label);
+    if (!label.empty() && !seekLine(call, label)) {
+      ctx.observers.notify([&](CompileObserver& w) { w.sectionMissing(found.fullName, label); });
+      throw StopMessage("s13", found.shownName, label);
+    }
     const char* seek = mode == CompileMode::Repeating  ? "repeat"
                        : mode == CompileMode::Trailing ? "endrepeat"
                                                        : nullptr;
     if (seek && !seekLine(call, seek)) throw StopMessage("s14", seek);
+    ObservedFile observed(ctx.observers, found.fullName);
     std::string line;
     for (;;) {
       if (ctx.interrupted && ctx.interrupted->load()) throw RuntimeFailure("interrupted");
@@ -204,6 +225,7 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
       if (!call.readLine(line)) return;
       ctx.currentLine = call.rawLine = line;
       noteWhere(ctx, call);
+      ctx.observers.notify([&](CompileObserver& w) { w.lineRead(call.reader.lineNumber(), line); });
       if (!line.empty() && line[0] == '[') return;
       if (compileLine(call, line)) return;
     }

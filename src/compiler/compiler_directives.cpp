@@ -18,6 +18,7 @@ R nothing(DirectiveCall&) { return R::Continue; }
 // A `default` line assigns its keyword text, then what the caller passed down.
 R defaultLine(DirectiveCall& d) {
   CompileCall& call = d.compileCall();
+  call.ctx.observers.notify([&](CompileObserver& w) { w.defaultsApplied(d.keywordText()); });
   applyAssignments(call.ctx, d.keywordText());
   applyAssignments(call.ctx, call.assignText);
   return R::Continue;

@@ -94,6 +94,22 @@ std::string unquoted(std::string_view e) {
 
 std::string operands(RunContext& ctx, std::string_view expr);
 
+// A text that could be a variable's name: a letter or "_" first, then name
+// characters. Numbers and texts with blanks or signs are values of their own.
+bool looksLikeName(std::string_view e) {
+  if (e.empty() || (e[0] >= '0' && e[0] <= '9') || isTemporaryName(e)) return false;
+  for (char c : e)
+    if (!isNameCharacter(c)) return false;
+  return true;
+}
+
+// Counts the |...| stretches being evaluated, for the observers.
+struct InBars {
+  int& depth;
+  explicit InBars(int& d) : depth(d) { ++depth; }
+  ~InBars() { --depth; }
+};
+
 // A part of an expression that holds no "|" and no ")" any more: its value
 // needs no substitution and no function call, so it is read in place.
 std::string part(RunContext& ctx, std::string_view text) {
@@ -142,7 +158,12 @@ std::string operands(RunContext& ctx, std::string_view expr) {
     if (k == 0) return l += r;
     return conv::CStr(arithmetic(kOperators[k], conv::Val(l), conv::Val(r), expr));
   }
-  return variableOrName(ctx, expr);
+  if (const std::string* v = ctx.vars.find(expr)) return *v;
+  if (!ctx.observers.empty() && ctx.rowDepth == 0 && looksLikeName(expr)) {
+    const bool inBars = ctx.barDepth > 0;
+    ctx.observers.notify([&](CompileObserver& w) { w.unassignedName(std::string(expr), inBars); });
+  }
+  return std::string(expr);
 }
 
 }  // namespace
@@ -167,19 +188,40 @@ std::string Evaluate(RunContext& ctx, std::string& expr) {
   return operands(ctx, expr);
 }
 
+namespace {
+
+// The next pair of "name=expr,name=expr,": false when no "=" follows `pos`.
+bool nextAssignment(std::string_view list, std::size_t& pos, std::string& name,
+                    std::string_view& expr) {
+  if (pos >= list.size()) return false;
+  const std::size_t eq = list.find('=', pos);
+  if (eq == std::string_view::npos) return false;
+  name = text::trim(list.substr(pos, eq - pos));
+  pos = eq + 1;
+  expr = nextFieldView(list, pos);
+  return true;
+}
+
+}  // namespace
+
 void applyAssignments(RunContext& ctx, std::string_view list) {
   std::size_t pos = 0;
-  while (pos < list.size()) {
-    std::size_t eq = list.find('=', pos);
-    if (eq == std::string_view::npos) break;
-    std::string name = text::trim(list.substr(pos, eq - pos));
-    pos = eq + 1;
-    assignVariable(ctx, name, nextFieldView(list, pos));
-  }
+  std::string name;
+  std::string_view expr;
+  while (nextAssignment(list, pos, name, expr)) assignVariable(ctx, name, expr);
 }
 
 void assignVariable(RunContext& ctx, const std::string& name, std::string_view value) {
   ctx.vars.set(name, Evaluate(ctx, value));
+}
+
+std::vector<std::string> assignmentNames(std::string_view list) {
+  std::vector<std::string> names;
+  std::size_t pos = 0;
+  std::string name;
+  std::string_view expr;
+  while (nextAssignment(list, pos, name, expr)) names.push_back(name);
+  return names;
 }
 
 void substituteLine(RunContext& ctx, std::string& line) {
@@ -189,6 +231,7 @@ void substituteLine(RunContext& ctx, std::string& line) {
     if (b == std::string::npos) throw RuntimeFailure("bar");
     if (++rounds > kMaxSubstitutions) throw RuntimeFailure("bar");
     std::string inner = line.substr(a + 1, b - a - 1);
+    InBars bars(ctx.barDepth);
     std::string value = Evaluate(ctx, inner);
     line.replace(a, b - a + 1, value);
     if (line.size() > 16 * 65535) throw RuntimeFailure("linelen", std::to_string(16 * 65535));
@@ -201,9 +244,10 @@ void splitFields(RunContext& ctx, std::string_view line) {
     if (n == ctx.fields.size()) throw RuntimeFailure("fields");
     const std::string_view f = trimmed(nextFieldView(line, pos));
     std::string& field = ctx.fields[n++];
-    if (f.size() >= 2 && f.front() == '|' && f.back() == '|')
+    if (f.size() >= 2 && f.front() == '|' && f.back() == '|') {
+      InBars bars(ctx.barDepth);
       field = Evaluate(ctx, f.substr(1, f.size() - 2));
-    else
+    } else
       field.assign(f);  // keeps the slot's storage
     if (field == "if") break;
   } while (pos < line.size());
@@ -211,6 +255,14 @@ void splitFields(RunContext& ctx, std::string_view line) {
 }
 
 void evaluateArguments(RunContext& ctx, std::string_view argumentText) {
+  // Arguments are often plain words (model names, labels), even inside |...|.
+  const int bars = ctx.barDepth;
+  ctx.barDepth = 0;
+  struct Restore {
+    int& depth;
+    int value;
+    ~Restore() { depth = value; }
+  } restore{ctx.barDepth, bars};
   ctx.args.fill(std::string());
   std::size_t pos = 0;
   int n = 0;

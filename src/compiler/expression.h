@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "compiler/run_context.h"
 
@@ -23,6 +24,9 @@ std::string Evaluate(RunContext& ctx, std::string_view expr);
 void applyAssignments(RunContext& ctx, std::string_view list);
 // One assignment of such a list: `name` gets the value of the expression `value`.
 void assignVariable(RunContext& ctx, const std::string& name, std::string_view value);
+
+// The names that an assignment list assigns, in order, without evaluating it.
+std::vector<std::string> assignmentNames(std::string_view list);
 
 // Replaces every |expr| of the line by its value, searching again from the
 // start after each replacement.

@@ -34,7 +34,10 @@ std::string FunctionDispatch(RunContext& ctx, const std::string& expr, std::size
   open = start;
   evaluateArguments(ctx, inner);
   FunctionHandler handler = ctx.language ? ctx.language->functions.find(name) : nullptr;
-  if (!handler) return {};
+  if (!handler) {
+    ctx.observers.notify([&](CompileObserver& w) { w.unknownFunction(name); });
+    return {};
+  }
   CallContext call(ctx);
   return handler(call);
 }

@@ -14,6 +14,12 @@ FunctionHandler FunctionTable::find(std::string_view name) const {
   return it == rows_.end() ? nullptr : it->second;
 }
 
+std::vector<std::string> FunctionTable::names() const {
+  std::vector<std::string> out;
+  for (const auto& [name, handler] : rows_) out.push_back(name);
+  return out;
+}
+
 void DirectiveTable::add(std::string_view keyword, Preparation preparation,
                          DirectiveHandler handler) {
   if (keyword.size() > kLongestKeyword) throw std::logic_error("keyword too long");

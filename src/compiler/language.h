@@ -27,6 +27,7 @@ class FunctionTable {
   void add(std::string_view name, FunctionHandler handler);
   // The handler for a lower-case name, or null for a name that is no function.
   FunctionHandler find(std::string_view name) const;
+  std::vector<std::string> names() const;  // in alphabetical order
 
  private:
   std::map<std::string, FunctionHandler, std::less<>> rows_;

@@ -26,12 +26,14 @@ struct Insert {
 };
 
 // Reads the next data row of the caller's file: skips "##" lines; false at
-// "end" (any case) or at the end of the file.
+// "end" (any case) or at the end of the file, which the observers hear of:
+// every line after the rows was taken as one.
 bool nextRow(CompileCall& call, std::string& row) {
   while (call.readLine(row)) {
     if (text::startsWith(row, "##")) continue;
     return !cp::equalsIgnoreCase(text::trim(row), "end");
   }
+  call.ctx.observers.notify([](CompileObserver& w) { w.rowsWithoutEnd(); });
   return false;
 }
 
@@ -39,6 +41,11 @@ std::string fieldName(int i, const char* suffix) { return "f" + std::to_string(i
 
 // Splits a data row and assigns its fields to f1<suffix> .. f14<suffix>.
 void assignRow(RunContext& ctx, const std::string& row, const char* suffix) {
+  struct InRow {
+    int& depth;
+    explicit InRow(int& d) : depth(d) { ++depth; }
+    ~InRow() { --depth; }
+  } inRow(ctx.rowDepth);
   splitFields(ctx, row);
   for (int i = 1; i <= kRowFields; ++i)
     applyAssignments(ctx, fieldName(i, suffix) + "=" + ctx.fields[i - 1] + ",");

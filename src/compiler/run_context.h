@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "base/messages.h"
+#include "compiler/compile_observer.h"
 #include "compiler/compiled_output.h"
 #include "compiler/source_cache.h"
 #include "compiler/source_map.h"
@@ -161,7 +162,10 @@ struct CompileState {
   CompiledOutput output;
   SourceCache sources;  // input files read in this run, until something may change them
   SaveFiles save;
-  int engineRuns = 0;  // MX runs of the current entry
+  int engineRuns = 0;          // MX runs of the current entry
+  CompileObservers observers;  // diagnostics and progress
+  int barDepth = 0;            // inside |...| of a line
+  int rowDepth = 0;            // in the values of a data row, which are text, not names
 };
 
 struct RunContext : RunEnvironment, CompileState {};

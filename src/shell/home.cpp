@@ -26,6 +26,20 @@ std::string envText(const char* name) {
   return v ? fs::fromNative(std::filesystem::path(v)) : std::string();
 }
 
+// The settings and language files installed with the program: beside it in
+// "../share/korvane" wherever the installation was put, else where the build
+// meant to install them. Empty when neither holds a settings file.
+std::string installedDefaults() {
+  std::error_code ec;
+  const auto beside = std::filesystem::weakly_canonical(
+      fs::native(programFolder()) / ".." / "share" / "korvane", ec);
+  if (!ec && fs::fileExists(fs::join(fs::fromNative(beside), kSettingsName)))
+    return fs::fromNative(beside);
+  const std::string built = KORVANE_DATA_DIR;
+  if (!built.empty() && fs::fileExists(fs::join(built, kSettingsName))) return built;
+  return {};
+}
+
 // The per-user folder; the installed defaults are copied into it when it has
 // no settings file yet.
 std::string userFolder() {
@@ -38,8 +52,8 @@ std::string userFolder() {
   if (base.empty()) return {};
   std::string folder = fs::join(base, "korvane");
   if (fs::fileExists(fs::join(folder, kSettingsName))) return folder;
-  std::string defaults = KORVANE_DATA_DIR;
-  if (defaults.empty() || !fs::folderExists(defaults)) return folder;
+  const std::string defaults = installedDefaults();
+  if (defaults.empty()) return folder;
   std::error_code ec;
   std::filesystem::create_directories(fs::native(folder), ec);
   for (const auto& e : std::filesystem::directory_iterator(fs::native(defaults), ec)) {
@@ -82,7 +96,12 @@ bool resolveHome(const std::string& explicitHome, HomePaths& out, std::string& e
     home = programFolder();
     if (!fs::fileExists(fs::join(home, kSettingsName))) {
       std::string user = userFolder();
-      if (!user.empty()) home = user;
+      if (!user.empty() && fs::fileExists(fs::join(user, kSettingsName)))
+        home = user;
+      else if (std::string installed = installedDefaults(); !installed.empty())
+        home = installed;  // no per-user folder to be had: the installed files as they are
+      else if (!user.empty())
+        home = user;
     }
   }
   home = fs::withoutTrailingSeparator(fs::absolute(home));

@@ -1,0 +1,60 @@
+// korvane check: compiles entries only to report what looks wrong in them.
+// It asks the same engine as compile and run, so that model queries answer
+// as they will in the run; --engine none runs nothing and changes no model.
+#include <CLI/CLI.hpp>
+
+#include "cli/cli_texts.h"
+#include "cli/commands.h"
+#include "cli/session.h"
+#include "cli/warnings.h"
+#include "shell/driver.h"
+
+namespace korvane::cli {
+namespace {
+
+struct CheckOptions {
+  std::vector<std::string> words;
+  SessionOptions session;
+};
+
+int runCheck(CheckOptions o) {
+  int status = 0;
+  const std::vector<std::string> entries = entriesFromWords(o.words);
+  if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
+  auto session = Session::open(o.session, hosts::defaultEngineKind(), status);
+  if (!session) return status;
+  RunContext& ctx = session->ctx;
+  Warnings warnings(ctx);
+  bool stopped = false;
+  for (const auto& entry : entries) {
+    stopped = !ApplyOneFile(ctx, entry);
+    warnings.print();
+    if (stopped) {
+      printError(ctx.stop.message);
+      break;
+    }
+  }
+  if (!stopped && warnings.count() == 0) {
+    printError(ctx.messages.text("Check", "none"));
+    return 0;
+  }
+  if (warnings.count() > 0)
+    printError(ctx.messages.format("Check", "count", std::to_string(warnings.count())));
+  return 1;
+}
+
+}  // namespace
+
+void addCheckCommand(CLI::App& app) {
+  auto o = std::make_shared<CheckOptions>();
+  auto* cmd = app.add_subcommand("check", cliText("h_check"));
+  cmd->add_option("ENTRY", o->words, cliText("h_entry"))->required();
+  cmd->add_option("--project", o->session.project, cliText("h_project"));
+  cmd->add_option("--home", o->session.home, cliText("h_home"));
+  cmd->add_option("--engine", o->session.engine, cliText("h_engine"));
+  cmd->add_option("--answer", o->session.answers, cliText("h_answer"));
+  addPresetOption(cmd, o->session.presets);
+  cmd->callback([o] { setExitCode(runCheck(*o)); });
+}
+
+}  // namespace korvane::cli

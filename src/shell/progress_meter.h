@@ -1,0 +1,54 @@
+// Progress of a compile for a person watching: the file and line being
+// compiled, the lines compiled and the MX runs of the entry, handed out at
+// most once an interval so that a long run pays nothing for it.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/messages.h"
+#include "compiler/compile_observer.h"
+
+namespace korvane {
+
+class ProgressMeter final : public CompileObserver {
+ public:
+  using Clock = std::function<std::chrono::steady_clock::time_point()>;
+  using Show = std::function<void(const std::string& text)>;
+
+  // `show` gets the progress text at most once an `interval`.
+  ProgressMeter(
+      const Messages& messages, std::chrono::milliseconds interval, Show show,
+      Clock clock = [] { return std::chrono::steady_clock::now(); });
+
+  // A new entry: the counts start again.
+  void startEntry();
+  void engineRun(int run);
+  // The text as it stands now.
+  std::string text() const;
+  long linesCompiled() const { return lines_; }
+
+  void fileEntered(const std::string& fullName) override;
+  void fileLeft() override;
+  void lineRead(long line, const std::string& rawLine) override;
+
+ private:
+  void maybeShow();
+
+  const Messages& messages_;
+  std::chrono::milliseconds interval_;
+  Show show_;
+  Clock clock_;
+  std::chrono::steady_clock::time_point last_{};
+  struct Frame {
+    std::string file;
+    long line = 0;
+  };
+  std::vector<Frame> frames_;
+  long lines_ = 0;
+  int runs_ = 0;
+};
+
+}  // namespace korvane
