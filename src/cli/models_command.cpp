@@ -185,12 +185,6 @@ int import(EmbeddedEngine& e) {
   return printCounts(e, model);
 }
 
-int import(EmbeddedEngine& e) {
-  const std::string model = cp::fromUtf8(args().model);
-  int rc = report(e.importGenio(args().file, model));
-  return rc != kOk ? rc : printCounts(e, model);
-}
-
 int sections(EmbeddedEngine& e) {
   const std::string target = cp::fromUtf8(args().target);
   hosts::embedded::SectionRequest request = args().sections;
