@@ -71,6 +71,11 @@ TEST_F(Failures, AnInsertOfItselfStopsAtAFixedDepth) {
   std::string got = failure("a.ipf");
   EXPECT_NE(got.find("100"), std::string::npos);
   EXPECT_EQ(c.lines.size(), 99u);
+  // The insert that went one level too deep is named with its own text.
+  ASSERT_TRUE(c.ctx.failure);
+  EXPECT_EQ(c.ctx.failure->file, project.path("self.ipm"));
+  EXPECT_EQ(c.ctx.failure->line, 2);
+  EXPECT_EQ(c.ctx.failure->lineText, "insert,self.");
 }
 
 TEST_F(Failures, BinaryFilesAndHugeLinesAreRefused) {

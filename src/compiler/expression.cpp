@@ -43,6 +43,10 @@ double arithmetic(char op, double l, double r, std::string_view expr) {
 
 }  // namespace
 
+void checkTextLength(std::size_t length) {
+  if (length > kMaxTextLength) throw RuntimeFailure("textlen", std::to_string(kMaxTextLength));
+}
+
 std::string variableOrName(const RunContext& ctx, std::string_view name) {
   const std::string* v = ctx.vars.find(name);
   return v ? *v : std::string(name);
@@ -110,7 +114,10 @@ std::string operands(RunContext& ctx, std::string_view expr) {
     if (at == std::string_view::npos || at + 1 >= expr.size()) continue;
     std::string l = part(ctx, expr.substr(0, at));
     std::string r = part(ctx, expr.substr(at + 1));
-    if (*op == '&') return l += r;
+    if (*op == '&') {
+      checkTextLength(l.size() + r.size());
+      return l += r;
+    }
     return conv::CStr(arithmetic(*op, conv::Val(l), conv::Val(r), expr));
   }
   return variableOrName(ctx, expr);
@@ -159,7 +166,8 @@ void substituteLine(RunContext& ctx, std::string& line) {
     std::string inner = line.substr(a + 1, b - a - 1);
     std::string value = Evaluate(ctx, inner);
     line.replace(a, b - a + 1, value);
-    if (line.size() > 16 * 65535) throw RuntimeFailure("linelen", std::to_string(16 * 65535));
+    if (line.size() > kMaxTextLength)
+      throw RuntimeFailure("linelen", std::to_string(kMaxTextLength));
   }
 }
 
