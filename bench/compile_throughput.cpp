@@ -4,17 +4,12 @@
 
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
-#include "base/fs.h"
 #include "hosts/null_engine.h"
-#include "shell/driver.h"
-#include "shell/standard_language.h"
+#include "support/bench_project.h"
 
 using namespace korvane;
-namespace stdfs = std::filesystem;
 
 namespace {
 
@@ -25,32 +20,26 @@ struct Case {
   int linesPerRepeat;
 };
 
-void write(const stdfs::path& p, const std::string& s) { std::ofstream(p, std::ios::binary) << s; }
-
 long peakKiB() {
   rusage u{};
   getrusage(RUSAGE_SELF, &u);
   return u.ru_maxrss;
 }
 
-void run(const Case& c, const stdfs::path& dir, const std::string& home) {
+void run(const Case& c, const bench::BenchProject& project) {
   std::string plain;
   for (int i = 0; i < 1000; ++i) plain += "crea,plain model " + std::to_string(i) + "\r\n";
-  write(dir / "blk.ipm", std::string("repeat\r\n") + c.macro + "endrepeat\r\n");
-  write(dir / "main.ipf", plain + "insert,blk\r\nrepeat=" + std::to_string(c.repeats) + "\r\n");
+  project.write("blk.ipm", std::string("repeat\r\n") + c.macro + "endrepeat\r\n");
+  project.write("main.ipf", plain + "insert,blk\r\nrepeat=" + std::to_string(c.repeats) + "\r\n");
 
-  hosts::NullEngine engine(fs::fromNative(dir), {});
+  hosts::NullEngine engine(project.folder(), {});
   RunContext ctx;
-  ctx.projectFolder = fs::withTrailingSeparator(fs::fromNative(dir));
-  ctx.settingsPath = home + "/Korvane.ini";
-  ctx.messages = Messages(home + "/English.lng");
-  ctx.language = &standardLanguage();
-  ctx.engine = &engine;
+  project.prepare(ctx, &engine);
   long lines = 0;
   ctx.output.setMxTap([&](std::string_view) { ++lines; });
 
   auto t0 = std::chrono::steady_clock::now();
-  bool ok = ApplyOneFile(ctx, fs::fromNative(dir / "main.ipf"));
+  bool ok = ApplyOneFile(ctx, project.path("main.ipf"));
   double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
   std::printf("%-22s %9ld lines in %6.2f s = %10.0f lines/s  peak memory %ld KiB%s\n", c.name,
               lines, s, lines / s, peakKiB(), ok ? "" : "  (STOPPED)");
@@ -60,11 +49,7 @@ void run(const Case& c, const stdfs::path& dir, const std::string& home) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string home =
-      argc > 1 ? argv[1] : fs::fromNative(stdfs::path(argv[0]).parent_path() / ".." / "bin");
-  stdfs::path dir = stdfs::temp_directory_path() / "korvane-bench-compile";
-  stdfs::remove_all(dir);
-  stdfs::create_directories(dir);
+  bench::BenchProject project("korvane-bench-compile", argc, argv);
 
   const Case cases[] = {
       {"plain/expr/repeat",
@@ -76,7 +61,6 @@ int main(int argc, char** argv) {
        "#if find(\"xyz\",\"y\")=2 then ok=1\r\ncrea,|left(\"model\",3)|_|right(count,2)|\r\n",
        350000, 3},
   };
-  for (const auto& c : cases) run(c, dir, home);
-  stdfs::remove_all(dir);
+  for (const auto& c : cases) run(c, project);
   return 0;
 }

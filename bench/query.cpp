@@ -4,23 +4,19 @@
 // model. Prints milliseconds a query (flush-and-run included) per function.
 #include <chrono>
 #include <cstdio>
-#include <filesystem>
+#include <cstdlib>
 #include <fstream>
 
-#include "base/fs.h"
-#include "hosts/embedded/embedded_engine.h"
-#include "shell/driver.h"
-#include "shell/standard_language.h"
+#include "support/bench_project.h"
 
 using namespace korvane;
-namespace stdfs = std::filesystem;
 
 namespace {
 
 constexpr int kStrings = 100, kPointsPerString = 1000;
 
-void writeModel(const stdfs::path& file) {
-  std::ofstream out(file, std::ios::binary);
+void writeModel(const std::string& file) {
+  std::ofstream out(fs::native(file), std::ios::binary);
   out << "001format(3f12.3)\r\n";
   char line[64];
   for (int s = 0; s < kStrings; ++s) {
@@ -38,24 +34,13 @@ void writeModel(const stdfs::path& file) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::string home =
-      argc > 1 ? argv[1] : fs::fromNative(stdfs::path(argv[0]).parent_path() / ".." / "bin");
+  bench::BenchProject project("korvane-bench-query", argc, argv);
   const int repeats = argc > 2 ? std::atoi(argv[2]) : 50;
-  stdfs::path dir = stdfs::temp_directory_path() / "korvane-bench-query";
-  stdfs::remove_all(dir);
-  stdfs::create_directories(dir);
-  writeModel(dir / "model.genio");
-
-  hosts::EngineOptions options;
-  options.projectFolder = fs::fromNative(dir);
-  std::string error;
-  auto engine = hosts::embedded::EmbeddedEngine::create(options, error);
-  if (!engine) {
-    std::fprintf(stderr, "engine: %s\n", error.c_str());
-    return 1;
-  }
+  writeModel(project.path("model.genio"));
+  auto* engine = project.startEngine();
+  if (!engine) return 1;
   auto t0 = std::chrono::steady_clock::now();
-  hosts::MxRunResult loaded = engine->importGenio(fs::fromNative(dir / "model.genio"), "BIG");
+  hosts::MxRunResult loaded = engine->importGenio(project.path("model.genio"), "BIG");
   if (!loaded.ok()) {
     std::fprintf(stderr, "import: %s\n", loaded.error.c_str());
     return 1;
@@ -70,17 +55,13 @@ int main(int argc, char** argv) {
       "getfreelabel(BIG,s)"};
   bool allOk = true;
   for (const char* q : queries) {
-    std::ofstream(dir / "q.ipm", std::ios::binary)
-        << "repeat\r\ndele,no model |count|\r\n#v=" << q << "\r\nendrepeat\r\n";
-    std::ofstream(dir / "main.ipf", std::ios::binary) << "insert,q\r\nrepeat=" << repeats << "\r\n";
+    project.write("q.ipm",
+                  std::string("repeat\r\ndele,no model |count|\r\n#v=") + q + "\r\nendrepeat\r\n");
+    project.write("main.ipf", "insert,q\r\nrepeat=" + std::to_string(repeats) + "\r\n");
     RunContext ctx;
-    ctx.projectFolder = fs::withTrailingSeparator(options.projectFolder);
-    ctx.settingsPath = home + "/Korvane.ini";
-    ctx.messages = Messages(home + "/English.lng");
-    ctx.language = &standardLanguage();
-    ctx.engine = engine.get();
+    project.prepare(ctx, engine);
     auto t = std::chrono::steady_clock::now();
-    const bool ok = ApplyOneFile(ctx, fs::fromNative(dir / "main.ipf"));
+    const bool ok = ApplyOneFile(ctx, project.path("main.ipf"));
     double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t).count();
     const std::string* v = ctx.vars.find("v");
     std::printf("%-34s %7.2f ms a query (flush-and-run included)  = %s%s\n", q, 1000 * s / repeats,
@@ -88,7 +69,5 @@ int main(int argc, char** argv) {
     if (!ok) std::printf("  %s\n", ctx.stop.message.c_str());
     allOk = allOk && ok;
   }
-  engine.reset();
-  stdfs::remove_all(dir);
   return allOk ? 0 : 1;
 }

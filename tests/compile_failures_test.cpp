@@ -57,8 +57,8 @@ TEST_F(Failures, EachKindOfBadLineHasItsOwnMessage) {
       {"crea,|len(1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16)|\r\n", "args"},
       {"let,x=abs(y),\r\n", "mismatch"},
       {"if a=1\r\n", "then"},
-      {"labelmove,a,b\r\norder=2341\r\nA001\r\nend\r\n", "notavail"},
-      {"crea,|xlget(book,a1)|\r\n", "notavail"},
+      {"superelevation,ROAD\r\nspeed=60\r\n", "notavail"},
+      {"crea,|pls(1)|\r\n", "notavail"},
   };
   for (auto [content, key] : cases) {
     project.write("bad.ipf", content);

@@ -90,3 +90,22 @@ TEST_F(EngineCli, UsageErrorsExitWithTwo) {
   write(korvane::hosts::embedded::ModelStore::kFileName, "junk");
   EXPECT_EQ(korvane("models list" + project()), 1);  // a foreign store is an engine error
 }
+
+TEST_F(EngineCli, SectionsAlongAMasterGoIntoAnotherModel) {
+  // A master 20 long along x with one string 3 to its left.
+  write("road.txt",
+        "001FORMAT(3F12.3)\n080,MAST\n     100.000     100.000       0.000\n"
+        "     120.000     100.000       0.000\n       0.000       0.000       0.000\n"
+        "080,E001\n     100.000     103.000       0.000\n     120.000     103.000       0.000\n"
+        "       0.000       0.000       0.000\n999\n");
+  ASSERT_EQ(korvane("models import " + path("road.txt") + " ROAD" + project()), 0) << err_;
+  ASSERT_EQ(korvane("models sections ROAD mast SECT --interval 5 --width 4 --prefix s" + project()),
+            0)
+      << err_;
+  ASSERT_EQ(korvane("models show SECT" + project()), 0) << err_;
+  EXPECT_EQ(out_, "S001\t5\t2\nS002\t5\t2\nS003\t5\t2\nS004\t5\t2\nS005\t5\t2\n");
+  ASSERT_EQ(korvane("models show SECT S002" + project()), 0) << err_;
+  EXPECT_EQ(out_, "1\t105\t103\t0\t1\t'E001'\n2\t105\t100\t0\t4\t'MAST'\n");
+  EXPECT_EQ(korvane("models sections ROAD MAST road" + project()), 1);
+  EXPECT_NE(err_.find("another model"), std::string::npos) << err_;
+}

@@ -1,9 +1,22 @@
 #include "base/codepage.h"
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace korvane::cp {
 namespace {
+
+// The first index from `i` on that holds a byte of 0x80 or more (or the size):
+// plain ASCII is skipped eight bytes at a time.
+std::size_t asciiEnd(std::string_view s, std::size_t i) {
+  for (std::uint64_t w; i + 8 <= s.size(); i += 8) {
+    std::memcpy(&w, s.data() + i, 8);
+    if (w & 0x8080808080808080ULL) break;
+  }
+  while (i < s.size() && static_cast<unsigned char>(s[i]) < 0x80) ++i;
+  return i;
+}
 
 // clang-format off
 // Unicode code points of Windows-1250 bytes 0x80..0xFF (0 = no character).
@@ -30,7 +43,7 @@ constexpr std::array<char16_t, 128> kHigh = {
 struct CaseTables {
   std::array<unsigned char, 256> lower{};
   std::array<unsigned char, 256> upper{};
-  CaseTables() {
+  constexpr CaseTables() {
     for (int i = 0; i < 256; ++i) lower[i] = upper[i] = static_cast<unsigned char>(i);
     auto pair = [&](int up, int low) {
       lower[up] = static_cast<unsigned char>(low);
@@ -48,10 +61,10 @@ struct CaseTables {
   }
 };
 
-const CaseTables& tables() {
-  static const CaseTables t;
-  return t;
-}
+// Built by the compiler: case changes cost one table read, with no start-up guard.
+constexpr CaseTables kCaseTables;
+
+constexpr const CaseTables& tables() { return kCaseTables; }
 
 void appendUtf8(std::string& out, char32_t u) {
   if (u < 0x80) {
@@ -183,21 +196,28 @@ std::string utf16leToUtf8(std::string_view bytes) {
 
 bool Utf8Scan::feed(std::string_view piece) {
   if (!valid_) return false;
-  pending_.append(piece);
-  std::size_t i = 0;
-  while (i < pending_.size()) {
+  std::string joined;  // only when the previous piece ended inside a character
+  std::string_view data = piece;
+  if (!pending_.empty()) {
+    joined = pending_ + std::string(piece);
+    pending_.clear();
+    data = joined;
+  }
+  for (std::size_t i = asciiEnd(data, 0); i < data.size(); i = asciiEnd(data, i)) {
     char32_t u = 0;
-    const std::size_t n = decodeUtf8(pending_, i, u);
+    const std::size_t n = decodeUtf8(data, i, u);
     if (n == 0) {
       // Up to three bytes at the end may be a character cut by the piece's end.
-      if (pending_.size() - i < 4 && static_cast<unsigned char>(pending_[i]) >= 0xC0) break;
+      if (data.size() - i < 4 && static_cast<unsigned char>(data[i]) >= 0xC0) {
+        pending_.assign(data.substr(i));
+        return true;
+      }
       valid_ = false;
       return false;
     }
-    if (n > 1) nonAscii_ = true;
+    nonAscii_ = true;
     i += n;
   }
-  pending_.erase(0, i);
   return true;
 }
 
@@ -229,11 +249,11 @@ std::string fromUtf16le(std::string_view bytes) { return fromUtf8(utf16leToUtf8(
 
 bool looksLikeUtf8(std::string_view s) {
   bool nonAscii = false;
-  for (std::size_t i = 0; i < s.size();) {
+  for (std::size_t i = asciiEnd(s, 0); i < s.size(); i = asciiEnd(s, i)) {
     char32_t u = 0;
     std::size_t n = decodeUtf8(s, i, u);
     if (n == 0) return false;
-    if (n > 1) nonAscii = true;
+    nonAscii = true;
     i += n;
   }
   return nonAscii;

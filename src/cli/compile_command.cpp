@@ -49,10 +49,13 @@ int runCompile(CompileOptions o) {
   }
   // The MX lines stay Windows-1250 in a file or a pipe; a terminal gets its own encoding.
   const bool terminal = o.output.empty() && ::isatty(fileno(stdout));
-  ctx.output.setMxTap([out, terminal](std::string_view line) {
-    const std::string text = terminal ? toTerminal(std::string(line)) : std::string(line);
-    out->write(text.data(), static_cast<std::streamsize>(text.size()));
-    out->write("\r\n", 2);
+  ctx.output.setMxTap([out, terminal, record = std::string()](std::string_view line) mutable {
+    if (terminal)
+      record = toTerminal(std::string(line));
+    else
+      record.assign(line);  // no allocation once the longest line has been seen
+    record += "\r\n";
+    out->write(record.data(), static_cast<std::streamsize>(record.size()));
   });
 
   for (const auto& entry : entries)

@@ -6,8 +6,8 @@
 #include <memory>
 #include <sstream>
 
-#include "base/fs.h"
 #include "base/codepage.h"
+#include "base/fs.h"
 #include "base/messages.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
@@ -30,6 +30,9 @@ struct ModelsArgs {
   std::string label;
   std::string file;
   std::string output;
+  std::string master;
+  std::string target;
+  hosts::embedded::SectionRequest sections;
 };
 
 ModelsArgs& args() {
@@ -133,10 +136,8 @@ int report(const hosts::MxRunResult& r) {
   return kEngineError;
 }
 
-int import(EmbeddedEngine& e) {
-  const std::string model = cp::fromUtf8(args().model);
-  int rc = report(e.importGenio(args().file, model));
-  if (rc != kOk) return rc;
+// What a model holds after a command loaded strings into it.
+int printCounts(EmbeddedEngine& e, const std::string& model) {
   std::vector<hosts::embedded::StringRow> rows;
   std::string error;
   if (!e.strings(model, rows, error)) return fail(error);
@@ -147,6 +148,21 @@ int import(EmbeddedEngine& e) {
                                           std::to_string(points)))
             << "\n";
   return kOk;
+}
+
+int import(EmbeddedEngine& e) {
+  const std::string model = cp::fromUtf8(args().model);
+  int rc = report(e.importGenio(args().file, model));
+  return rc != kOk ? rc : printCounts(e, model);
+}
+
+int sections(EmbeddedEngine& e) {
+  const std::string target = cp::fromUtf8(args().target);
+  hosts::embedded::SectionRequest request = args().sections;
+  request.prefix = cp::upper(cp::fromUtf8(request.prefix));
+  int rc = report(
+      e.makeSections(cp::fromUtf8(args().model), cp::fromUtf8(args().master), target, request));
+  return rc != kOk ? rc : printCounts(e, target);
 }
 
 int exportModel(EmbeddedEngine& e) {
@@ -220,6 +236,13 @@ void addModelsCommand(CLI::App& app) {
   exportCmd->add_option("-o,--output", a.output, cliText("h_moutput"));
   auto* deleteCmd = subcommand(models, "delete", cliText("h_mdelete"), remove);
   deleteCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
+  auto* sectionsCmd = subcommand(models, "sections", cliText("h_msections"), sections);
+  sectionsCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
+  sectionsCmd->add_option("MASTER", a.master, cliText("h_master"))->required();
+  sectionsCmd->add_option("TARGET", a.target, cliText("h_starget"))->required();
+  sectionsCmd->add_option("--interval", a.sections.interval, cliText("h_sinterval"));
+  sectionsCmd->add_option("--width", a.sections.halfWidth, cliText("h_swidth"));
+  sectionsCmd->add_option("--prefix", a.sections.prefix, cliText("h_sprefix"));
   auto* execCmd = subcommand(models, "exec", cliText("h_mexec"), exec);
   execCmd->add_option("FILE", a.file, cliText("h_file"))->required();
 }

@@ -30,7 +30,5 @@ void ditchPips(CallContext& ctx, const std::string& model);
 void xlmacro(CallContext& ctx, const std::string& macro, const std::string* args, int count);
 void xlput(CallContext& ctx, const std::string& workbook, const std::string& sheet,
            std::int32_t row, std::int32_t column, const std::string& value);
-// Whether a process of that executable name runs.
-bool processRunning(const std::string& exeName);
 
 }  // namespace korvane::commands

@@ -40,10 +40,15 @@ R ditchPipsRow(DirectiveCall& d) {
 }
 
 R xlmacroRow(DirectiveCall& d) {
-  if (!processRunning("excel.exe")) throw StopMessage("s8");
+  hosts::ExcelHost* excel = d.context().excelHost();
+  if (!excel || !excel->running()) throw StopMessage("s8");
   std::array<std::string, 14> values;
-  for (int i = 0; i < 14; ++i) values[i] = d.context().evaluate(d.argument(i + 1));
-  xlmacro(d.context(), values[0], values.data() + 1, 13);
+  int count = 0;  // the macro gets the fields the line has, up to its last one
+  for (int i = 0; i < 14; ++i) {
+    if (!d.argument(i + 1).empty()) count = i + 1;
+    values[i] = d.context().evaluate(d.argument(i + 1));
+  }
+  xlmacro(d.context(), values[0], values.data() + 1, count > 1 ? count - 1 : 0);
   return R::Continue;
 }
 

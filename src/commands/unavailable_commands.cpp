@@ -5,29 +5,9 @@
 
 namespace korvane::commands {
 
-void labelmove(DirectiveCall&, const std::string&, const std::string&) {
-  throw RuntimeFailure("notavail", "labelmove");
-}
-void trimsection(CallContext&, const std::string&) {
-  throw RuntimeFailure("notavail", "trimsection");
-}
 void superelevation(DirectiveCall&, const std::string&) {
   throw RuntimeFailure("notavail", "superelevation");
 }
 void earthworkToExcel(CallContext&) { throw RuntimeFailure("notavail", "earthwork->excel"); }
-void ditchList(CallContext&, const std::string&) { throw RuntimeFailure("notavail", "ditch_list"); }
-void ditchPips(CallContext&, const std::string&) { throw RuntimeFailure("notavail", "ditch_pips"); }
-void xlmacro(CallContext&, const std::string&, const std::string*, int) {
-  throw RuntimeFailure("notavail", "xlmacro");
-}
-void xlput(CallContext&, const std::string&, const std::string&, std::int32_t, std::int32_t,
-           const std::string&) {
-  throw RuntimeFailure("notavail", "xlput");
-}
-
-bool processRunning(const std::string&) {
-  // Excel, AutoCAD and the MX engine run only on Windows.
-  return false;
-}
 
 }  // namespace korvane::commands

@@ -26,6 +26,9 @@ class CallContext {
   void assign(std::string_view list);  // "name=expr,name=expr,"
   // The value of a variable, or its name when it is not defined.
   std::string variable(std::string_view name) const;
+  // The line with every |expr| replaced by its value, as the compile pass
+  // substitutes the lines it reads.
+  std::string substitute(std::string line);
 
   // The compiled output, and making it take effect.
   void writeLine(std::string_view line);
@@ -55,6 +58,11 @@ class CallContext {
 
   // The running AutoCAD's application object; a StopMessage when there is none.
   hosts::AutoObject autocad();
+  // Excel (or the workbook files where no Excel runs); a run-time failure
+  // naming `what` when this build has neither.
+  hosts::ExcelHost& excel(std::string_view what) const;
+  // Excel, or null when this build has none.
+  hosts::ExcelHost* excelHost() const { return ctx_.excel; }
 
  private:
   RunContext& ctx_;

@@ -19,6 +19,7 @@ struct CompileCall {
   std::string lastInsertAssign;  // assignment text of this call's previous insert
   bool lastCondition = false;    // truth of this call's previous condition
   std::string rawLine;           // the line as read, for failure reports
+  std::string work;              // the line being compiled; its storage is reused line after line
 
   // Keyword text: the next line, joined with the following ones while the
   // trimmed line ends with ",", and a final ",".

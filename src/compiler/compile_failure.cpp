@@ -10,6 +10,10 @@ RuntimeFailure failureFromAutomation(const Messages& messages, const hosts::Auto
                         messages.format("Automation", hosts::reasonKey(e.reason), e.detail));
 }
 
+RuntimeFailure failureFromWorkbook(const hosts::WorkbookError& e) {
+  return RuntimeFailure(hosts::WorkbookError::key(e.reason), e.subject, e.detail);
+}
+
 RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string subject) {
   if (subject.empty()) subject = e.what();
   switch (e.code()) {

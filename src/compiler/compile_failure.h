@@ -17,6 +17,7 @@
 #include "base/messages.h"
 #include "compiler/source_map.h"
 #include "hosts/automation.h"
+#include "hosts/excel.h"
 
 namespace korvane {
 
@@ -82,6 +83,9 @@ RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string
 // The run-time failure for a call to another program that failed: the object
 // and member, and why in the language file's words.
 RuntimeFailure failureFromAutomation(const Messages& messages, const hosts::AutomationError& e);
+
+// The run-time failure for a workbook that cannot be used as asked.
+RuntimeFailure failureFromWorkbook(const hosts::WorkbookError& e);
 
 // How much of a line or a value a message quotes: longer ones are cut and
 // "..." added, so that a failure on a line of 64 KB is a message of a few lines.

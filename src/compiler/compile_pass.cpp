@@ -102,8 +102,10 @@ const DirectiveTable& directives(const RunContext& ctx) {
 }
 
 // Handles one line; returns true when the call must return.
-bool compileLine(CompileCall& call, std::string line) {
+bool compileLine(CompileCall& call, const std::string& raw) {
   RunContext& ctx = call.ctx;
+  std::string& line = call.work;
+  line.assign(raw);
   ctx.vars.purgeTemporaries();
   substituteLine(ctx, line);
   rewriteLine(line);
@@ -177,7 +179,9 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   if (ctx.depth > kMaxCompileDepth)
     throw RuntimeFailure("depth", std::to_string(kMaxCompileDepth), name);
 
-  FoundFile found = findInputFile(ctx, name, baseFolder);
+  // Held by the source cache: used only before the first line compiles, since
+  // a line may make the cache forget.
+  const FoundFile& found = findInputFile(ctx, name, baseFolder);
   if (!found.found || !call.reader.open(found.fullName, &ctx.sources))
     throw StopMessage("s9", found.shownName);
   call.folder = found.folder;
@@ -212,6 +216,10 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     throw f;
   } catch (const hosts::AutomationError& e) {
     RuntimeFailure f = failureFromAutomation(ctx.messages, e);
+    locate(f, call);
+    throw f;
+  } catch (const hosts::WorkbookError& e) {
+    RuntimeFailure f = failureFromWorkbook(e);
     locate(f, call);
     throw f;
   }

@@ -11,6 +11,7 @@ CompiledOutput::~CompiledOutput() { close(); }
 
 void CompiledOutput::setName(const std::string& fullName) {
   name_ = fullName;
+  channel_ = channelOf(fullName);
   const fs::NameParts parts = fs::splitName(fullName);
   baseIsTmpinput_ = parts.base == "tmpinput";
   extensionIsScr_ = parts.ext == "scr";
@@ -32,8 +33,9 @@ void CompiledOutput::close() {
 
 void CompiledOutput::writeLine(std::string_view line) {
   if (!file_) throw RuntimeFailure("write", name_);
-  if (std::fwrite(line.data(), 1, line.size(), file_) != line.size() ||
-      std::fwrite("\r\n", 1, 2, file_) != 2)
+  record_.assign(line);  // one write a line: the storage is reused
+  record_ += "\r\n";
+  if (std::fwrite(record_.data(), 1, record_.size(), file_) != record_.size())
     throw RuntimeFailure("write", name_);
   const bool sentinel = isSentinelLine(line);
   origins_.push_back(sources_ && !sentinel ? sources_->here() : SourceMap::kNone);

@@ -46,7 +46,7 @@ class CompiledOutput {
 
   void writeLine(std::string_view line);
 
-  Channel channel() const { return channelOf(name_); }
+  Channel channel() const { return channel_; }
   bool isMxChannel() const { return channel() == Channel::Mx; }
 
   // Where each line comes from: the source map's node for the place the
@@ -64,6 +64,8 @@ class CompiledOutput {
  private:
   std::FILE* file_ = nullptr;
   std::string name_;
+  std::string record_;  // the line being written, with its CR LF
+  Channel channel_ = Channel::Print;
   bool baseIsTmpinput_ = false, extensionIsScr_ = false;
   std::function<void(std::string_view)> tap_;
   SourceMap* sources_ = nullptr;

@@ -1,7 +1,9 @@
 #include "compiler/expression.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 
 #include "base/conversions.h"
 #include "base/text.h"
@@ -109,16 +111,43 @@ std::string part(RunContext& ctx, std::string_view text) {
 // character; a text with none is a variable or stands for itself.
 std::string operands(RunContext& ctx, std::string_view expr) {
   static const char kOperators[] = "&+-*/^";
-  for (const char* op = kOperators; *op; ++op) {
-    const std::size_t at = expr.rfind(*op);
+  // The last place of each operator, found in one pass over the text.
+  std::size_t last[6];
+  std::fill(std::begin(last), std::end(last), std::string_view::npos);
+  for (std::size_t i = 0; i < expr.size(); ++i) {
+    switch (expr[i]) {
+      case '&':
+        last[0] = i;
+        break;
+      case '+':
+        last[1] = i;
+        break;
+      case '-':
+        last[2] = i;
+        break;
+      case '*':
+        last[3] = i;
+        break;
+      case '/':
+        last[4] = i;
+        break;
+      case '^':
+        last[5] = i;
+        break;
+      default:
+        break;
+    }
+  }
+  for (int k = 0; k < 6; ++k) {
+    const std::size_t at = last[k];
     if (at == std::string_view::npos || at + 1 >= expr.size()) continue;
     std::string l = part(ctx, expr.substr(0, at));
     std::string r = part(ctx, expr.substr(at + 1));
-    if (*op == '&') {
+    if (k == 0) {
       checkTextLength(l.size() + r.size());
       return l += r;
     }
-    return conv::CStr(arithmetic(*op, conv::Val(l), conv::Val(r), expr));
+    return conv::CStr(arithmetic(kOperators[k], conv::Val(l), conv::Val(r), expr));
   }
   return variableOrName(ctx, expr);
 }
@@ -152,9 +181,12 @@ void applyAssignments(RunContext& ctx, std::string_view list) {
     if (eq == std::string_view::npos) break;
     std::string name = text::trim(list.substr(pos, eq - pos));
     pos = eq + 1;
-    std::string value = Evaluate(ctx, nextFieldView(list, pos));
-    ctx.vars.set(name, std::move(value));
+    assignVariable(ctx, name, nextFieldView(list, pos));
   }
+}
+
+void assignVariable(RunContext& ctx, const std::string& name, std::string_view value) {
+  ctx.vars.set(name, Evaluate(ctx, value));
 }
 
 void substituteLine(RunContext& ctx, std::string& line) {

@@ -27,6 +27,8 @@ std::string Evaluate(RunContext& ctx, std::string_view expr);
 
 // Applies "name=expr,name=expr," to the variable table.
 void applyAssignments(RunContext& ctx, std::string_view list);
+// One assignment of such a list: `name` gets the value of the expression `value`.
+void assignVariable(RunContext& ctx, const std::string& name, std::string_view value);
 
 // Replaces every |expr| of the line by its value, searching again from the
 // start after each replacement.

@@ -1,10 +1,25 @@
 #include "compiler/field_scanner.h"
 
+#include <array>
+
 namespace korvane {
 
 std::string nextField(std::string_view text, std::size_t& pos) {
   return std::string(nextFieldView(text, pos));
 }
+
+namespace {
+
+// The characters that can end or nest a field; every other one is skipped.
+constexpr std::array<bool, 256> kFieldSyntax = [] {
+  std::array<bool, 256> t{};
+  for (unsigned char k : {'"', '(', ')', ','}) t[k] = true;
+  return t;
+}();
+
+bool isFieldSyntax(char c) { return kFieldSyntax[static_cast<unsigned char>(c)]; }
+
+}  // namespace
 
 std::string_view nextFieldView(std::string_view text, std::size_t& pos) {
   if (pos >= text.size()) {
@@ -14,6 +29,8 @@ std::string_view nextFieldView(std::string_view text, std::size_t& pos) {
   bool inQuote = false;
   int depth = 0;
   for (std::size_t i = pos; i < text.size(); ++i) {
+    while (i < text.size() && !isFieldSyntax(text[i])) ++i;  // the plain run, quickly
+    if (i == text.size()) break;
     char c = text[i];
     if (c == '"') {
       inQuote = !inQuote;

@@ -46,11 +46,10 @@ FoundFile search(const RunContext& ctx, const std::string& name, const std::stri
 
 }  // namespace
 
-FoundFile findInputFile(RunContext& ctx, const std::string& name, const std::string& baseFolder) {
+const FoundFile& findInputFile(RunContext& ctx, const std::string& name,
+                               const std::string& baseFolder) {
   if (const FoundFile* known = ctx.sources.found(name, baseFolder)) return *known;
-  FoundFile f = search(ctx, name, baseFolder);
-  ctx.sources.rememberFound(name, baseFolder, f);
-  return f;
+  return ctx.sources.rememberFound(name, baseFolder, search(ctx, name, baseFolder));
 }
 
 }  // namespace korvane

@@ -11,6 +11,8 @@
 
 namespace korvane {
 
-FoundFile findInputFile(RunContext& ctx, const std::string& name, const std::string& baseFolder);
+// The answer is held in the run's source cache: valid until that forgets.
+const FoundFile& findInputFile(RunContext& ctx, const std::string& name,
+                               const std::string& baseFolder);
 
 }  // namespace korvane

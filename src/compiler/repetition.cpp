@@ -53,9 +53,16 @@ void countUp(RunContext& ctx, const std::string& r) {
 void counted(const Insert& in, const std::string& r, bool eachMode) {
   RunContext& ctx = in.call.ctx;
   const std::int32_t n = conv::CLng(r);
+  static const std::string kCount = "count", kRepeat = "repeat";
+  // A count text with a comma, quote, bracket, bar or "=" goes through the
+  // assignment list as it always has; a plain one is assigned directly.
+  const bool plain = r.find_first_of(",\"()|=") == std::string::npos;
   for (std::int32_t i = 1; i <= n; ++i) {
-    applyAssignments(ctx, "count=" + std::to_string(i) + ",");
-    applyAssignments(ctx, "repeat=" + r + ",");
+    assignVariable(ctx, kCount, std::to_string(i));
+    if (plain)
+      assignVariable(ctx, kRepeat, r);
+    else
+      applyAssignments(ctx, "repeat=" + r + ",");
     if (eachMode) {
       if (static_cast<std::size_t>(i) > ctx.selection.size())
         throw RuntimeFailure("subscript", "each(" + std::to_string(i) + ")");

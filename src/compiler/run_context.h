@@ -20,6 +20,7 @@
 #include "compiler/source_map.h"
 #include "compiler/variable_table.h"
 #include "hosts/automation.h"
+#include "hosts/excel.h"
 #include "hosts/mx.h"
 
 namespace korvane {
@@ -108,6 +109,7 @@ struct RunEnvironment {
   hosts::MxEngine* engine = nullptr;
   ChannelPlayers players;
   AutoCadFinder autocad;
+  hosts::ExcelHost* excel = nullptr;  // workbooks and macros; none: not available here
   InputPrompt* prompt = nullptr;
   StatusSink* statusSink = nullptr;
   std::function<void(const std::string&)> log;  // the run's log (trapped failures)

@@ -17,14 +17,22 @@ std::shared_ptr<const SourceCache::HeldFile> SourceCache::content(const std::str
   return held;
 }
 
+const std::string& SourceCache::foundKey(const std::string& name,
+                                         const std::string& baseFolder) const {
+  key_.assign(name);  // the buffer's storage is reused: a repeated insert allocates nothing
+  key_ += '\0';
+  key_ += baseFolder;
+  return key_;
+}
+
 const FoundFile* SourceCache::found(const std::string& name, const std::string& baseFolder) const {
-  auto it = found_.find(name + '\0' + baseFolder);
+  auto it = found_.find(foundKey(name, baseFolder));
   return it == found_.end() ? nullptr : &it->second;
 }
 
-void SourceCache::rememberFound(const std::string& name, const std::string& baseFolder,
-                                FoundFile f) {
-  found_.insert_or_assign(name + '\0' + baseFolder, std::move(f));
+const FoundFile& SourceCache::rememberFound(const std::string& name, const std::string& baseFolder,
+                                            FoundFile f) {
+  return found_.insert_or_assign(foundKey(name, baseFolder), std::move(f)).first->second;
 }
 
 void SourceCache::forget() {

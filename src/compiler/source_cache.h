@@ -32,14 +32,19 @@ class SourceCache {
   std::shared_ptr<const HeldFile> content(const std::string& fullName);
 
   // Where a name was found from a base folder, when that was looked up before.
+  // Both answer with the entry held here, valid until the next forget().
   const FoundFile* found(const std::string& name, const std::string& baseFolder) const;
-  void rememberFound(const std::string& name, const std::string& baseFolder, FoundFile f);
+  const FoundFile& rememberFound(const std::string& name, const std::string& baseFolder,
+                                 FoundFile f);
 
   void forget();
 
  private:
   std::unordered_map<std::string, std::shared_ptr<const HeldFile>> files_;
+  const std::string& foundKey(const std::string& name, const std::string& baseFolder) const;
+
   std::unordered_map<std::string, FoundFile> found_;
+  mutable std::string key_;
 };
 
 }  // namespace korvane

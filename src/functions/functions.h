@@ -35,6 +35,9 @@ std::string fnGetfreelabel(CallContext& ctx);
 std::string fnGetparam(CallContext& ctx);
 std::string fnGetlispvar(CallContext& ctx);
 std::string fnGetacadvar(CallContext& ctx);
+// excel_getters.cpp
+std::string fnXlget(CallContext& ctx);
+std::string fnGetname(CallContext& ctx);
 std::string fnLen(CallContext& ctx);
 std::string fnReplace(CallContext& ctx);
 std::string fnFind(CallContext& ctx);

@@ -10,7 +10,7 @@ namespace korvane {
 namespace {
 
 // Functions whose implementations are not part of this build (the
-// superelevation query and the Excel getters) end the run with a clear message.
+// superelevation query) end the run with a clear message.
 template <const char* Name>
 std::string notAvailable(CallContext&) {
   throw RuntimeFailure("notavail", Name);
@@ -21,8 +21,6 @@ std::string notAvailable(CallContext&) {
   constexpr FunctionHandler fn##id = &notAvailable<k##id>;
 
 KORVANE_UNAVAILABLE(Pls, "pls")
-KORVANE_UNAVAILABLE(Getname, "getname")
-KORVANE_UNAVAILABLE(Xlget, "xlget")
 #undef KORVANE_UNAVAILABLE
 
 const std::pair<std::string_view, FunctionHandler> kTable[] = {

@@ -92,6 +92,8 @@ bool ApplyOneFile(RunContext& ctx, const std::string& entryText) {
     endAfterFailure(ctx, failureFromConversion(e));
   } catch (const hosts::AutomationError& e) {
     endAfterFailure(ctx, failureFromAutomation(ctx.messages, e));
+  } catch (const hosts::WorkbookError& e) {
+    endAfterFailure(ctx, failureFromWorkbook(e));
   }
   return !ctx.stop.set;
 }

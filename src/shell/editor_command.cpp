@@ -1,10 +1,7 @@
 #include "shell/editor_command.h"
 
 #include "base/registry.h"
-
-#ifdef _WIN32
-#include <windows.h>
-#endif
+#include "hosts/process_start.h"
 
 namespace korvane {
 namespace {
@@ -31,22 +28,7 @@ std::string registeredEditorCommand() {
 }
 
 bool startMinimised(const std::string& commandLine) {
-#ifdef _WIN32
-  STARTUPINFOA si{};
-  si.cb = sizeof si;
-  si.dwFlags = STARTF_USESHOWWINDOW;
-  si.wShowWindow = SW_SHOWMINIMIZED;  // minimised, with the focus
-  PROCESS_INFORMATION pi{};
-  std::string line = commandLine;  // CreateProcess may write into it
-  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &si, &pi))
-    return false;
-  CloseHandle(pi.hThread);
-  CloseHandle(pi.hProcess);
-  return true;
-#else
-  (void)commandLine;
-  return false;
-#endif
+  return hosts::startDetached(commandLine, hosts::WindowState::Minimised);
 }
 
 }  // namespace korvane

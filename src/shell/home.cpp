@@ -44,7 +44,9 @@ std::string userFolder() {
   std::filesystem::create_directories(fs::native(folder), ec);
   for (const auto& e : std::filesystem::directory_iterator(fs::native(defaults), ec)) {
     auto target = fs::native(folder) / e.path().filename();
-    if (!std::filesystem::exists(target, ec)) std::filesystem::copy_file(e.path(), target, ec);
+    // Files and the macro folder alike.
+    if (!std::filesystem::exists(target, ec))
+      std::filesystem::copy(e.path(), target, std::filesystem::copy_options::recursive, ec);
   }
   return folder;
 }

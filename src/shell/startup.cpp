@@ -68,6 +68,11 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
   for (const char* key : {"PrivateMacros", "ProjectMacros", "PublicMacros"}) {
     std::string folder = ReadProfileString("MX", key, out.paths.settings);
     if (!folder.empty() && !fs::isAbsolute(folder)) folder = fs::join(project, folder);
+    // Korvane's own macros (the long section's) lie in "macros" beside the
+    // settings file; they are the private macros unless the settings name others.
+    if (folder.empty() && std::string(key) == "PrivateMacros" &&
+        fs::folderExists(fs::join(out.paths.home, "macros")))
+      folder = fs::join(out.paths.home, "macros");
     engineOptions.settings[key] = folder;
   }
   std::string reason;
@@ -81,6 +86,8 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
   out.automation = hosts::makeAutomationSystem();
   ctx.players = makeCadPlayers(*out.automation);
   ctx.autocad = autoCadFinder(*out.automation);
+  out.excel = hosts::makeExcelHost(*out.automation);
+  ctx.excel = out.excel.get();
   out.failureStatus = 0;
   return true;
 }

@@ -9,6 +9,7 @@
 #include "compiler/run_context.h"
 #include "hosts/automation.h"
 #include "hosts/engine_factory.h"
+#include "hosts/excel.h"
 #include "shell/home.h"
 #include "shell/project_guard.h"
 
@@ -29,6 +30,7 @@ struct Startup {
   HomePaths paths;
   std::unique_ptr<hosts::MxEngine> engine;
   std::unique_ptr<hosts::AutomationSystem> automation;  // AutoCAD and MicroStation, when running
+  std::unique_ptr<hosts::ExcelHost> excel;  // Excel, or the workbook files where none runs
   // Why start-up failed, as an exit status: 2 for the settings, the language
   // file or the command line; 1 when another run holds the project folder or
   // the engine cannot start here.

@@ -25,6 +25,8 @@
 
 namespace korvane::window {
 
+class LongsectionPanel;
+
 class MainWindow : public QMainWindow {
   Q_OBJECT
  public:
@@ -71,6 +73,7 @@ class MainWindow : public QMainWindow {
   QAction* action(const QString& name) const { return actions_.value(name); }
   StatusPanels* statusPanels() const { return panels_; }
   VariablesViewer* viewer() const { return viewer_; }
+  LongsectionPanel* longsectionPanel() const { return longsection_; }
   QSplitter* splitter() const { return splitter_; }
   FolderPanel* folderPanel() const { return folderPanel_; }
 
@@ -116,6 +119,7 @@ class MainWindow : public QMainWindow {
   QListWidget* inps_ = nullptr;
   QListWidget* subs_ = nullptr;
   QListWidget* toRun_ = nullptr;
+  LongsectionPanel* longsection_ = nullptr;  // made when LongDraw first opens it
   QPushButton* pick_ = nullptr;
   QPushButton* pickAll_ = nullptr;
   QPushButton* up_ = nullptr;

@@ -9,6 +9,7 @@
 
 #include "base/fs.h"
 #include "shell/help_viewer.h"
+#include "window/longsection_panel.h"
 #include "window/main_window.h"
 #include "window/pictures.h"
 #include "window/text_edge.h"
@@ -115,10 +116,18 @@ void MainWindow::showHelp() {
 }
 
 void MainWindow::showLongDraw() {
-  // The long-section panel is not part of this version: say so.
-  QString name = session_.text("Menu1", "LongDraw");
-  while (name.endsWith('.')) name.chop(1);
-  warn(session_.text("Menu1", "LongDraw"), session_.format("Runtime", "notavail", name));
+  if (!longsection_) {
+    longsection_ = new LongsectionPanel(
+        session_,
+        [this](const std::string& input, bool runNow) {
+          toRun_->addItem(fromCore(input));
+          if (runNow) run();
+        },
+        this);
+  }
+  longsection_->show();
+  longsection_->raise();
+  longsection_->activateWindow();
 }
 
 void MainWindow::showAbout() {

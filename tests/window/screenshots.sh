@@ -11,5 +11,5 @@ run() { # SCREEN [VAR=value...]
   shift
   xvfb-run -a -s "-screen 0 ${screen}x24" env QT_QPA_PLATFORM=xcb "$@" "$build/bin/window_screenshots" "$out"
 }
-run 1280x800
-run 2560x1600 QT_SCALE_FACTOR=2
+run 1600x1050
+run 3200x2100 QT_SCALE_FACTOR=2

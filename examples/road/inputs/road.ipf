@@ -60,5 +60,16 @@ if exist(GROUND,GR03) then keep=4 else keep=0
 edit,GROUND
 005,3=GR03,6=|keep|
 999
+[excel]
+## Design parameters from the workbook excel/design.xlsx (names in column A of
+## the sheet Design, values in B), and a result written back into it
+#model="DESIGN "&g_road
+#speed=getname(design.xlsx,speed,1)
+#offset=getname(design.xlsx,1,offset)
+#lane=xlget(design.xlsx,B4,Design)
+   Design speed |speed| km/h, lane |lane| m, edge offset |offset| m
+#length=getlength(model,MAST,plan)
+xlput,design.xlsx,Results,2,2,|length|
+   MAST plan length |xlget(design.xlsx,Results!B2)| written to the sheet Results
 [_scratch]
 crea,never compiled on its own

@@ -83,6 +83,37 @@ MxRunResult EmbeddedEngine::importGenio(const std::string& file, const std::stri
   return execute(std::move(lines), file, model);
 }
 
+MxRunResult EmbeddedEngine::makeSections(const std::string& model, const std::string& master,
+                                         const std::string& target, const SectionRequest& request) {
+  MxRunResult r;  // no listing until the sections run
+  if (cp::equalsIgnoreCase(text::trim(model), text::trim(target))) {
+    r.error = "sections go into another model than \"" + excerpt(model) + "\"";
+    return r;
+  }
+  std::vector<StringRow> rows;
+  if (!strings(model, rows, r.error)) return r;
+  std::vector<ModelString> all(rows.size());
+  const ModelString* axis = nullptr;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (!loadString(model, rows[i].header.label, all[i], r.error)) return r;
+    if (all[i].header.label == normalLabel(master)) axis = &all[i];
+  }
+  if (!axis) {
+    r.error = "model \"" + excerpt(model) + "\" has no string " + excerpt(normalLabel(master));
+    return r;
+  }
+  std::vector<ModelString> sections;
+  if (!crossSections(*axis, all, request, sections, r.error)) return r;
+  std::vector<std::string> lines;
+  GenioWriter writer([&lines](const std::string& l) { lines.push_back(l); }, std::nullopt,
+                     std::nullopt);
+  writer.banner("Cross sections of " + model + " along " + axis->header.label);
+  for (const ModelString& s : sections)
+    if (!writer.write(s, r.error)) return r;
+  writer.end();
+  return execute(std::move(lines), "sections along " + axis->header.label, target);
+}
+
 MxRunResult EmbeddedEngine::execute(std::vector<std::string> lines, const std::string& name,
                                     const std::optional<std::string>& importModel) {
   MxRunResult r;

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "hosts/embedded/cross_sections.h"
 #include "hosts/embedded/genio_writer.h"
 #include "hosts/embedded/model_library.h"
 #include "hosts/embedded/model_store.h"
@@ -80,6 +81,10 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   bool strings(const std::string& model, std::vector<StringRow>& out, std::string& error);
   bool loadString(const std::string& model, const std::string& label, ModelString& out,
                   std::string& error);
+  // Cross sections of `model` along its string `master` (cross_sections.h),
+  // loaded into `target`, which must be another model, as one GENIO run.
+  MxRunResult makeSections(const std::string& model, const std::string& master,
+                           const std::string& target, const SectionRequest& request);
 
   std::string storePath() const { return access_.path(); }
   std::string listingPath() const;

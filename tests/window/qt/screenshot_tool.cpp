@@ -10,7 +10,9 @@
 #include <filesystem>
 
 #include "base/fs.h"
+#include "longsection/panel_file.h"
 #include "support/window_fixture.h"
+#include "window/longsection_panel.h"
 #include "window/text_edge.h"
 
 using namespace korvane;
@@ -115,6 +117,40 @@ void runAndStop() {
   shoot(v, "variables-log");
 }
 
+// The long-section panel on the example's long-section strings, after
+// Preview, and the preview alone, larger.
+void longsectionPanel() {
+  WindowFixture f("Hungarian", "embedded");
+  copyExample(f);
+  QProcess run;
+  run.setWorkingDirectory(fromCore(f.project()));
+  run.start(KORVANE_BIN_DIR "/korvane",
+            {"run", "inputs/road.ipf [main]", "inputs/profile_strings.ipf", "--home",
+             fromCore(f.home())});
+  run.waitForFinished(60000);
+  MainWindow& w = openOn(f);
+  w.action("mnuLongDraw")->trigger();
+  LongsectionPanel* panel = w.longsectionPanel();
+  const std::string example = f.path("road_ls.ipd");
+  longsection::Parameters p = longsection::readPanelFile(example);
+  panel->setParameters(p);
+  panel->openSet(example);
+  // Its whole form shows on a screen of 1600 by 1050 (the script's 1280 by 800
+  // shows the upper part).
+  panel->move(10, 10);
+  panel->resize(1560, 1000);
+  panel->preview();
+  shoot(panel, "longsection-panel");
+  LongsectionPreview* preview = panel->previewWidget();
+  preview->setParent(nullptr);
+  panel->hide();  // nothing of the windows behind it in the picture
+  w.hide();
+  preview->move(60, 60);
+  preview->resize(1200, 520);
+  preview->show();
+  shoot(preview, "longsection-preview");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -126,5 +162,6 @@ int main(int argc, char** argv) {
   QDir().mkpath(g_out);
   mainWindows();
   runAndStop();
+  longsectionPanel();
   return 0;
 }

@@ -19,6 +19,8 @@ WindowFixture::WindowFixture(const std::string& lang, const std::string& engine)
   stdfs::create_directories(root / "Proj");
   for (const char* f : {"Korvane.ini", "Hungarian.lng", "English.lng"})
     stdfs::copy_file(stdfs::path(KORVANE_SOURCE_DIR) / "data" / f, root / "home" / f);
+  // Korvane's own macros, as they are installed beside the program.
+  stdfs::copy(stdfs::path(KORVANE_SOURCE_DIR) / "data" / "macros", root / "home" / "macros");
   WriteProfileString("Language", "lang", lang, settings());
 }
 

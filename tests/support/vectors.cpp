@@ -1,0 +1,72 @@
+#include "support/vectors.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace korvane::test {
+namespace {
+
+int hexDigit(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  return -1;
+}
+
+std::string unescape(const std::string& text) {
+  std::string out;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\\' || i + 1 == text.size()) {
+      out += text[i];
+      continue;
+    }
+    const char c = text[++i];
+    if (c == 't')
+      out += '\t';
+    else if (c == 'r')
+      out += '\r';
+    else if (c == 'n')
+      out += '\n';
+    else if (c == 'x' && i + 2 < text.size() && hexDigit(text[i + 1]) >= 0 &&
+             hexDigit(text[i + 2]) >= 0) {
+      out += static_cast<char>(hexDigit(text[i + 1]) * 16 + hexDigit(text[i + 2]));
+      i += 2;
+    } else
+      out += c;  // \\ and \" and anything else stand for themselves
+  }
+  return out;
+}
+
+}  // namespace
+
+std::vector<Vector> readVectors(const std::string& name, std::size_t fields) {
+  const std::string path = std::string(KORVANE_SOURCE_DIR) + "/tests/vectors/" + name;
+  std::ifstream in(path, std::ios::binary);
+  EXPECT_TRUE(in) << "cannot read " << path;
+  std::vector<Vector> out;
+  std::string line, group;
+  for (int number = 1; std::getline(in, line); ++number) {
+    if (line.empty() || line[0] == '#') continue;
+    if (line[0] == '[') {
+      group = line;
+      continue;
+    }
+    Vector v{name + ":" + std::to_string(number) + " " + group, {}};
+    std::size_t start = 0;
+    for (;;) {
+      const std::size_t tab = line.find('\t', start);
+      const std::string field = line.substr(start, tab - start);
+      if (v.fields.size() >= fields && field.rfind("# ", 0) == 0) break;  // a comment
+      v.fields.push_back(unescape(field));
+      if (tab == std::string::npos) break;
+      start = tab + 1;
+    }
+    EXPECT_EQ(v.fields.size(), fields) << v.where << ": wrong number of fields";
+    if (v.fields.size() == fields) out.push_back(std::move(v));
+  }
+  EXPECT_FALSE(out.empty()) << path << " holds no cases";
+  return out;
+}
+
+}  // namespace korvane::test
