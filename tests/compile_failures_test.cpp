@@ -5,6 +5,7 @@
 #include <atomic>
 #include <filesystem>
 
+#include "compiler/compile_failure.h"
 #include "compiler/line_reader.h"
 #include "support/project.h"
 
@@ -35,6 +36,18 @@ TEST_F(Failures, RuntimeFailuresNameFileLineAndText) {
   EXPECT_NE(c.ctx.stop.message.find(project.path("m.ipm")), std::string::npos);
   EXPECT_EQ(c.lines, (Lines{"crea,first", "crea,ok"}));
   EXPECT_NE(project.read("tmpinput.txt").find("crea,ok\r\n"), std::string::npos);
+}
+
+TEST_F(Failures, ALongLineIsQuotedShort) {
+  const std::string line = "let,x=1/0,y=" + std::string(60000, 'y') + ",";
+  project.write("long.ipf", line + "\r\n");
+  failure("long.ipf");
+  ASSERT_TRUE(c.ctx.failure);
+  EXPECT_TRUE(c.ctx.failure->lineText == line);  // kept whole for the front ends
+  const std::string& shown = c.ctx.stop.message;
+  EXPECT_LT(shown.size(), 1000u);
+  EXPECT_NE(shown.find(line.substr(0, kQuotedTextLength) + "..."), std::string::npos)
+      << shown.substr(0, 1000);
 }
 
 TEST_F(Failures, EachKindOfBadLineHasItsOwnMessage) {
@@ -71,6 +84,11 @@ TEST_F(Failures, AnInsertOfItselfStopsAtAFixedDepth) {
   std::string got = failure("a.ipf");
   EXPECT_NE(got.find("100"), std::string::npos);
   EXPECT_EQ(c.lines.size(), 99u);
+  // The insert that went one level too deep is named with its own text.
+  ASSERT_TRUE(c.ctx.failure);
+  EXPECT_EQ(c.ctx.failure->file, project.path("self.ipm"));
+  EXPECT_EQ(c.ctx.failure->line, 2);
+  EXPECT_EQ(c.ctx.failure->lineText, "insert,self.");
 }
 
 TEST_F(Failures, BinaryFilesAndHugeLinesAreRefused) {

@@ -169,4 +169,34 @@ TEST(ExpressionDepth, LongChainsAndDeepParenthesesAreRefused) {
   EXPECT_EQ(c.eval(fine), std::to_string(kMaxExpressionDepth / 2 + 1));
 }
 
+// A few lines that multiply a text's length would take all memory: every text
+// has a longest length, and a value that would pass it is a run-time failure.
+TEST(TextLength, ConcatenationAndReplaceStopAtTheLongestText) {
+  const std::size_t letters = 2000;
+  auto tooLong = [](test::Evaluator& c, const std::string& e) {
+    try {
+      std::size_t got = c.eval(e).size();
+      ADD_FAILURE() << e.substr(0, 20) << "... gave a text of " << got << " characters";
+    } catch (const RuntimeFailure& f) {
+      EXPECT_EQ(f.key(), "textlen") << e;
+    }
+  };
+  test::Evaluator c;
+  c.ctx.vars.set("a", std::string(letters, 'a'));
+  std::string times200 = "a";
+  for (int i = 1; i < 200; ++i) times200 += "&a";
+  c.ctx.vars.set("b", c.eval(times200));  // 400 000 characters is fine
+  EXPECT_EQ(c.var("b").size(), 200 * letters);
+  std::string bTimes200 = "b";
+  for (int i = 1; i < 200; ++i) bTimes200 += "&b";
+  tooLong(c, bTimes200);
+  // Every "a" of a replaced by a itself: letters * letters characters.
+  tooLong(c, "replace(a,\"a\",a)");
+  EXPECT_EQ(c.eval("len(replace(a,\"a\",\"bb\"))"), std::to_string(2 * letters));
+  // The longest text itself is held; one character more is not.
+  c.ctx.vars.set("m", std::string(kMaxTextLength, 'm'));
+  EXPECT_EQ(c.eval("len(m)"), std::to_string(kMaxTextLength));
+  tooLong(c, "m&\"m\"");
+}
+
 }  // namespace

@@ -89,6 +89,8 @@ TEST_F(Functions, SheetsReadsByte121OfTheParameterFile) {
   project.write("long1.dpf", dpf);
   EXPECT_EQ(eval("sheets(long1)"), "200");
   EXPECT_EQ(eval("sheets(missing)"), "0");
+  project.write("folder.dpf/inside.txt", "x");  // a folder by the file's name cannot be read
+  EXPECT_EQ(eval("sheets(folder)"), "0");
 }
 
 struct ScriptedPrompt : InputPrompt {

@@ -123,7 +123,7 @@ TEST(ShippedLanguageFiles, BothLanguagesHaveTheKeysTheProgramUses) {
          {"title", "where",   "text",    "div0",      "overflow", "mismatch", "badarg", "fields",
           "args",  "vars",    "bar",     "paren",     "depth",    "notavail", "binary", "linelen",
           "write", "pattern", "strfunc", "subscript", "mstation", "engine",   "then",
-          "order", "crossings"})
+          "order", "crossings", "textlen"})
       EXPECT_FALSE(m.text("Runtime", key).empty()) << name << " Runtime/" << key;
     for (const char* key : {"s5", "s8", "s9", "s10", "s12", "s13", "s14", "s15", "s17"})
       EXPECT_FALSE(m.text("Messages", key).empty()) << name << " Messages/" << key;

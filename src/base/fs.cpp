@@ -191,9 +191,14 @@ bool copyFile(std::string_view from, std::string_view to) {
 std::optional<std::string> readFile(std::string_view name) {
   std::ifstream in(native(name), std::ios::binary);
   if (!in) return std::nullopt;
-  std::string data((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  if (in.bad()) return std::nullopt;
-  return data;
+  try {
+    std::string data((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    if (in.bad()) return std::nullopt;
+    return data;
+  } catch (const std::ios_base::failure&) {
+    // A folder opens as a stream and fails at the first read, by an exception.
+    return std::nullopt;
+  }
 }
 
 bool writeFileAtomic(std::string_view name, std::string_view content) {

@@ -28,6 +28,11 @@ RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string
   }
 }
 
+std::string quotedText(std::string_view text) {
+  if (text.size() <= kQuotedTextLength) return std::string(text);
+  return std::string(text.substr(0, kQuotedTextLength)) + "...";
+}
+
 std::string inputLineText(const std::string& file, long n) {
   try {
     LineReader reader;
@@ -63,8 +68,8 @@ std::string describeFailure(const Messages& messages, const CompileFailure& f) {
     if (!f.mxSource.empty()) {
       const SourcePlace& p = f.mxSource.front();
       m += "\n" + messages.format("Runtime", "where", p.file, std::to_string(p.line));
-      m += "\n" + messages.format("Runtime", "text", inputLineText(p.file, p.line));
-      m += "\n" + messages.format("Diagnostics", "mxline", f.mxLine);
+      m += "\n" + messages.format("Runtime", "text", quotedText(inputLineText(p.file, p.line)));
+      m += "\n" + messages.format("Diagnostics", "mxline", quotedText(f.mxLine));
       m += describeTrail(messages, f.mxSource);
     } else if (!f.whereFile.empty()) {
       m += "\n" + messages.format("Runtime", "where", f.whereFile, std::to_string(f.whereLine));
@@ -77,10 +82,10 @@ std::string describeFailure(const Messages& messages, const CompileFailure& f) {
     return m;
   }
   std::string m = messages.text("Runtime", "title") + ": " +
-                  messages.format("Runtime", f.key(), f.arg1(), f.arg2());
+                  messages.format("Runtime", f.key(), quotedText(f.arg1()), quotedText(f.arg2()));
   if (!f.file.empty())
     m += "\n" + messages.format("Runtime", "where", f.file, std::to_string(f.line));
-  if (!f.lineText.empty()) m += "\n" + messages.format("Runtime", "text", f.lineText);
+  if (!f.lineText.empty()) m += "\n" + messages.format("Runtime", "text", quotedText(f.lineText));
   m += describeTrail(messages, f.trail);
   return m;
 }

@@ -87,6 +87,11 @@ RuntimeFailure failureFromAutomation(const Messages& messages, const hosts::Auto
 // The run-time failure for a workbook that cannot be used as asked.
 RuntimeFailure failureFromWorkbook(const hosts::WorkbookError& e);
 
+// How much of a line or a value a message quotes: longer ones are cut and
+// "..." added, so that a failure on a line of 64 KB is a message of a few lines.
+constexpr std::size_t kQuotedTextLength = 200;
+std::string quotedText(std::string_view text);
+
 // The full text shown for a failure: a message as it stands (with MX's error and
 // the place of the flush for a run MX did not finish); a run-time failure with
 // its title, the file and line, and the line's text.

@@ -45,6 +45,10 @@ double arithmetic(char op, double l, double r, std::string_view expr) {
 
 }  // namespace
 
+void checkTextLength(std::size_t length) {
+  if (length > kMaxTextLength) throw RuntimeFailure("textlen", std::to_string(kMaxTextLength));
+}
+
 std::string variableOrName(const RunContext& ctx, std::string_view name) {
   const std::string* v = ctx.vars.find(name);
   return v ? *v : std::string(name);
@@ -155,7 +159,10 @@ std::string operands(RunContext& ctx, std::string_view expr) {
     if (at == std::string_view::npos || at + 1 >= expr.size()) continue;
     std::string l = part(ctx, expr.substr(0, at));
     std::string r = part(ctx, expr.substr(at + 1));
-    if (k == 0) return l += r;
+    if (k == 0) {
+      checkTextLength(l.size() + r.size());
+      return l += r;
+    }
     return conv::CStr(arithmetic(kOperators[k], conv::Val(l), conv::Val(r), expr));
   }
   if (const std::string* v = ctx.vars.find(expr)) return *v;
@@ -234,7 +241,8 @@ void substituteLine(RunContext& ctx, std::string& line) {
     InBars bars(ctx.barDepth);
     std::string value = Evaluate(ctx, inner);
     line.replace(a, b - a + 1, value);
-    if (line.size() > 16 * 65535) throw RuntimeFailure("linelen", std::to_string(16 * 65535));
+    if (line.size() > kMaxTextLength)
+      throw RuntimeFailure("linelen", std::to_string(kMaxTextLength));
   }
 }
 

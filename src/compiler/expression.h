@@ -12,6 +12,12 @@ namespace korvane {
 
 // How deeply operators and parentheses may nest in one expression.
 constexpr int kMaxExpressionDepth = 500;
+// The longest text a value, or a line after substitution, may hold: a few
+// lines that double a text would otherwise take all memory.
+constexpr std::size_t kMaxTextLength = 16 * 65535;
+
+// A run-time failure when a text would have more than kMaxTextLength characters.
+void checkTextLength(std::size_t length);
 
 // The value of an expression. Texts in quotes come back unquoted, function
 // calls are replaced by temporaries, then the expression is split at the last

@@ -2,12 +2,14 @@
 
 #include "base/text.h"
 #include "compiler/compile_failure.h"
+#include "compiler/expression.h"
 
 namespace korvane {
 
 bool isTemporaryName(std::string_view name) { return text::startsWith(name, "zTMP"); }
 
 void VariableTable::set(const std::string& name, std::string value) {
+  checkTextLength(value.size());
   auto it = index_.find(name);
   if (it != index_.end()) {
     entries_[it->second].second = std::move(value);

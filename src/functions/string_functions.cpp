@@ -6,6 +6,7 @@
 
 #include "base/conversions.h"
 #include "compiler/compile_failure.h"
+#include "compiler/expression.h"
 #include "functions/argument_conversion.h"
 #include "functions/functions.h"
 
@@ -29,6 +30,15 @@ std::string trapped(CallContext& ctx, const char* name, int expected, F body) {
 
 std::size_t position1(std::size_t zeroBased) { return zeroBased + 1; }
 
+// The length of s with every `what` replaced by `by`, known before the text is built.
+std::size_t replacedLength(const std::string& s, const std::string& what, const std::string& by) {
+  std::size_t n = s.size();
+  if (what.empty()) return n;
+  for (std::size_t at = s.find(what); at != std::string::npos; at = s.find(what, at + what.size()))
+    n = n - what.size() + by.size();
+  return n;
+}
+
 }  // namespace
 
 std::string fnLen(CallContext& ctx) {
@@ -36,6 +46,8 @@ std::string fnLen(CallContext& ctx) {
 }
 
 std::string fnReplace(CallContext& ctx) {
+  // A result past the longest text ends the run rather than being trapped.
+  checkTextLength(replacedLength(arg(ctx, 1), arg(ctx, 2), arg(ctx, 3)));
   return trapped(ctx, "replace", 3, [&] {
     std::string s = arg(ctx, 1);
     const std::string &what = arg(ctx, 2), &by = arg(ctx, 3);
