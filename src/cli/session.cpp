@@ -117,11 +117,9 @@ void addPresetOption(CLI::App* cmd, std::vector<std::string>& presets) {
   cmd->add_option("-D,--define", presets, cliText("h_define"))->allow_extra_args(false);
 }
 
-std::unique_ptr<Session> Session::open(const SessionOptions& options,
-                                       hosts::EngineKind defaultEngine, int& status) {
+std::unique_ptr<Session> Session::open(const SessionOptions& options, int& status) {
   auto s = std::make_unique<Session>();
-  StartupOptions startup{fromTerminal(options.home), fromTerminal(options.project), options.engine,
-                         defaultEngine};
+  StartupOptions startup{fromTerminal(options.home), fromTerminal(options.project), options.engine};
   startup.firstEntry = options.firstEntry;
   startup.requireProject = true;
   startup.language = fromTerminal(cliLanguage());
