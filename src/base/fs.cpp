@@ -198,10 +198,15 @@ bool removeFile(std::string_view name) {
 }
 
 bool copyFile(std::string_view from, std::string_view to) {
+#ifdef _WIN32
+  // MinGW's copy_file refuses to overwrite an existing file ("File exists").
+  return CopyFileW(native(from).c_str(), native(to).c_str(), FALSE) != 0;
+#else
   std::error_code ec;
   stdfs::path target = native(to);
   stdfs::copy_file(native(from), target, stdfs::copy_options::overwrite_existing, ec);
   return !ec;
+#endif
 }
 
 std::optional<std::string> readFile(std::string_view name) {
