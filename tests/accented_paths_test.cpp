@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/codepage.h"
+#include "base/fs.h"
 #include "support/cli.h"
 
 using namespace korvane;
@@ -13,24 +15,35 @@ namespace {
 
 struct AccentedPaths : test::CliProject {};
 
+// A name as the program takes it on its command line: the ANSI code page on
+// Windows, UTF-8 elsewhere.
+std::string onCommandLine(const std::string& cp1250) {
+#ifdef _WIN32
+  return cp1250;
+#else
+  return cp::toUtf8(cp1250);
+#endif
+}
+
 TEST_F(AccentedPaths, RunAndModelsWorkInAnAccentedProjectFolder) {
   namespace stdfs = std::filesystem;
-  // "Útépítés" and "főút.ipf" as the file system spells them (UTF-8).
-  const std::string folder = "\xC3\x9At\xC3\xA9p\xC3\xADt\xC3\xA9s";
-  const stdfs::path root = stdfs::path(project.folder()) / folder;
+  // "Útépítés" and "főút.ipf" in the users' code page; "ő" is not in Latin-1.
+  const std::string folder = project.path("\xDAt\xE9p\xEDt\xE9s");
+  const std::string entry = fs::join(fs::join(folder, "inputs"), "f\xF5\xFAt.ipf");
+  const stdfs::path root = fs::native(folder);
   stdfs::create_directories(root / "inputs");
-  std::ofstream(root / "inputs" / "f\xC5\x91\xC3\xBAt.ipf", std::ios::binary) << "crea,ROAD\r\n";
-  const std::string where = " --project '" + root.string() + "'";
+  std::ofstream(fs::native(entry), std::ios::binary) << "crea,ROAD\r\n";
+  const std::string where = " --project '" + onCommandLine(folder) + "'";
 
-  const std::string entry = (root / "inputs" / "f\xC5\x91\xC3\xBAt.ipf").string();
-  EXPECT_EQ(run("run '" + entry + "'" + where), 0) << err();
+  EXPECT_EQ(run("run '" + onCommandLine(entry) + "'" + where), 0) << err();
   EXPECT_TRUE(stdfs::exists(root / "korvane-models.db"));
   EXPECT_TRUE(stdfs::exists(root / "tmpinput.txt"));
   EXPECT_EQ(run("models list" + where), 0) << err();
   EXPECT_NE(project.read("out.txt").find("ROAD"), std::string::npos);
   // Nothing was made under a mangled name beside it.
   int entries = 0;
-  for (const auto& e : stdfs::directory_iterator(project.folder())) entries += e.is_directory();
+  for (const auto& e : stdfs::directory_iterator(fs::native(project.folder())))
+    entries += e.is_directory();
   EXPECT_EQ(entries, 2);  // the accented folder and the fixture's inputs folder
 }
 

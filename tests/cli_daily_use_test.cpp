@@ -17,7 +17,7 @@ struct DailyUse : test::CliProject {
   int runIn(const std::string& folder, const std::string& args) {
     return test::runKorvane(project.path(folder), args + " --home '" + home + "'");
   }
-  std::string utf8(const std::string& cp1250) { return cp::toUtf8(cp1250); }
+  std::string shown(const std::string& cp1250) { return test::asShown(cp1250); }
 };
 
 TEST_F(DailyUse, TheProjectIsTheFolderAboveInputs) {
@@ -36,8 +36,9 @@ TEST_F(DailyUse, TheProjectIsTheFolderAboveInputs) {
 TEST_F(DailyUse, NoModelStoreOutsideAProjectAndAClearMessageForAMissingOne) {
   project.write("loose/a.ipf", "crea,A\n");
   EXPECT_EQ(runIn("loose", "run a.ipf --lang en"), 2);
-  EXPECT_EQ(project.read("loose/err.txt"), en.format("Cli", "not_project", project.path("loose")) +
-                                               "\n" + en.text("Cli", "choose_project") + "\n");
+  EXPECT_EQ(test::errorText(project.read("loose/err.txt")),
+            en.format("Cli", "not_project", project.path("loose")) + "\n" +
+                en.text("Cli", "choose_project") + "\n");
   EXPECT_FALSE(project.exists("loose/korvane-models.db"));
   EXPECT_FALSE(project.exists("loose/tmpinput.txt"));
   // Named with --project, the folder is taken as it is.
@@ -59,14 +60,14 @@ TEST_F(DailyUse, CompileAsksTheSameEngineAsRunUnlessToldNone) {
 
 TEST_F(DailyUse, LanguageChosenOnTheCommandLineOrInTheEnvironment) {
   EXPECT_EQ(run("run a.ipf --project nowhere --lang hu"), 2);
-  EXPECT_EQ(err(), utf8(hu.format("Cli", "no_project", project.path("nowhere"))) + "\n");
+  EXPECT_EQ(err(), shown(hu.format("Cli", "no_project", project.path("nowhere"))) + "\n");
   EXPECT_EQ(test::runKorvane(project.folder(), "compile --home '" + home + "'", "KORVANE_LANG=en"),
             2);
   EXPECT_EQ(err(), "korvane: " + en.format("Cli", "arg_required", "ENTRY") + "\n" +
                        en.text("Cli", "arg_hint") + "\n");
   EXPECT_EQ(run("compile --lang hu"), 2);
-  EXPECT_EQ(err(), "korvane: " + utf8(hu.format("Cli", "arg_required", "ENTRY")) + "\n" +
-                       utf8(hu.text("Cli", "arg_hint")) + "\n");
+  EXPECT_EQ(err(), "korvane: " + shown(hu.format("Cli", "arg_required", "ENTRY")) + "\n" +
+                       shown(hu.text("Cli", "arg_hint")) + "\n");
 }
 
 TEST_F(DailyUse, HelpVersionAndMistypedCommands) {

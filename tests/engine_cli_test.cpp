@@ -1,6 +1,4 @@
 // `korvane models` as a user runs it: output lines and exit statuses.
-#include <sys/wait.h>
-
 #include <cstdlib>
 
 #include "base/messages.h"

@@ -3,10 +3,10 @@
 // in place.
 #include <cmath>
 
-#include "support/engine.h"
 #include "hosts/embedded/engine_error.h"
 #include "hosts/embedded/point_blob.h"
 #include "hosts/embedded/sqlite_db.h"
+#include "support/engine.h"
 
 using namespace korvane::hosts::embedded;
 using korvane::testing::EngineTest;
@@ -98,6 +98,10 @@ TEST_F(EngineTest, StorageIsOneFileInWalModeWithItsLock) {
 }
 
 TEST_F(EngineTest, StorageReopensAStoreRemovedBetweenRuns) {
+#ifdef _WIN32
+  GTEST_SKIP() << "Windows does not remove a file that is open: the store the engine holds "
+                  "cannot vanish between its runs there";
+#endif
   ASSERT_EQ(run("crea,OLD\n"), "");
   ASSERT_TRUE(engine_->modelExists("OLD"));
   for (const std::string& f : ModelStore::files(path(ModelStore::kFileName)))

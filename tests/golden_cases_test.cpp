@@ -53,7 +53,8 @@ std::string outcome(const std::string& name) {
   Compiler c{project, {}, embedded ? EngineChoice::Embedded : EngineChoice::Recording};
   const bool ok = c.compile(name + ".ipf");
   std::string out;
-  for (const auto& l : c.lines) out += replaceAll(l, project.folder() + "/", "<project>/") + "\n";
+  const std::string folder = fs::withTrailingSeparator(project.folder());
+  for (const auto& l : c.lines) out += replaceAll(l, folder, "<project>/") + "\n";
   if (!ok) {
     std::string m =
         replaceAll(c.ctx.stop.message, fs::withTrailingSeparator(project.folder()), "<project>/");

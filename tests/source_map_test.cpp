@@ -113,7 +113,7 @@ TEST_F(SourceMapCli, TheEmbeddedEngineReportsTheInputLineAndLeavesNoSentinel) {
                                   hu.format("Diagnostics", "inserted", project.path("b.ipm"), "2") +
                                       " " + hu.format("Diagnostics", "pass", "1"),
                                   hu.format("Diagnostics", "inserted", project.path("a.ipf"), "2")})
-    EXPECT_NE(err.find(cp::toUtf8(want)), std::string::npos) << want << "\n" << err;
+    EXPECT_NE(err.find(test::asShown(want)), std::string::npos) << want << "\n" << err;
   EXPECT_NE(project.read("tmpinput.txt").find("insrt,axis"), std::string::npos);
   EXPECT_FALSE(project.exists("tmpflag.txt"));
   ASSERT_EQ(run("models list"), 0);

@@ -80,13 +80,29 @@ NameParts splitName(std::string_view name) {
 }
 
 #ifdef _WIN32
-stdfs::path native(std::string_view name) {
-  // The system's ANSI code page is the users' code page on Windows.
-  return stdfs::path(std::string(name));
+// The system's ANSI code page is the users' code page on Windows. The C++
+// library's own conversions of narrow paths do not use it (they read bytes as
+// Latin-1 and write UTF-8), so every path goes through the system's.
+stdfs::path pathOfNativeText(const std::string& name) {
+  const int n =
+      MultiByteToWideChar(CP_ACP, 0, name.data(), static_cast<int>(name.size()), nullptr, 0);
+  std::wstring wide(static_cast<std::size_t>(n), L'\0');
+  MultiByteToWideChar(CP_ACP, 0, name.data(), static_cast<int>(name.size()), wide.data(), n);
+  return stdfs::path(std::move(wide));
 }
-std::string fromNative(const stdfs::path& p) { return p.string(); }
+stdfs::path native(std::string_view name) { return pathOfNativeText(std::string(name)); }
+std::string fromNative(const stdfs::path& p) {
+  const std::wstring& wide = p.native();
+  const int n = WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), nullptr,
+                                    0, nullptr, nullptr);
+  std::string text(static_cast<std::size_t>(n), '\0');
+  WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), text.data(), n,
+                      nullptr, nullptr);
+  return text;
+}
 std::string nativeText(std::string_view name) { return std::string(name); }
 #else
+stdfs::path pathOfNativeText(const std::string& name) { return stdfs::path(name); }
 std::string nativeText(std::string_view name) {
   std::string utf8 = cp::toUtf8(name);
   for (char& c : utf8)
@@ -182,10 +198,15 @@ bool removeFile(std::string_view name) {
 }
 
 bool copyFile(std::string_view from, std::string_view to) {
+#ifdef _WIN32
+  // MinGW's copy_file refuses to overwrite an existing file ("File exists").
+  return CopyFileW(native(from).c_str(), native(to).c_str(), FALSE) != 0;
+#else
   std::error_code ec;
   stdfs::path target = native(to);
   stdfs::copy_file(native(from), target, stdfs::copy_options::overwrite_existing, ec);
   return !ec;
+#endif
 }
 
 std::optional<std::string> readFile(std::string_view name) {
@@ -199,6 +220,15 @@ std::optional<std::string> readFile(std::string_view name) {
     // A folder opens as a stream and fails at the first read, by an exception.
     return std::nullopt;
   }
+}
+
+std::FILE* openFile(const stdfs::path& path, const char* mode) {
+#ifdef _WIN32
+  const std::wstring wideMode(mode, mode + std::char_traits<char>::length(mode));
+  return _wfopen(path.c_str(), wideMode.c_str());
+#else
+  return std::fopen(path.c_str(), mode);
+#endif
 }
 
 bool writeFileAtomic(std::string_view name, std::string_view content) {
@@ -215,7 +245,7 @@ bool writeFileAtomic(std::string_view name, std::string_view content) {
   stdfs::path tmp = target;
   tmp += ".korvane-new";
   {
-    std::FILE* f = std::fopen(tmp.string().c_str(), "wb");
+    std::FILE* f = openFile(tmp, "wb");
     if (!f) return false;
     bool ok = std::fwrite(content.data(), 1, content.size(), f) == content.size();
     ok = std::fflush(f) == 0 && ok;
@@ -238,7 +268,7 @@ bool writeFileAtomic(std::string_view name, std::string_view content) {
 }
 
 bool appendFile(std::string_view name, std::string_view content) {
-  std::FILE* f = std::fopen(native(name).string().c_str(), "ab");
+  std::FILE* f = openFile(native(name), "ab");
   if (!f) return false;
   bool ok = std::fwrite(content.data(), 1, content.size(), f) == content.size();
   ok = std::fflush(f) == 0 && ok;

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -43,6 +44,10 @@ std::string fromNative(const std::filesystem::path& p);
 // A name in the file system's own encoding, converted without looking at the
 // disk (no search for another letter case, as native() makes).
 std::string nativeText(std::string_view name);
+// The path of a name that nativeText gave.
+std::filesystem::path pathOfNativeText(const std::string& name);
+// Opens a file as std::fopen does, by its system path.
+std::FILE* openFile(const std::filesystem::path& path, const char* mode);
 
 bool fileExists(std::string_view name);
 bool folderExists(std::string_view name);

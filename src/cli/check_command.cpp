@@ -21,7 +21,7 @@ int runCheck(CheckOptions o) {
   int status = 0;
   const std::vector<std::string> entries = entriesFromWords(o.words);
   if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
-  auto session = Session::open(o.session, hosts::defaultEngineKind(), status);
+  auto session = Session::open(o.session, status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
   Warnings warnings(ctx);

@@ -31,7 +31,7 @@ int runCompile(CompileOptions o) {
   const std::vector<std::string> entries = entriesFromWords(o.words);
   if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
   // The same engine as `korvane run`, so that model queries answer alike.
-  auto session = Session::open(o.session, hosts::defaultEngineKind(), status);
+  auto session = Session::open(o.session, status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
   std::vector<std::string> outputs = projectOutputs(ctx.projectFolder, {}, "", "");

@@ -53,19 +53,18 @@ Messages& messages() {
 // The engine of the --project folder (the current directory by default).
 std::unique_ptr<EmbeddedEngine> openEngine() {
   std::error_code ec;
-  fs::path folder = args().project.empty() ? fs::current_path(ec) : fs::path(args().project);
-  if (args().project.empty() && !isProjectFolder(fs::absolute(folder, ec).string())) {
-    std::cerr << "korvane models: "
-              << terminal(
-                     messages().format("Cli", "not_project", fs::absolute(folder, ec).string()))
+  const std::string named = fromTerminal(args().project);
+  fs::path folder = named.empty() ? fs::current_path(ec) : korvane::fs::native(named);
+  const std::string shown = korvane::fs::fromNative(fs::absolute(folder, ec));
+  if (named.empty() && !isProjectFolder(shown)) {
+    std::cerr << "korvane models: " << terminal(messages().format("Cli", "not_project", shown))
               << "\n"
               << terminal(messages().text("Cli", "choose_project")) << "\n";
     setExitCode(kUsageError);
     return nullptr;
   }
   if (!fs::is_directory(folder, ec)) {
-    std::cerr << "korvane models: "
-              << terminal(messages().format("Cli", "no_project", fs::absolute(folder, ec).string()))
+    std::cerr << "korvane models: " << terminal(messages().format("Cli", "no_project", shown))
               << "\n";
     setExitCode(kUsageError);
     return nullptr;
@@ -221,8 +220,7 @@ int remove(EmbeddedEngine& e) {
 }
 
 int exec(EmbeddedEngine& e) {
-  std::error_code ec;
-  std::string file = fs::absolute(args().file, ec).string();
+  const std::string file = korvane::fs::absolute(fromTerminal(args().file));
   hosts::MxRunResult r = e.configuration().run("input", file);
   std::ifstream listing(r.listing, std::ios::binary);
   std::string line;

@@ -172,7 +172,7 @@ struct RunOptions {
 int runRun(RunOptions o, const std::vector<std::string>& entries) {
   int status = 0;
   if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
-  auto session = Session::open(o.session, hosts::defaultEngineKind(), status);
+  auto session = Session::open(o.session, status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
 

@@ -121,11 +121,9 @@ void addWarningsOption(CLI::App* cmd, bool& warnings) {
   cmd->add_flag("--warnings", warnings, cliText("h_warnings"));
 }
 
-std::unique_ptr<Session> Session::open(const SessionOptions& options,
-                                       hosts::EngineKind defaultEngine, int& status) {
+std::unique_ptr<Session> Session::open(const SessionOptions& options, int& status) {
   auto s = std::make_unique<Session>();
-  StartupOptions startup{fromTerminal(options.home), fromTerminal(options.project), options.engine,
-                         defaultEngine};
+  StartupOptions startup{fromTerminal(options.home), fromTerminal(options.project), options.engine};
   startup.firstEntry = options.firstEntry;
   startup.requireProject = true;
   startup.language = fromTerminal(cliLanguage());

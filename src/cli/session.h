@@ -38,8 +38,9 @@ struct SessionOptions {
 class Session {
  public:
   // Returns null after printing the reason (exit status in `status`).
-  static std::unique_ptr<Session> open(const SessionOptions& options,
-                                       hosts::EngineKind defaultEngine, int& status);
+  // The engine is the one named, else MX where Korvane.ini's MX classes are
+  // registered, else the embedded one.
+  static std::unique_ptr<Session> open(const SessionOptions& options, int& status);
 
   Startup started;  // the project folder's hold, home paths and engine; let go last
   RunContext ctx;

@@ -21,7 +21,7 @@ void CompiledOutput::open(const std::string& fullName, bool append) {
   close();
   setName(fullName);
   origins_.clear();
-  file_ = std::fopen(fs::native(fullName).string().c_str(), append ? "ab" : "wb");
+  file_ = fs::openFile(fs::native(fullName), append ? "ab" : "wb");
   if (!file_) throw RuntimeFailure("write", fullName);
 }
 

@@ -29,7 +29,7 @@ bool LineReader::open(const std::string& fullName, SourceCache* cache) {
     len_ = held_->content.size();
     return true;
   }
-  file_ = std::fopen(fs::native(fullName).string().c_str(), "rb");
+  file_ = fs::openFile(fs::native(fullName), "rb");
   if (!file_) return false;
   buffer_ = std::make_unique_for_overwrite<char[]>(kWindow);
   data_ = buffer_.get();

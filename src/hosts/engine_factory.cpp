@@ -22,10 +22,12 @@ bool parseEngineKind(const std::string& word, EngineKind& kind) {
   return true;
 }
 
-EngineKind defaultEngineKind() {
+EngineKind defaultEngineKind(const std::string& settingsFile) {
 #ifdef _WIN32
-  return windows::mxInstalled(windows::MxNames{}) ? EngineKind::Mx : EngineKind::Embedded;
+  return windows::mxInstalled(windows::readMxNames(settingsFile)) ? EngineKind::Mx
+                                                                  : EngineKind::Embedded;
 #else
+  (void)settingsFile;
   return EngineKind::Embedded;
 #endif
 }

@@ -13,9 +13,9 @@ enum class EngineKind { None, Embedded, Mx };
 
 // Parses "none", "embedded" or "mx"; false for anything else.
 bool parseEngineKind(const std::string& word, EngineKind& kind);
-// "mx" where MX's automation is installed (its configuration class is
-// registered), "embedded" elsewhere.
-EngineKind defaultEngineKind();
+// "mx" where MX's automation is installed (its configuration class, as the
+// settings file's [MX] section names it, is registered), "embedded" elsewhere.
+EngineKind defaultEngineKind(const std::string& settingsFile);
 
 struct EngineOptions {
   std::string projectFolder;                    // the MX project folder, no trailing separator

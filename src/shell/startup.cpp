@@ -30,6 +30,31 @@ bool isProjectFolder(const std::string& folder) {
          fs::fileExists(fs::join(folder, "korvane-models.db"));
 }
 
+namespace {
+
+// The engine's settings: Korvane.ini's macro folders (relative ones in the
+// project folder) and where MX's class and member names are set.
+hosts::EngineOptions engineOptions(const std::string& project, const HomePaths& paths) {
+  hosts::EngineOptions o;
+  o.projectFolder = project;
+  o.settingsFile = paths.settings;
+  for (const char* key : {"PrivateMacros", "ProjectMacros", "PublicMacros"}) {
+    std::string folder = ReadProfileString("MX", key, paths.settings);
+    if (!folder.empty() && !fs::isAbsolute(folder)) folder = fs::join(project, folder);
+    // Korvane's own macros (the long section's) lie in "macros" beside the
+    // settings file; they are the private macros unless the settings name others.
+    if (folder.empty() && std::string(key) == "PrivateMacros" &&
+        fs::folderExists(fs::join(paths.home, "macros")))
+      folder = fs::join(paths.home, "macros");
+    o.settings[key] = folder;
+  }
+  return o;
+}
+
+const char* const kEngineNames[] = {"none", "embedded", "mx"};
+
+}  // namespace
+
 bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::string& error) {
   out.failureStatus = 2;
   if (!resolveHome(options.home, out.paths, error, options.language)) return false;
@@ -37,18 +62,46 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
   ctx.messages = Messages(out.paths.language);
   ctx.language = &standardLanguage();
 
-  const std::string project = projectFolderFor(options.project, options.firstEntry);
+  hosts::EngineKind kind =
+      options.defaultEngine ? *options.defaultEngine : hosts::defaultEngineKind(out.paths.settings);
+  if (!options.engine.empty() && !hosts::parseEngineKind(options.engine, kind)) {
+    error = ctx.messages.format("Cli", "engine_missing", options.engine, "none|embedded|mx");
+    return false;
+  }
+  std::string reason;
+  std::string project;
+  if (kind == hosts::EngineKind::Mx) {
+    // MX works in its own current project, and so do the compiled input and
+    // the query files that it reads and writes there: the folder is MX's.
+    out.failureStatus = 1;
+    out.engine = hosts::makeEngine(kind, engineOptions("", out.paths), reason);
+    if (out.engine) {
+      try {
+        project = fs::withoutTrailingSeparator(out.engine->project().currentFolder());
+      } catch (const hosts::AutomationError& e) {
+        reason = e.what();
+        out.engine.reset();
+      }
+    }
+    if (!out.engine) {
+      error = ctx.messages.format("Cli", "engine_missing", "mx", reason);
+      return false;
+    }
+    const std::string named = options.project.empty() ? "" : projectFolderFor(options.project, "");
+    if (!named.empty() && !cp::equalsIgnoreCase(named, project)) {
+      error = ctx.messages.format("Cli", "mx_project", project, named);
+      out.failureStatus = 2;
+      return false;
+    }
+  } else {
+    project = projectFolderFor(options.project, options.firstEntry);
+  }
   if (!fs::folderExists(project)) {
     error = ctx.messages.format("Cli", "no_project", project);
     return false;
   }
   ctx.projectFolder = fs::withTrailingSeparator(project);
 
-  hosts::EngineKind kind = options.defaultEngine;
-  if (!options.engine.empty() && !hosts::parseEngineKind(options.engine, kind)) {
-    error = ctx.messages.format("Cli", "engine_missing", options.engine, "none|embedded|mx");
-    return false;
-  }
   // The embedded engine keeps its models in the project folder: only a folder
   // that is one (or that the user named) gets a store.
   if (options.requireProject && kind == hosts::EngineKind::Embedded && options.project.empty() &&
@@ -62,24 +115,11 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
     error = ctx.messages.format("Cli", "busy", project);
     return false;
   }
-  hosts::EngineOptions engineOptions;
-  engineOptions.projectFolder = project;
-  engineOptions.settingsFile = out.paths.settings;
-  for (const char* key : {"PrivateMacros", "ProjectMacros", "PublicMacros"}) {
-    std::string folder = ReadProfileString("MX", key, out.paths.settings);
-    if (!folder.empty() && !fs::isAbsolute(folder)) folder = fs::join(project, folder);
-    // Korvane's own macros (the long section's) lie in "macros" beside the
-    // settings file; they are the private macros unless the settings name others.
-    if (folder.empty() && std::string(key) == "PrivateMacros" &&
-        fs::folderExists(fs::join(out.paths.home, "macros")))
-      folder = fs::join(out.paths.home, "macros");
-    engineOptions.settings[key] = folder;
-  }
-  std::string reason;
-  out.engine = hosts::makeEngine(kind, engineOptions, reason);
+  if (!out.engine)
+    out.engine = hosts::makeEngine(kind, engineOptions(project, out.paths), reason);
   if (!out.engine) {
-    static const char* const kNames[] = {"none", "embedded", "mx"};
-    error = ctx.messages.format("Cli", "engine_missing", kNames[static_cast<int>(kind)], reason);
+    error =
+        ctx.messages.format("Cli", "engine_missing", kEngineNames[static_cast<int>(kind)], reason);
     return false;
   }
   ctx.engine = out.engine.get();

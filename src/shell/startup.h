@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "compiler/run_context.h"
@@ -17,9 +18,10 @@ namespace korvane {
 
 struct StartupOptions {
   std::string home;     // "" = the usual search (resolveHome)
-  std::string project;  // "" = found from firstEntry (projectFolderFor)
+  std::string project;  // "" = found from firstEntry (projectFolderFor); MX's own with MX
   std::string engine;   // "" = defaultEngine
-  hosts::EngineKind defaultEngine = hosts::defaultEngineKind();
+  // None: MX where the classes Korvane.ini names are registered (defaultEngineKind).
+  std::optional<hosts::EngineKind> defaultEngine;
   std::string firstEntry;       // the run's first input file (absolute), or ""
   bool requireProject = false;  // refuse a model store in a folder that is no project
   std::string language;         // "" = the settings file's; "hu", "en" or a file's name

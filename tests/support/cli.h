@@ -7,9 +7,29 @@
 #include <filesystem>
 #include <string>
 
+#include "base/codepage.h"
 #include "support/project.h"
 
 namespace korvane::test {
+
+// A text of the program as a terminal shows it: UTF-8 on Linux, the ANSI
+// code page (the users' own) on Windows.
+inline std::string asShown(const std::string& cp1250) {
+#ifdef _WIN32
+  return cp1250;
+#else
+  return cp::toUtf8(cp1250);
+#endif
+}
+
+// What the program wrote to its standard error, with "\n" line ends: on
+// Windows standard error is in text mode and writes CR LF.
+inline std::string errorText(std::string text) {
+#ifdef _WIN32
+  for (std::size_t at; (at = text.find("\r\n")) != std::string::npos;) text.erase(at, 1);
+#endif
+  return text;
+}
 
 struct CliProject : ::testing::Test {
   TempProject project;
@@ -23,7 +43,7 @@ struct CliProject : ::testing::Test {
   int run(const std::string& args) {
     return runKorvane(project.folder(), args + " --home '" + home + "'");
   }
-  std::string err() const { return project.read("err.txt"); }
+  std::string err() const { return errorText(project.read("err.txt")); }
 };
 
 }  // namespace korvane::test

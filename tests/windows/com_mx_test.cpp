@@ -30,6 +30,28 @@ hosts::windows::MxNames fakeMx() {
   return n;
 }
 
+// COM with MX's engine process injected: Wine's WMI gives no command line of
+// another process.
+class WithMxEngineRunning final : public hosts::AutomationSystem {
+ public:
+  explicit WithMxEngineRunning(std::string commandLine)
+      : com_(hosts::windows::makeComAutomationSystem()), line_(std::move(commandLine)) {}
+  std::vector<std::string> processCommandLines(const std::string& exe) override {
+    if (exe != "mosseng.exe") return {};
+    return {"\"C:\\MX\\mosseng.exe\" /batch", line_};
+  }
+  hosts::AutoObject runningObject(const std::string& p) override { return com_->runningObject(p); }
+  std::string fileVersion(const std::string& p) override { return com_->fileVersion(p); }
+  std::vector<std::string> registrySubkeys(const std::string& k) override {
+    return com_->registrySubkeys(k);
+  }
+  hosts::AutoObject createObject(const std::string& p) override { return com_->createObject(p); }
+
+ private:
+  std::unique_ptr<hosts::AutomationSystem> com_;
+  std::string line_;
+};
+
 struct ComMx : ::testing::Test {
   test::TempProject project;
   std::unique_ptr<hosts::MxEngine> mx;
@@ -52,6 +74,22 @@ struct ComMx : ::testing::Test {
 TEST_F(ComMx, SettingsAndTheProjectFolderComeFromMxsServices) {
   EXPECT_EQ(mx->configuration().setting("PrivateMacros"), "C:\\MX\\PrivateMacros");
   EXPECT_EQ(mx->project().currentFolder(), "C:\\Projects\\Road");
+}
+
+TEST_F(ComMx, TheProjectFileIsTheOneMxsEngineWasStartedWith) {
+  std::string error;
+  for (const auto& [line, file] : std::vector<std::pair<std::string, std::string>>{
+           {"\"C:\\MX\\mosseng.exe\" \"C:\\Projects\\Road Works\\Main Road.MMD\" /x",
+            "Main Road.MMD"},
+           {"C:\\MX\\mosseng.exe C:\\Projects\\Road\\road.mmd", "road.mmd"},
+           {"C:\\MX\\mosseng.exe /nomodel", ""}}) {
+    auto engine =
+        hosts::windows::makeMxEngine(std::make_unique<WithMxEngineRunning>(line), fakeMx(), error);
+    ASSERT_TRUE(engine) << error;
+    EXPECT_EQ(engine->project().projectFileName(), file) << line;
+  }
+  // MX's engine not running: no project file.
+  EXPECT_EQ(mx->project().projectFileName(), "");
 }
 
 TEST_F(ComMx, ARunMakesAndRemovesModelsAndIsRecordedWithItsFile) {
@@ -140,24 +178,43 @@ TEST_F(ComMx, AnErrorMxRaisesEndsTheRunWithTheMemberAndMxsWords) {
       << c.ctx.stop.message;
 }
 
-TEST_F(ComMx, TheCommandLineRunsThroughTheMxThatKorvaneIniNames) {
-  // Without MX's own classes registered, the embedded engine is the default.
-  EXPECT_EQ(hosts::defaultEngineKind(), hosts::EngineKind::Embedded);
+TEST_F(ComMx, TheCommandLineRunsThroughTheMxThatKorvaneIniNamesInMxsProject) {
   test::TempProject home;
   for (const char* f : {"Korvane.ini", "Hungarian.lng", "English.lng"})
     home.write(f, *fs::readFile(test::sourceDir() + "/data/" + f));
   const std::string ini = home.path("Korvane.ini");
+  // MX's default class names are not registered here: the embedded engine is
+  // the default until Korvane.ini names the classes that are.
+  EXPECT_EQ(hosts::defaultEngineKind(ini), hosts::EngineKind::Embedded);
   const auto names = fakeMx();
   WriteProfileString("MX", "ConfigurationClass", names.configurationClass, ini);
   WriteProfileString("MX", "ProjectClass", names.projectClass, ini);
+  EXPECT_EQ(hosts::defaultEngineKind(ini), hosts::EngineKind::Mx);
+
+  // MX has another folder as its current project: the run goes there.
+  test::TempProject mxProject;
+  hosts::windows::makeComAutomationSystem()
+      ->createObject(names.projectClass)
+      ->set("ProjectFolder", mxProject.folder());
   project.write("road.ipf", "crea,FROM CLI\r\n");
-  EXPECT_EQ(
-      test::runKorvane(project.folder(), "run road.ipf --engine mx --home '" + home.folder() + "'"),
-      0)
+  const std::string withHome = " --home '" + home.folder() + "'";
+  EXPECT_EQ(test::runKorvane(project.folder(), "run road.ipf" + withHome), 0)
       << project.read("err.txt");
   EXPECT_TRUE(mx->configuration().modelExists("FROM CLI"));
+  EXPECT_TRUE(mxProject.exists("tmpinput.txt"));
+  EXPECT_FALSE(project.exists("tmpinput.txt"));
+  EXPECT_FALSE(project.exists("korvane-models.db"));
   runInput("dele,FROM CLI\r\n");
-  // MX's default class names are not registered here: a clear refusal.
+
+  // A project folder named on the command line that is not MX's is refused.
+  EXPECT_EQ(test::runKorvane(project.folder(), "run road.ipf --engine mx --project '" +
+                                                   project.folder() + "'" + withHome),
+            2);
+  EXPECT_NE(project.read("err.txt").find(mxProject.folder()), std::string::npos)
+      << project.read("err.txt");
+  EXPECT_FALSE(mx->configuration().modelExists("FROM CLI"));
+
+  // With MX's default class names, which are not registered here: a clear refusal.
   EXPECT_EQ(test::runKorvane(project.folder(),
                              "run road.ipf --engine mx --home '" + test::sourceDir() + "/data'"),
             1);

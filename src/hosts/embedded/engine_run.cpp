@@ -4,8 +4,8 @@
 #include <fstream>
 #include <memory>
 
-#include "base/fs.h"
 #include "base/codepage.h"
+#include "base/fs.h"
 #include "base/text.h"
 #include "hosts/embedded/edit_options.h"
 #include "hosts/embedded/engine_limits.h"
@@ -115,11 +115,13 @@ bool isEngineFile(const fs::path& file, const std::string& store, const std::str
   if (ec) target = file.lexically_normal();
   std::vector<std::string> own = ModelStore::files(store);
   own.push_back(listing);
-  for (const std::string& o : own) {
+  for (const std::string& name : own) {
+    const fs::path o = korvane::fs::pathOfNativeText(name);
     fs::path p = fs::weakly_canonical(o, ec);
-    if (ec) p = fs::path(o).lexically_normal();
+    if (ec) p = o.lexically_normal();
 #ifdef _WIN32
-    if (cp::equalsIgnoreCase(p.string(), target.string())) return true;
+    if (cp::equalsIgnoreCase(korvane::fs::fromNative(p), korvane::fs::fromNative(target)))
+      return true;
 #else
     if (p == target) return true;
 #endif
@@ -380,8 +382,8 @@ void EngineRun::redirect(const std::string& argument) {
     return;
   }
   // The file is named in the users' code page, relative to the project folder.
-  const fs::path p = korvane::fs::nativeText(
-      korvane::fs::isAbsolute(file) ? file : korvane::fs::join(request_.projectFolder, file));
+  const fs::path p = korvane::fs::pathOfNativeText(korvane::fs::nativeText(
+      korvane::fs::isAbsolute(file) ? file : korvane::fs::join(request_.projectFolder, file)));
   if (isEngineFile(p, store_.path(), listing_.path()))
     refuse("OVER: GENIO output cannot go to the model store, its journal files or the listing ('" +
            excerpt(file) + "')");

@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "base/fs.h"
+
 namespace korvane::hosts::embedded {
 
 Listing::~Listing() {
@@ -13,7 +15,7 @@ Listing::~Listing() {
 
 bool Listing::open(const std::string& path, std::string& error) {
   path_ = path;
-  file_ = path;
+  file_ = korvane::fs::pathOfNativeText(path);
   // Written over in place and cut to its new length at the end: emptying it
   // first would free its blocks and take new ones on every run, and some file
   // systems (those that discard freed blocks) make that wait for the disk.

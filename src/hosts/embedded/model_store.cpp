@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "base/codepage.h"
+#include "base/fs.h"
 #ifndef _WIN32
 #include <sys/stat.h>
 #endif
@@ -50,7 +51,8 @@ std::string identity(const std::string& path) {
   return std::to_string(st.st_dev) + ":" + std::to_string(st.st_ino);
 #else
   std::error_code ec;  // an open file cannot be removed or replaced here
-  return std::filesystem::exists(path, ec) ? "present" : std::string();
+  return std::filesystem::exists(korvane::fs::pathOfNativeText(path), ec) ? "present"
+                                                                          : std::string();
 #endif
 }
 
@@ -123,7 +125,8 @@ std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access acc
                                              std::string& error) {
   error.clear();
   std::error_code ec;
-  if (access == Access::Query && !std::filesystem::exists(path, ec)) return nullptr;
+  if (access == Access::Query && !std::filesystem::exists(korvane::fs::pathOfNativeText(path), ec))
+    return nullptr;
   const std::string refused = "the model store " + path + " is not a Korvane model store: ";
   try {
     auto db =

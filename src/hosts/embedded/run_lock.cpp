@@ -4,6 +4,8 @@
 
 #include <filesystem>
 
+#include "base/fs.h"
+
 namespace korvane::hosts::embedded {
 
 namespace {
@@ -21,7 +23,7 @@ const std::string& prepared(const std::string& path) {
     } catch (const SqliteError& e) {
       if (!e.notADatabase() || attempt > 0) throw;
       std::error_code ec;
-      std::filesystem::remove(path, ec);
+      std::filesystem::remove(korvane::fs::pathOfNativeText(path), ec);
     }
   }
 }

@@ -4,6 +4,8 @@
 
 #include <stdexcept>
 
+#include "base/fs.h"
+
 namespace korvane::hosts::embedded {
 
 bool SqliteError::busy() const {
@@ -21,7 +23,10 @@ bool SqliteError::notADatabase() const {
 SqliteDb::SqliteDb(const std::string& path, OpenMode mode) {
   int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
   if (mode == OpenMode::ReadWriteCreate) flags |= SQLITE_OPEN_CREATE;
-  int rc = sqlite3_open_v2(path.c_str(), &db_, flags, nullptr);
+  // SQLite takes file names in UTF-8 on every system; ours are in the file
+  // system's narrow encoding, which on Windows is the ANSI code page.
+  const std::u8string name = korvane::fs::pathOfNativeText(path).u8string();
+  int rc = sqlite3_open_v2(reinterpret_cast<const char*>(name.c_str()), &db_, flags, nullptr);
   if (rc != SQLITE_OK) {
     std::string msg = db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(rc);
     sqlite3_close(db_);

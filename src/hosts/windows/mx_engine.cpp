@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "base/codepage.h"
 #include "hosts/windows/com_system.h"
 
 namespace korvane::hosts::windows {
@@ -56,6 +57,28 @@ class ComMxModel final : public MxModel {
   const MxNames& n_;
 };
 
+// The file name (without its folder) of the last ".mmd" file named on a
+// command line, quoted or not; empty when there is none.
+std::string mmdOnCommandLine(const std::string& line) {
+  std::string found, word;
+  bool quoted = false;
+  const auto endWord = [&] {
+    if (word.size() > 4 && cp::equalsIgnoreCase(word.substr(word.size() - 4), ".mmd"))
+      found = word.substr(word.find_last_of("\\/") + 1);
+    word.clear();
+  };
+  for (char c : line) {
+    if (c == '"')
+      quoted = !quoted;
+    else if (c == ' ' && !quoted)
+      endWord();
+    else
+      word += c;
+  }
+  endWord();
+  return found;
+}
+
 class ComMxEngine final : public MxEngine,
                           MxConfiguration,
                           MxProject,
@@ -99,6 +122,14 @@ class ComMxEngine final : public MxEngine,
 
   // Project service.
   std::string currentFolder() override { return project_->get(n_.projectFolder).text(); }
+  // MX's engine is started with its project file on its command line.
+  std::string projectFileName() override {
+    for (const std::string& line : system_->processCommandLines("mosseng.exe")) {
+      const std::string name = mmdOnCommandLine(line);
+      if (!name.empty()) return name;
+    }
+    return {};
+  }
 
   // Data access.
   std::int32_t stringInfo(std::string_view model, std::string_view label,

@@ -72,17 +72,21 @@ class Configuration final : public Dispatch {
   }
 };
 
+// MX's current project, one for the machine: a test puts another folder
+// through any project object, and every project object answers with it.
+std::wstring& currentProject() {
+  static std::wstring folder = L"C:\\Projects\\Road";
+  return folder;
+}
+
 class Project final : public Dispatch {
  public:
   Project() : Dispatch(L"mxproject") {}
-  HRESULT member(const std::wstring& name, WORD flags, std::vector<VARIANT*>&, VARIANT* result,
+  HRESULT member(const std::wstring& name, WORD flags, std::vector<VARIANT*>& args, VARIANT* result,
                  EXCEPINFO*) override {
-    if (name == L"ProjectFolder" && !(flags & DISPATCH_PROPERTYPUT)) {
-      auto it = properties_.find(name);  // a test may put another folder
-      if (it != properties_.end()) return VariantCopy(result, &it->second);
-      return setText(result, L"C:\\Projects\\Road"), S_OK;
-    }
-    return DISP_E_MEMBERNOTFOUND;
+    if (name != L"ProjectFolder") return DISP_E_MEMBERNOTFOUND;
+    if (flags & DISPATCH_PROPERTYPUT) return currentProject() = text(args[0]), S_OK;
+    return setText(result, currentProject()), S_OK;
   }
 };
 
