@@ -31,9 +31,10 @@ class EngineCli : public korvane::testing::EngineTest {
     return en.text("Cli", "col_label") + "\t" + en.text("Cli", "col_dims") + "\t" +
            en.text("Cli", "col_points") + "\n";
   }
-  std::string pointsHead() {
+  std::string pointsHead(int dimensions = 3) {
     std::string h = en.text("Cli", "col_point");
-    for (const char* d : {"1", "2", "3"}) h += "\t" + en.format("Cli", "col_dim", d);
+    for (int d = 1; d <= dimensions; ++d)
+      h += "\t" + en.format("Cli", "col_dim", std::to_string(d));
     return h + "\n";
   }
 };
@@ -130,10 +131,10 @@ TEST_F(EngineCli, SectionsAlongAMasterGoIntoAnotherModel) {
   ASSERT_EQ(korvane("models sections ROAD mast SECT --interval 5 --width 4 --prefix s" + project()),
             0)
       << err_;
-  ASSERT_EQ(korvane("models show SECT" + project()), 0) << err_;
-  EXPECT_EQ(out_, "S001\t5\t2\nS002\t5\t2\nS003\t5\t2\nS004\t5\t2\nS005\t5\t2\n");
-  ASSERT_EQ(korvane("models show SECT S002" + project()), 0) << err_;
-  EXPECT_EQ(out_, "1\t105\t103\t0\t1\t'E001'\n2\t105\t100\t0\t4\t'MAST'\n");
+  ASSERT_EQ(korvane("models show SECT --lang en" + project()), 0) << err_;
+  EXPECT_EQ(out_, stringsHead() + "S001\t5\t2\nS002\t5\t2\nS003\t5\t2\nS004\t5\t2\nS005\t5\t2\n");
+  ASSERT_EQ(korvane("models show SECT S002 --lang en" + project()), 0) << err_;
+  EXPECT_EQ(out_, pointsHead(5) + "1\t105\t103\t0\t1\t'E001'\n2\t105\t100\t0\t4\t'MAST'\n");
   EXPECT_EQ(korvane("models sections ROAD MAST road" + project()), 1);
   EXPECT_NE(err_.find("another model"), std::string::npos) << err_;
 }

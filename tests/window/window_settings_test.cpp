@@ -116,33 +116,3 @@ TEST(FolderPanel, StartUpRuleAndSlideSteps) {
   EXPECT_EQ(slideClosedWidths(500), (std::vector<int>{500, 380, 260, 150}));
   EXPECT_EQ(slideClosedWidths(100), (std::vector<int>{150}));
 }
-
-TEST(SaveModes, TogglesAndTips) {
-  EXPECT_EQ(toggledBevel(kBevelPressed), kBevelRaised);
-  EXPECT_EQ(toggledBevel(kBevelRaised), kBevelPressed);
-  EXPECT_EQ(toggledBevel(toggledBevel(kBevelRaised)), kBevelRaised);
-  EXPECT_EQ(saveModeTip(kBevelPressed, "Save to one file", "(on)"), "Save to one file (on)");
-  EXPECT_EQ(saveModeTip(kBevelRaised, "Save to one file", "(on)"), "Save to one file");
-}
-
-TEST(LastFile, FolderFileOrHome) {
-  test::TempProject p;
-  const std::string road = p.write("inputs/road.ipf", "");
-  const std::string inputs = p.path("inputs");
-
-  LastFilePlan plan = planLastFile(road);
-  EXPECT_EQ(plan.kind, LastFilePlan::Kind::FileInFolder);
-  EXPECT_EQ(plan.folder, inputs);
-  EXPECT_EQ(plan.fileName, "road.ipf");
-
-  plan = planLastFile(fs::join(inputs, "gone.ipf"));
-  EXPECT_EQ(plan.kind, LastFilePlan::Kind::FileInFolder);
-  EXPECT_EQ(plan.fileName, "");  // nothing to select
-
-  plan = planLastFile(lastFileValue(inputs, ""));  // written with nothing selected
-  EXPECT_EQ(plan.kind, LastFilePlan::Kind::Folder);
-
-  EXPECT_EQ(planLastFile(fs::join(p.path("gone"), "road.ipf")).kind, LastFilePlan::Kind::Home);
-  EXPECT_EQ(planLastFile("").kind, LastFilePlan::Kind::Home);
-  EXPECT_EQ(lastFileValue(inputs, "road.ipf"), road);
-}

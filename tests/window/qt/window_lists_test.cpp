@@ -19,35 +19,6 @@ using namespace korvane::window::test;
 
 namespace {
 
-QStringList items(QListWidget* list) {
-  QStringList out;
-  for (int i = 0; i < list->count(); ++i) out << list->item(i)->text();
-  return out;
-}
-
-QList<int> selectedRows(QListWidget* list) {
-  QList<int> out;
-  for (int i = 0; i < list->count(); ++i)
-    if (list->item(i)->isSelected()) out << i;
-  return out;
-}
-
-void selectRows(QListWidget* list, QList<int> rows, int current) {
-  list->clearSelection();
-  list->setCurrentRow(current, QItemSelectionModel::NoUpdate);
-  for (int r : rows) list->item(r)->setSelected(true);
-}
-
-void clickOn(QListWidget* list, int row) {
-  const QRect r = list->visualItemRect(list->item(row));
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, r.center());
-}
-
-void doubleClickOn(QListWidget* list, int row) {
-  const QRect r = list->visualItemRect(list->item(row));
-  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, r.center());
-}
-
 QString entry(const WindowFixture& f, const std::string& relative, const char* section = nullptr) {
   return fromCore(f.path(relative)) + (section ? QString(" [%1]").arg(section) : QString());
 }

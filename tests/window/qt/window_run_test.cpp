@@ -19,19 +19,6 @@ using namespace korvane::window::test;
 
 namespace {
 
-QStringList items(QListWidget* list) {
-  QStringList out;
-  for (int i = 0; i < list->count(); ++i) out << list->item(i)->text();
-  return out;
-}
-
-QList<int> selectedRows(QListWidget* list) {
-  QList<int> out;
-  for (int i = 0; i < list->count(); ++i)
-    if (list->item(i)->isSelected()) out << i;
-  return out;
-}
-
 // An input that compiles for a long time: a repeat over many lines.
 const char* const kLongInput = "insert,loop\r\nrepeat=2000000\r\n";
 const char* const kLoop = "repeat\r\n#g_n=|count|\r\nendrepeat\r\n";

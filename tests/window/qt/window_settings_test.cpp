@@ -29,14 +29,14 @@ class WindowSettingsTest : public QObject {
 
 void WindowSettingsTest::layoutRestoredAndWrittenBack() {
   WindowFixture f;
-  f.setPosition("Top", "300");
-  f.setPosition("Left", "450");
-  f.setPosition("Width", "9000");
-  f.setPosition("Height", "6000");
-  f.setPosition("Dir", "True");
-  f.setPosition("dirWidth", "1800");
-  f.setPosition("inpWidth", "1500");
-  f.setPosition("subWidth", "1200");
+  f.setPositions({{"Top", "300"},
+                  {"Left", "450"},
+                  {"Width", "9000"},
+                  {"Height", "6000"},
+                  {"Dir", "True"},
+                  {"dirWidth", "1800"},
+                  {"inpWidth", "1500"},
+                  {"subWidth", "1200"}});
   MainWindow& w = f.open();
   QCOMPARE(w.width(), 9000 / kTwipsPerPixel);
   QCOMPARE(w.height(), 6000 / kTwipsPerPixel);
@@ -71,9 +71,9 @@ void WindowSettingsTest::layoutRestoredAndWrittenBack() {
 void WindowSettingsTest::nonsenseGeometryIsKeptOnTheScreen() {
   WindowFixture f;
   const QRect screen = QGuiApplication::primaryScreen()->geometry();
-  f.setPosition("Top", "-200");
-  f.setPosition("Left", "abc");
-  f.setPosition("Width", std::to_string((screen.width() + 200) * kTwipsPerPixel));
+  f.setPositions({{"Top", "-200"},
+                  {"Left", "abc"},
+                  {"Width", std::to_string((screen.width() + 200) * kTwipsPerPixel)}});
   f.setPosition("Height", "99999");  // not a 16-bit number: the designed height
   f.setPosition("inpWidth", "-40");
   MainWindow& w = f.open();

@@ -47,6 +47,11 @@ void WindowFixture::setPosition(const std::string& key, const std::string& value
   WriteProfileString("Position", key, value, settings());
 }
 
+void WindowFixture::setPositions(
+    std::initializer_list<std::pair<const char*, std::string>> values) const {
+  for (const auto& [key, value] : values) setPosition(key, value);
+}
+
 std::string WindowFixture::position(const std::string& key) const {
   return ReadProfileString("Position", key, settings());
 }
@@ -106,6 +111,35 @@ BoxCatcher::BoxCatcher() {
     }
   });
   timer_.start();
+}
+
+QStringList items(QListWidget* list) {
+  QStringList out;
+  for (int i = 0; i < list->count(); ++i) out << list->item(i)->text();
+  return out;
+}
+
+QList<int> selectedRows(QListWidget* list) {
+  QList<int> out;
+  for (int i = 0; i < list->count(); ++i)
+    if (list->item(i)->isSelected()) out << i;
+  return out;
+}
+
+void selectRows(QListWidget* list, QList<int> rows, int current) {
+  list->clearSelection();
+  list->setCurrentRow(current, QItemSelectionModel::NoUpdate);
+  for (int r : rows) list->item(r)->setSelected(true);
+}
+
+void clickOn(QListWidget* list, int row) {
+  const QRect r = list->visualItemRect(list->item(row));
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, r.center());
+}
+
+void doubleClickOn(QListWidget* list, int row) {
+  const QRect r = list->visualItemRect(list->item(row));
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, r.center());
 }
 
 }  // namespace korvane::window::test

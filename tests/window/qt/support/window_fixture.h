@@ -3,6 +3,7 @@
 // window opened on them, and a catcher that answers the next modal box.
 #pragma once
 
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTemporaryDir>
@@ -29,6 +30,7 @@ class WindowFixture {
   std::string write(const std::string& relative, const std::string& content) const;
   std::string path(const std::string& relative) const;
   void setPosition(const std::string& key, const std::string& value) const;
+  void setPositions(std::initializer_list<std::pair<const char*, std::string>> values) const;
   std::string position(const std::string& key) const;
 
   // Opens the session and the main window and shows it, as an interactive start does.
@@ -65,5 +67,12 @@ template <typename T>
 T* child(QWidget* w, const char* name) {
   return w->findChild<T*>(name);
 }
+
+// A list's texts and selection, and the mouse on its rows.
+QStringList items(QListWidget* list);
+QList<int> selectedRows(QListWidget* list);
+void selectRows(QListWidget* list, QList<int> rows, int current);
+void clickOn(QListWidget* list, int row);
+void doubleClickOn(QListWidget* list, int row);
 
 }  // namespace korvane::window::test

@@ -1,5 +1,5 @@
 // window_screenshots OUTDIR: pictures of the window for the README, taken on a
-// real X server (tests/window/screenshots.sh runs it under Xvfb): the main
+// real X server (tools/window_screenshots.sh runs it under Xvfb): the main
 // window in Hungarian and in English, a run under way, the stop message box
 // and the variables viewer. QT_SCALE_FACTOR=2 gives the 200 % pictures.
 #include <QApplication>
@@ -56,16 +56,16 @@ void copyExample(const WindowFixture& f) {
 }
 
 MainWindow& openOn(WindowFixture& f) {
-  f.setPosition("Top", "1200");
-  f.setPosition("Left", "1200");
-  f.setPosition("Width", "13500");
-  f.setPosition("Height", "6300");
-  f.setPosition("Dir", "True");
-  f.setPosition("dirWidth", "2700");
-  f.setPosition("inpWidth", "2100");
-  f.setPosition("subWidth", "1800");
-  f.setPosition("SaveSingleFile", "1");
-  f.setPosition("LastFile", f.path("inputs/road.ipf"));
+  f.setPositions({{"Top", "1200"},
+                  {"Left", "1200"},
+                  {"Width", "13500"},
+                  {"Height", "6300"},
+                  {"Dir", "True"},
+                  {"dirWidth", "2700"},
+                  {"inpWidth", "2100"},
+                  {"subWidth", "1800"},
+                  {"SaveSingleFile", "1"},
+                  {"LastFile", f.path("inputs/road.ipf")}});
   MainWindow& w = f.open();
   auto* toRun = child<QListWidget>(&w, "ToRun");
   for (const char* e : {"road.ipf [main]", "road.ipf [trim]", "ditches.ipf [left]"})

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Takes the README's pictures of the window under Xvfb, at 100 % and 200 %:
-#   tests/window/screenshots.sh [BUILD_DIR] [OUTDIR]
+#   tools/window_screenshots.sh [BUILD_DIR] [OUTDIR]
 set -euo pipefail
-cd "$(dirname "$0")/../.."
+cd "$(dirname "$0")/.."
 build="${1:-build}"
 out="${2:-docs/screenshots}"
 cmake --build "$build" -j2 --target window_screenshots korvane
