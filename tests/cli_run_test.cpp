@@ -50,6 +50,24 @@ TEST_F(CliRun, TheExampleProjectRunsThroughTheEmbeddedEngine) {
   EXPECT_EQ(combined.find("it is just a flag model"), std::string::npos);
 }
 
+// The example's drawing copy and its cross sections cut back at the road edge.
+TEST_F(CliRun, TheExampleRelabelsIntoTheDrawingAndTrimsItsSections) {
+  ASSERT_EQ(run("run 'inputs/road.ipf [main]'"), 0) << project.read("err.txt");
+  ASSERT_EQ(run("models sections 'DESIGN M1' MAST SECTIONS --interval 20 --width 12"), 0);
+  ASSERT_EQ(run("models show SECTIONS X002"), 0);
+  // Across the master, the left edge 3.5 m off it, the ground string beyond.
+  EXPECT_NE(out().find("'MAST'"), std::string::npos) << out();
+  EXPECT_NE(out().find("'GRND'"), std::string::npos) << out();
+  ASSERT_EQ(run("run 'inputs/road.ipf [drawing]' 'inputs/road.ipf [sections]'"), 0)
+      << project.read("err.txt");
+  ASSERT_EQ(run("models show DRAWING"), 0);
+  EXPECT_NE(out().find("ASTM\t3\t6"), std::string::npos) << out();  // MAST under order 2341
+  EXPECT_NE(out().find("RNDG\t3\t6"), std::string::npos) << out();
+  ASSERT_EQ(run("models show SECTIONS X002"), 0);
+  EXPECT_NE(out().find("'E000'"), std::string::npos) << out();
+  EXPECT_EQ(out().find("'GRND'"), std::string::npos) << out();  // the run beyond the edge went
+}
+
 TEST_F(CliRun, AnEngineErrorStopsWithTheEnginesMessageAndTheNextRunStartsCleanly) {
   project.write("bad.ipf", "crea,A\nnonsense,record\ncrea,B\n");
   project.write("good.ipf", "crea,C\n");

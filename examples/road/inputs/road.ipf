@@ -2,6 +2,8 @@
 ## The survey model GROUND is loaded from survey/ground.genio first:
 ##   korvane models import survey/ground.genio GROUND
 ##   korvane run "inputs/road.ipf [main]" "inputs/road.ipf [ground]" "inputs/road.ipf [trim]"
+## [sections] trims the cross sections that this command makes beforehand:
+##   korvane models sections "DESIGN M1" MAST SECTIONS --interval 20 --width 12
 [main]
 #g_road="M1"
 #model="DESIGN "&g_road
@@ -71,5 +73,20 @@ edit,GROUND
 #length=getlength(model,MAST,plan)
 xlput,design.xlsx,Results,2,2,|length|
    MAST plan length |xlget(design.xlsx,Results!B2)| written to the sheet Results
+[drawing]
+## The design strings copied into the drawing model under the labels the
+## drawing uses: order 2341 turns MAST into ASTM and GRND into RNDG
+#model="DESIGN "&g_road
+labelmove,|model|,DRAWING
+order=2341
+MAST
+GRND
+end
+   DRAWING: ASTM |getlength(DRAWING,ASTM)| m, RNDG |getlength(DRAWING,RNDG)| m long
+[sections]
+## Cross sections, made by "korvane models sections", cut back at the left
+## edge of the road: the run from an E string on to the ground string goes
+trimsection,SECTIONS
+inic="X",mask1="E",mask2="GR"
 [_scratch]
 crea,never compiled on its own
