@@ -58,7 +58,10 @@ TEST_F(CliRun, TheExampleRelabelsIntoTheDrawingAndTrimsItsSections) {
   // Across the master, the left edge 3.5 m off it, the ground string beyond.
   EXPECT_NE(out().find("'MAST'"), std::string::npos) << out();
   EXPECT_NE(out().find("'GRND'"), std::string::npos) << out();
-  ASSERT_EQ(run("run 'inputs/road.ipf [drawing]' 'inputs/road.ipf [sections]'"), 0)
+  // [drawing] names the design through g_road, which [main] sets in the same run.
+  ASSERT_EQ(run("run 'inputs/road.ipf [main]' 'inputs/road.ipf [drawing]' "
+                "'inputs/road.ipf [sections]'"),
+            0)
       << project.read("err.txt");
   ASSERT_EQ(run("models show DRAWING"), 0);
   EXPECT_NE(out().find("ASTM\t3\t6"), std::string::npos) << out();  // MAST under order 2341

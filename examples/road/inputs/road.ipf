@@ -4,6 +4,7 @@
 ##   korvane run "inputs/road.ipf [main]" "inputs/road.ipf [ground]" "inputs/road.ipf [trim]"
 ## [sections] trims the cross sections that this command makes beforehand:
 ##   korvane models sections "DESIGN M1" MAST SECTIONS --interval 20 --width 12
+## [drawing], like [excel], runs after [main] in the same run (it needs g_road).
 [main]
 #g_road="M1"
 #model="DESIGN "&g_road
