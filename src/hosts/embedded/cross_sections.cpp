@@ -121,8 +121,11 @@ bool crossSections(const ModelString& master, const std::vector<ModelString>& st
               ": make the interval longer";
       return false;
     }
-    std::stable_sort(hits.begin(), hits.end(),
-                     [](const Hit& a, const Hit& b) { return a.position < b.position; });
+    // Ordered along the section, equal positions in the order found: an
+    // insertion sort, since a section crosses few strings, needs no buffer.
+    for (std::size_t i = 1; i < hits.size(); ++i)
+      for (std::size_t j = i; j > 0 && hits[j].position < hits[j - 1].position; --j)
+        std::swap(hits[j], hits[j - 1]);
     ModelString section;
     const Hit* kept = nullptr;
     std::string number = std::to_string(out.size() + 1);
