@@ -5,6 +5,9 @@
 
 #include <sys/stat.h>
 #include <unistd.h>
+#ifdef _WIN32
+#include <windows.h>
+#endif
 
 #include <CLI/CLI.hpp>
 #include <atomic>
@@ -97,7 +100,22 @@ using FolderState = std::map<std::string, std::pair<std::uintmax_t, std::int64_t
 // the shell wrote those, not the run.
 bool isOwnOutput(const std::filesystem::path& p) {
 #ifdef _WIN32
-  (void)p;
+  // The same file: the same volume and the same file index.
+  HANDLE h = CreateFileW(p.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                         nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (h == INVALID_HANDLE_VALUE) return false;
+  BY_HANDLE_FILE_INFORMATION file{};
+  const bool known = GetFileInformationByHandle(h, &file) != 0;
+  CloseHandle(h);
+  if (!known) return false;
+  for (DWORD which : {STD_OUTPUT_HANDLE, STD_ERROR_HANDLE}) {
+    BY_HANDLE_FILE_INFORMATION out{};
+    HANDLE std = GetStdHandle(which);
+    if (std && std != INVALID_HANDLE_VALUE && GetFileInformationByHandle(std, &out) &&
+        out.dwVolumeSerialNumber == file.dwVolumeSerialNumber &&
+        out.nFileIndexHigh == file.nFileIndexHigh && out.nFileIndexLow == file.nFileIndexLow)
+      return true;
+  }
   return false;
 #else
   struct stat file {};
