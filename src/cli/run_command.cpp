@@ -257,7 +257,7 @@ int runBatch(const std::vector<std::string>& words) {
                                                "sections", "models", "help"};
     const std::string near = text::closestWord(words.front(), commands);
     std::cerr << "korvane: " << cliText("no_entry", words.front()) << "\n";
-    if (!near.empty()) std::cerr << cliText("did_you_mean", near) << "\n";
+    if (!closest.empty()) std::cerr << cliText("did_you_mean", closest) << "\n";
     std::cerr << cliText("arg_hint") << std::endl;
     return 2;
   }
