@@ -255,7 +255,7 @@ int runBatch(const std::vector<std::string>& words) {
   if (!fs::fileExists(file)) {
     const std::vector<std::string> commands = {"compile",  "run",    "check",
                                                "sections", "models", "help"};
-    const std::string near = text::closestWord(words.front(), commands);
+    const std::string closest = text::closestWord(words.front(), commands);
     std::cerr << "korvane: " << cliText("no_entry", words.front()) << "\n";
     if (!closest.empty()) std::cerr << cliText("did_you_mean", closest) << "\n";
     std::cerr << cliText("arg_hint") << std::endl;
