@@ -49,11 +49,7 @@ void addCheckCommand(CLI::App& app) {
   auto o = std::make_shared<CheckOptions>();
   auto* cmd = app.add_subcommand("check", cliText("h_check"));
   cmd->add_option("ENTRY", o->words, cliText("h_entry"))->required();
-  cmd->add_option("--project", o->session.project, cliText("h_project"));
-  cmd->add_option("--home", o->session.home, cliText("h_home"));
-  cmd->add_option("--engine", o->session.engine, cliText("h_engine"));
-  cmd->add_option("--answer", o->session.answers, cliText("h_answer"));
-  addPresetOption(cmd, o->session.presets);
+  addSessionOptions(cmd, o->session);
   cmd->callback([o] { setExitCode(runCheck(*o)); });
 }
 

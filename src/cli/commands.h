@@ -17,8 +17,11 @@ void addModelsCommand(CLI::App& app);
 void addRunCommand(CLI::App& app);
 void addSectionsCommand(CLI::App& app);
 
-// Options that every command that compiles takes: -D NAME=VALUE.
-void addPresetOption(CLI::App* cmd, std::vector<std::string>& presets);
+struct SessionOptions;
+
+// The options every command that compiles takes: --project, --home, --engine,
+// --answer and -D NAME=VALUE.
+void addSessionOptions(CLI::App* cmd, SessionOptions& session);
 
 // --warnings: the check command's warnings, printed as the compile goes.
 void addWarningsOption(CLI::App* cmd, bool& warnings);

@@ -96,13 +96,9 @@ void addCompileCommand(CLI::App& app) {
   auto o = std::make_shared<CompileOptions>();
   auto* cmd = app.add_subcommand("compile", cliText("h_compile"));
   cmd->add_option("ENTRY", o->words, cliText("h_entry"))->required();
-  cmd->add_option("--project", o->session.project, cliText("h_project"));
-  cmd->add_option("--home", o->session.home, cliText("h_home"));
+  addSessionOptions(cmd, o->session);
   cmd->add_option("-o,--output", o->output, cliText("h_output"));
   cmd->add_option("--vars", o->varsFile, cliText("h_vars"));
-  cmd->add_option("--engine", o->session.engine, cliText("h_engine"));
-  cmd->add_option("--answer", o->session.answers, cliText("h_answer"));
-  addPresetOption(cmd, o->session.presets);
   addWarningsOption(cmd, o->warnings);
   cmd->callback([o] { setExitCode(runCompile(*o)); });
 }

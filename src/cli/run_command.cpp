@@ -223,14 +223,10 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
 }
 
 void addOptions(CLI::App* cmd, RunOptions& o) {
-  cmd->add_option("--project", o.session.project, cliText("h_project"));
-  cmd->add_option("--home", o.session.home, cliText("h_home"));
-  cmd->add_option("--engine", o.session.engine, cliText("h_engine"));
+  addSessionOptions(cmd, o.session);
   cmd->add_flag("--save-one", o.saveOne, cliText("h_saveone"));
   cmd->add_flag("--save-sep", o.saveSep, cliText("h_savesep"));
   cmd->add_flag("--keep-scripts", o.keepScripts, cliText("h_keepscripts"));
-  cmd->add_option("--answer", o.session.answers, cliText("h_answer"));
-  addPresetOption(cmd, o.session.presets);
   addWarningsOption(cmd, o.warnings);
 }
 

@@ -113,8 +113,12 @@ bool refusesOwnInput(const RunContext& ctx, const std::vector<std::string>& entr
   return true;
 }
 
-void addPresetOption(CLI::App* cmd, std::vector<std::string>& presets) {
-  cmd->add_option("-D,--define", presets, cliText("h_define"))->allow_extra_args(false);
+void addSessionOptions(CLI::App* cmd, SessionOptions& session) {
+  cmd->add_option("--project", session.project, cliText("h_project"));
+  cmd->add_option("--home", session.home, cliText("h_home"));
+  cmd->add_option("--engine", session.engine, cliText("h_engine"));
+  cmd->add_option("--answer", session.answers, cliText("h_answer"));
+  cmd->add_option("-D,--define", session.presets, cliText("h_define"))->allow_extra_args(false);
 }
 
 void addWarningsOption(CLI::App* cmd, bool& warnings) {
