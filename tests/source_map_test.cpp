@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "base/codepage.h"
+#include "compiler/compiled_output.h"
 #include "support/cli.h"
 #include "support/project.h"
 
@@ -33,17 +34,21 @@ struct SourceMapping : ::testing::Test {
 
 TEST(SourceMap, PlacesAreChainedThroughTheFilesThatEnteredThem) {
   SourceMap m;
-  EXPECT_EQ(m.here(), SourceMap::kNone);
+  EXPECT_EQ(m.here().node, SourceMap::kNone);
   m.enter("a", 0);
   m.atLine(4);
-  const int a4 = m.here();
-  EXPECT_EQ(m.here(), a4);  // the same place is one node
+  const SourceOrigin a4 = m.here();
   m.enter("b", 3);
   m.atLine(2);
-  const int b2 = m.here();
+  const SourceOrigin b2 = m.here();
   m.leave();
   m.atLine(5);
-  EXPECT_NE(m.here(), a4);
+  EXPECT_EQ(m.here().node, a4.node);  // one reading of a file is one node
+  EXPECT_EQ(m.here().line, 5);
+  m.enter("b", 4);  // the next pass is another reading
+  m.atLine(2);
+  EXPECT_NE(m.here().node, b2.node);
+  m.leave();
   auto chain = m.chain(b2);
   ASSERT_EQ(chain.size(), 2u);
   EXPECT_EQ(chain[0].file, "b");
@@ -52,6 +57,46 @@ TEST(SourceMap, PlacesAreChainedThroughTheFilesThatEnteredThem) {
   EXPECT_EQ(chain[1].file, "a");
   EXPECT_EQ(chain[1].line, 4);
   EXPECT_EQ(chain[1].repetition, 0);
+}
+
+// The output keeps the places of its lines in runs; every line must still get
+// its own place back, whatever mix of plain lines, many lines from one line and
+// lines from nowhere was written.
+TEST(SourceMap, EveryOutputLineGetsItsPlaceBackFromTheRuns) {
+  test::TempProject project;
+  SourceMap m;
+  CompiledOutput out;
+  out.setSourceMap(&m);
+  out.open(project.path("tmpinput.txt"));
+  std::vector<SourceOrigin> written;
+  auto write = [&](const char* text) {
+    out.writeLine(text);
+    written.push_back(isSentinelLine(text) ? SourceOrigin{} : m.here());
+  };
+  write(std::string(kSentinelCreate).c_str());
+  m.enter("a", 0);
+  for (long line : {1, 2, 3, 3, 3, 7, 8, 8, 9, 10, 4}) {
+    m.atLine(line);
+    write("crea,x");
+  }
+  m.enter("b", 1);
+  m.atLine(1);
+  write("crea,y");
+  m.leave();
+  m.enter("b", 2);
+  m.atLine(1);
+  write("crea,y");
+  write(std::string(kSentinelDelete).c_str());
+  m.leave();
+  m.atLine(11);
+  write("crea,z");
+  for (std::size_t i = 0; i < written.size(); ++i) {
+    SCOPED_TRACE(i + 1);
+    EXPECT_EQ(out.originOfLine(static_cast<long>(i) + 1), written[i]);
+  }
+  EXPECT_EQ(out.originOfLine(0).node, SourceMap::kNone);
+  EXPECT_EQ(out.originOfLine(static_cast<long>(written.size()) + 1).node, SourceMap::kNone);
+  EXPECT_EQ(m.nodeCount(), 3u);
 }
 
 TEST_F(SourceMapping, AnEngineErrorNamesTheInputLineThreeInsertsDeep) {

@@ -1,5 +1,7 @@
 #include "compiler/compiled_output.h"
 
+#include <algorithm>
+
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/text.h"
@@ -21,6 +23,7 @@ void CompiledOutput::open(const std::string& fullName, bool append) {
   close();
   setName(fullName);
   origins_.clear();
+  linesWritten_ = 0;
   file_ = fs::openFile(fs::native(fullName), append ? "ab" : "wb");
   if (!file_) throw RuntimeFailure("write", fullName);
 }
@@ -38,8 +41,34 @@ void CompiledOutput::writeLine(std::string_view line) {
   if (std::fwrite(record_.data(), 1, record_.size(), file_) != record_.size())
     throw RuntimeFailure("write", name_);
   const bool sentinel = isSentinelLine(line);
-  origins_.push_back(sources_ && !sentinel ? sources_->here() : SourceMap::kNone);
+  noteOrigin(sources_ && !sentinel ? sources_->here() : SourceOrigin{});
   if (tap_ && !sentinel && isMxChannel()) tap_(line);
+}
+
+void CompiledOutput::noteOrigin(SourceOrigin origin) {
+  const long n = linesWritten_++;
+  if (!origins_.empty() && origins_.back().origin.node == origin.node) {
+    OriginRun& run = origins_.back();
+    if (origin.node == SourceMap::kNone) return;
+    const long offset = n - run.firstOutput;
+    const long step = offset == 1 ? origin.line - run.origin.line : run.step;
+    if ((step == 0 || step == 1) && origin.line == run.origin.line + step * offset) {
+      run.step = static_cast<int>(step);
+      return;
+    }
+  }
+  origins_.push_back(OriginRun{n, origin});
+}
+
+SourceOrigin CompiledOutput::originOfLine(long n) const {
+  if (n < 1 || n > linesWritten_) return {};
+  // The last run that begins at or before the line.
+  auto after = std::upper_bound(origins_.begin(), origins_.end(), n - 1,
+                                [](long line, const OriginRun& r) { return line < r.firstOutput; });
+  const OriginRun& run = *(after - 1);
+  if (run.origin.node == SourceMap::kNone) return {};
+  const long step = run.step < 0 ? 0 : run.step;
+  return {run.origin.node, run.origin.line + step * (n - 1 - run.firstOutput)};
 }
 
 Channel channelOf(std::string_view fullName) {

@@ -52,11 +52,9 @@ class CompiledOutput {
   // Where each line comes from: the source map's node for the place the
   // compile stood at when the line was written.
   void setSourceMap(SourceMap* map) { sources_ = map; }
-  // The node of line n (1-based) of the output opened last; SourceMap::kNone
-  // for a line that has none (the sentinel lines, or beyond the end).
-  int originOfLine(long n) const {
-    return n >= 1 && n <= static_cast<long>(origins_.size()) ? origins_[n - 1] : SourceMap::kNone;
-  }
+  // The place of line n (1-based) of the output opened last; no place for a
+  // line that has none (the sentinel lines, or beyond the end).
+  SourceOrigin originOfLine(long n) const;
 
   // Receives every line written to the MX input except the sentinel lines.
   void setMxTap(std::function<void(std::string_view)> tap) { tap_ = std::move(tap); }
@@ -69,7 +67,18 @@ class CompiledOutput {
   bool baseIsTmpinput_ = false, extensionIsScr_ = false;
   std::function<void(std::string_view)> tap_;
   SourceMap* sources_ = nullptr;
-  std::vector<int> origins_;
+  // The places of the lines written, run-length coded: a run is lines that
+  // come from consecutive lines of one reading (plain lines), or all from one
+  // line (a command that writes many), so a long file costs one run and not
+  // one entry a line.
+  struct OriginRun {
+    long firstOutput;  // 0-based output line
+    SourceOrigin origin;
+    int step = -1;  // 1 or 0 once the run has a second line
+  };
+  std::vector<OriginRun> origins_;
+  long linesWritten_ = 0;
+  void noteOrigin(SourceOrigin origin);
 };
 
 bool isSentinelLine(std::string_view line);

@@ -21,36 +21,36 @@ void SourceMap::leave() {
 }
 
 void SourceMap::atLine(long line) {
-  if (frames_.empty()) return;
-  Frame& f = frames_.back();
-  if (f.line != line) f.node = kNone;
-  f.line = line;
+  if (!frames_.empty()) frames_.back().line = line;
 }
 
-int SourceMap::here() {
-  if (frames_.empty()) return kNone;
+SourceOrigin SourceMap::here() {
+  if (frames_.empty()) return {};
   Frame& f = frames_.back();
   if (f.node == kNone) {
-    if (nodes_.size() >= kMaxNodes) return kNone;
-    nodes_.push_back(Node{f.parent, f.file, f.line, f.repetition});
+    if (nodes_.size() >= kMaxNodes) return {};
+    nodes_.push_back(Node{f.parent, f.file, f.repetition});
     f.node = static_cast<int>(nodes_.size()) - 1;
   }
-  return f.node;
+  return {f.node, f.line};
 }
 
-std::vector<SourcePlace> SourceMap::chain(int node) const {
+std::vector<SourcePlace> SourceMap::chain(SourceOrigin origin) const {
   std::vector<SourcePlace> out;
-  while (node >= 0 && node < static_cast<int>(nodes_.size())) {
-    const Node& n = nodes_[node];
-    out.push_back(SourcePlace{files_[n.file], n.line, n.repetition});
-    node = n.parent;
+  while (origin.node >= 0 && origin.node < static_cast<int>(nodes_.size())) {
+    const Node& n = nodes_[origin.node];
+    out.push_back(SourcePlace{files_[n.file], origin.line, n.repetition});
+    origin = n.parent;
   }
   return out;
 }
 
 void SourceMap::clearNodes() {
   nodes_.clear();
-  for (Frame& f : frames_) f.node = f.parent = kNone;
+  for (Frame& f : frames_) {
+    f.node = kNone;
+    f.parent = {};
+  }
 }
 
 }  // namespace korvane

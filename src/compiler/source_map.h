@@ -1,8 +1,10 @@
 // Where each compiled line came from: the input file and line that wrote it,
 // and the chain of inserts, repetitions and default blocks that led there.
-// The compile pass keeps a stack of the files it is reading; a place is made
-// into a node only when a line is written from it (or a file is inserted from
-// it), so the map grows with the output and not with the input read.
+// The compile pass keeps a stack of the files it is reading. A node stands for
+// one reading of a file (an insert, one pass of a repeated part) and is made
+// only when a line is written from it or a file is inserted from it; a place
+// is a node and a line in it. The map grows with the files read, not with the
+// lines written.
 #pragma once
 
 #include <cstdint>
@@ -20,10 +22,17 @@ struct SourcePlace {
   long repetition = 0;
 };
 
+// A line of one reading of a file; node kNone for no place.
+struct SourceOrigin {
+  int node = -1;
+  long line = 0;
+  bool operator==(const SourceOrigin&) const = default;
+};
+
 class SourceMap {
  public:
   static constexpr int kNone = -1;
-  // Places kept per run entry; lines written beyond them have no place.
+  // Readings kept per run entry; lines written beyond them have no place.
   static constexpr std::size_t kMaxNodes = 8'000'000;
 
   // The compile pass entering and leaving a file; `repetition` is the pass of
@@ -33,11 +42,10 @@ class SourceMap {
   // The line of the innermost file now read.
   void atLine(long line);
 
-  // The node for the place the compile stands at now; kNone outside a file.
-  int here();
-  // The place of a node and the places that led to it, innermost first.
-  std::vector<SourcePlace> chain(int node) const;
-  // The chain of the place the compile stands at now.
+  // The place the compile stands at now; no node outside a file.
+  SourceOrigin here();
+  // A place and the places that led to it, innermost first.
+  std::vector<SourcePlace> chain(SourceOrigin origin) const;
   std::vector<SourcePlace> chainHere() { return chain(here()); }
 
   // Forgets every node (a new run entry); the frames are kept.
@@ -46,17 +54,16 @@ class SourceMap {
 
  private:
   struct Node {
-    int parent;
+    SourceOrigin parent;  // the line that entered the file
     std::uint32_t file;
-    long line;
     long repetition;
   };
   struct Frame {
     std::uint32_t file;
     long line = 0;
     long repetition = 0;
-    int parent = kNone;  // the node of the line that entered this file
-    int node = kNone;    // the node of `line`, once made
+    SourceOrigin parent;
+    int node = kNone;  // made with the first place asked for
   };
   std::uint32_t fileId(const std::string& file);
 
