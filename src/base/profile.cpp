@@ -1,6 +1,7 @@
 #include "base/profile.h"
 
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <vector>
@@ -89,33 +90,33 @@ bool keyOf(std::string_view line, std::string_view& key, std::string_view& value
 
 // Parsed files are kept while their size and time stamp stay the same, so that
 // the many message lookups of a run read each language file once.
+// The lines are shared with the readers, never copied: a language file is read
+// by the hundred lookups at start-up alone.
+using Lines = std::shared_ptr<const std::vector<RawLine>>;
 struct CachedFile {
   std::int64_t stamp = 0;
   std::uintmax_t size = 0;
-  std::vector<RawLine> lines;
+  Lines lines;
 };
 std::mutex g_cacheMutex;
 std::map<std::string, CachedFile> g_cache;
 
-bool loadLines(const std::string& file, std::vector<RawLine>& out) {
+Lines loadLines(const std::string& file) {
   std::error_code ec;
   auto path = fs::native(file);
   auto stamp = fs::modifiedTime(path);
-  if (!stamp) return false;
+  if (!stamp) return nullptr;
   auto size = std::filesystem::file_size(path, ec);
-  if (ec) return false;
+  if (ec) return nullptr;
   std::lock_guard<std::mutex> lock(g_cacheMutex);
   auto it = g_cache.find(file);
-  if (it != g_cache.end() && it->second.stamp == *stamp && it->second.size == size) {
-    out = it->second.lines;
-    return true;
-  }
+  if (it != g_cache.end() && it->second.stamp == *stamp && it->second.size == size)
+    return it->second.lines;
   auto data = fs::readFile(file);
-  if (!data) return false;
-  CachedFile c{*stamp, size, splitLines(decodeIni(std::move(*data)))};
-  out = c.lines;
-  g_cache[file] = std::move(c);
-  return true;
+  if (!data) return nullptr;
+  auto lines = std::make_shared<const std::vector<RawLine>>(splitLines(decodeIni(std::move(*data))));
+  g_cache[file] = CachedFile{*stamp, size, lines};
+  return lines;
 }
 
 void forget(const std::string& file) {
@@ -130,10 +131,10 @@ std::string ReadProfileString(std::string_view section, std::string_view key,
   std::string result;
   section = trimIni(section);
   key = trimIni(key);
-  std::vector<RawLine> lines;
-  if (!section.empty() && !key.empty() && loadLines(file, lines)) {
+  const Lines lines = section.empty() || key.empty() ? nullptr : loadLines(file);
+  if (lines) {
     bool inSection = false, seenSection = false;
-    for (const auto& line : lines) {
+    for (const auto& line : *lines) {
       std::string_view name, k, v;
       if (sectionName(line.text, name)) {
         if (seenSection && inSection) break;  // only the first section of that name counts
