@@ -47,6 +47,11 @@ TEST_F(ExpressionTest, VariablesAreSubstitutedAfterTheSplit) {
   EXPECT_EQ(eval("a*2"), "-6");
   EXPECT_EQ(eval("name&\"-x\""), "MAST-x");
   EXPECT_EQ(eval("unknown"), "unknown");
+  // Any text can be a name, a number too: once "2" is one, it stands for its value.
+  EXPECT_EQ(eval("2*3"), "6");
+  c.ctx.vars.set("2", "5");
+  EXPECT_EQ(eval("2*3"), "15");
+  EXPECT_EQ(eval("2"), "5");
 }
 
 TEST_F(ExpressionTest, QuotedTextIsLiteralBetweenTheOuterQuotes) {

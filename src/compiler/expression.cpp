@@ -60,11 +60,6 @@ std::string newTemporaryName(RunContext& ctx) {
   return buf;
 }
 
-std::string Evaluate(RunContext& ctx, std::string_view expr) {
-  std::string e(expr);
-  return Evaluate(ctx, e);
-}
-
 namespace {
 
 // Each operator and each parenthesis is one level deeper: a bound keeps a
@@ -193,6 +188,15 @@ std::string Evaluate(RunContext& ctx, std::string& expr) {
     expr.replace(open, close - open + 1, temp);
   }
   return operands(ctx, expr);
+}
+
+std::string Evaluate(RunContext& ctx, std::string_view expr) {
+  // A bare word or number (a count, a name) is a variable or stands for
+  // itself: read in place, without the copy the general case edits.
+  if (!expr.empty() && expr.find_first_of("|()\"&+-*/^ ") == std::string_view::npos)
+    return operands(ctx, expr);
+  std::string e(expr);
+  return Evaluate(ctx, e);
 }
 
 namespace {

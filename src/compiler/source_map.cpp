@@ -3,9 +3,11 @@
 namespace korvane {
 
 std::uint32_t SourceMap::fileId(const std::string& file) {
+  // A repeated part enters the same file pass after pass.
+  if (lastFile_ < files_.size() && files_[lastFile_] == file) return lastFile_;
   auto [it, added] = fileIds_.try_emplace(file, static_cast<std::uint32_t>(files_.size()));
   if (added) files_.push_back(file);
-  return it->second;
+  return lastFile_ = it->second;
 }
 
 void SourceMap::enter(const std::string& file, long repetition) {

@@ -69,6 +69,7 @@ class SourceMap {
 
   std::vector<std::string> files_;
   std::unordered_map<std::string, std::uint32_t> fileIds_;
+  std::uint32_t lastFile_ = 0;  // the file entered last
   std::vector<Node> nodes_;
   std::vector<Frame> frames_;
 };

@@ -8,6 +8,12 @@ namespace korvane {
 
 bool isTemporaryName(std::string_view name) { return text::startsWith(name, "zTMP"); }
 
+namespace {
+bool startsWithDigit(std::string_view name) {
+  return !name.empty() && name[0] >= '0' && name[0] <= '9';
+}
+}  // namespace
+
 void VariableTable::set(const std::string& name, std::string value) {
   checkTextLength(value.size());
   auto it = index_.find(name);
@@ -17,11 +23,13 @@ void VariableTable::set(const std::string& name, std::string value) {
   }
   if (entries_.size() >= kCapacity) throw RuntimeFailure("vars");
   if (name.empty() || isTemporaryName(name)) mayHoldTemporaries_ = true;
+  if (!name.empty() && startsWithDigit(name)) mayHoldNumberNames_ = true;
   index_.emplace(name, entries_.size());
   entries_.emplace_back(name, std::move(value));
 }
 
 const std::string* VariableTable::find(std::string_view name) const {
+  if (!mayHoldNumberNames_ && startsWithDigit(name)) return nullptr;
   auto it = index_.find(name);
   return it == index_.end() ? nullptr : &entries_[it->second].second;
 }
@@ -29,7 +37,7 @@ const std::string* VariableTable::find(std::string_view name) const {
 void VariableTable::clear() {
   entries_.clear();
   index_.clear();
-  mayHoldTemporaries_ = false;
+  mayHoldTemporaries_ = mayHoldNumberNames_ = false;
 }
 
 void VariableTable::purgeTemporaries() {

@@ -43,6 +43,9 @@ class VariableTable {
   };
   std::unordered_map<std::string, std::size_t, NameHash, std::equal_to<>> index_;
   bool mayHoldTemporaries_ = false;
+  // Whether a name begins with a digit: until one does, a number is never
+  // looked up, which saves a hash for every number in every expression.
+  bool mayHoldNumberNames_ = false;
 };
 
 bool isTemporaryName(std::string_view name);
