@@ -78,20 +78,6 @@ TEST_F(CompilePass, WindowsNamesFindFilesOnACaseSensitiveDisk) {
   EXPECT_EQ(c.lines, (Lines{"crea,found"}));
 }
 
-TEST_F(CompilePass, KeywordTextJoinsLinesEndingInCommaAndDefaultsYieldToIt) {
-  project.write("m.ipm", crlf({"default", "a=1,", "b=2", "crea,|a|,|b|,|c|"}));
-  project.write("a.ipf", crlf({"insert,m", "  b=20,", "c=30", "crea,after"}));
-  ASSERT_TRUE(c.compile("a.ipf"));
-  EXPECT_EQ(c.lines, (Lines{"crea,1,20,30", "crea,after"}));
-}
-
-TEST_F(CompilePass, InsertWithSemicolonEmptiesTheTableAndReusesTheLastAssignment) {
-  project.write("m.ipm", crlf({"default", "v=0", "crea,|v|,|keep|"}));
-  project.write("a.ipf", crlf({"let,keep=1,", "insert,m", "v=5", "insert,m;", "crea,|keep|"}));
-  ASSERT_TRUE(c.compile("a.ipf"));
-  EXPECT_EQ(c.lines, (Lines{"crea,5,1", "crea,5,keep", "crea,keep"}));
-}
-
 TEST_F(CompilePass, BlankLinesAreDroppedFromMxInputButKeptInOtherOutputs) {
   project.write("a.ipf", crlf({"crea,a", "", "   ", "print,list.txt", "x", "", "endprint",
                                "print,list.txt,append", "y", "endprint", "crea,b"}));
