@@ -111,18 +111,6 @@ TEST_F(CompilePass, GlobalVariablesCarryToTheNextInputFileOnly) {
   EXPECT_EQ(c.lines, (Lines{"crea,M1,local"}));
 }
 
-TEST_F(CompilePass, LineEndsAndEncodings) {
-  project.write("lf.ipf", "crea,a\nlet,x=1,\ncrea,|x|\n");
-  project.write("cr.ipf", "crea,b\rcrea,c");
-  project.write("utf8.ipf",
-                "\xEF\xBB\xBF"
-                "crea,\xC3\xA1rok\xC5\x91\r\n");  // "árokő" in UTF-8
-  project.write("cp.ipf", "let,\xE1rok=\xF5,\r\ncrea,|\xE1rok|\r\n");
-  for (auto f : {"lf.ipf", "cr.ipf", "utf8.ipf", "cp.ipf"}) ASSERT_TRUE(c.compile(f)) << f;
-  EXPECT_EQ(c.lines,
-            (Lines{"crea,a", "crea,1", "crea,b", "crea,c", "crea,\xE1rok\xF5", "crea,\xF5"}));
-}
-
 TEST_F(CompilePass, FlushRunsWhatWasCompiledAndSentinelOnlyOutputsAreNotRun) {
   project.write("a.ipf", crlf({"crea,m1", "kill,nothing.txt", "kill,nothing.txt", "crea,m2"}));
   ASSERT_TRUE(c.compile("a.ipf"));
