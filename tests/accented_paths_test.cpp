@@ -15,16 +15,6 @@ namespace {
 
 struct AccentedPaths : test::CliProject {};
 
-// A name as the program takes it on its command line: the ANSI code page on
-// Windows, UTF-8 elsewhere.
-std::string onCommandLine(const std::string& cp1250) {
-#ifdef _WIN32
-  return cp1250;
-#else
-  return cp::toUtf8(cp1250);
-#endif
-}
-
 TEST_F(AccentedPaths, RunAndModelsWorkInAnAccentedProjectFolder) {
   namespace stdfs = std::filesystem;
   // "Útépítés" and "főút.ipf" in the users' code page; "ő" is not in Latin-1.
@@ -33,9 +23,9 @@ TEST_F(AccentedPaths, RunAndModelsWorkInAnAccentedProjectFolder) {
   const stdfs::path root = fs::native(folder);
   stdfs::create_directories(root / "inputs");
   std::ofstream(fs::native(entry), std::ios::binary) << "crea,ROAD\r\n";
-  const std::string where = " --project '" + onCommandLine(folder) + "'";
+  const std::string where = " --project '" + test::asShown(folder) + "'";
 
-  EXPECT_EQ(run("run '" + onCommandLine(entry) + "'" + where), 0) << err();
+  EXPECT_EQ(run("run '" + test::asShown(entry) + "'" + where), 0) << err();
   EXPECT_TRUE(stdfs::exists(root / "korvane-models.db"));
   EXPECT_TRUE(stdfs::exists(root / "tmpinput.txt"));
   EXPECT_EQ(run("models list" + where), 0) << err();

@@ -78,20 +78,6 @@ TEST_F(CompilePass, WindowsNamesFindFilesOnACaseSensitiveDisk) {
   EXPECT_EQ(c.lines, (Lines{"crea,found"}));
 }
 
-TEST_F(CompilePass, KeywordTextJoinsLinesEndingInCommaAndDefaultsYieldToIt) {
-  project.write("m.ipm", crlf({"default", "a=1,", "b=2", "crea,|a|,|b|,|c|"}));
-  project.write("a.ipf", crlf({"insert,m", "  b=20,", "c=30", "crea,after"}));
-  ASSERT_TRUE(c.compile("a.ipf"));
-  EXPECT_EQ(c.lines, (Lines{"crea,1,20,30", "crea,after"}));
-}
-
-TEST_F(CompilePass, InsertWithSemicolonEmptiesTheTableAndReusesTheLastAssignment) {
-  project.write("m.ipm", crlf({"default", "v=0", "crea,|v|,|keep|"}));
-  project.write("a.ipf", crlf({"let,keep=1,", "insert,m", "v=5", "insert,m;", "crea,|keep|"}));
-  ASSERT_TRUE(c.compile("a.ipf"));
-  EXPECT_EQ(c.lines, (Lines{"crea,5,1", "crea,5,keep", "crea,keep"}));
-}
-
 TEST_F(CompilePass, BlankLinesAreDroppedFromMxInputButKeptInOtherOutputs) {
   project.write("a.ipf", crlf({"crea,a", "", "   ", "print,list.txt", "x", "", "endprint",
                                "print,list.txt,append", "y", "endprint", "crea,b"}));
@@ -123,18 +109,6 @@ TEST_F(CompilePass, GlobalVariablesCarryToTheNextInputFileOnly) {
   ASSERT_TRUE(c.compile("a.ipf"));
   ASSERT_TRUE(c.compile("b.ipf"));
   EXPECT_EQ(c.lines, (Lines{"crea,M1,local"}));
-}
-
-TEST_F(CompilePass, LineEndsAndEncodings) {
-  project.write("lf.ipf", "crea,a\nlet,x=1,\ncrea,|x|\n");
-  project.write("cr.ipf", "crea,b\rcrea,c");
-  project.write("utf8.ipf",
-                "\xEF\xBB\xBF"
-                "crea,\xC3\xA1rok\xC5\x91\r\n");  // "árokő" in UTF-8
-  project.write("cp.ipf", "let,\xE1rok=\xF5,\r\ncrea,|\xE1rok|\r\n");
-  for (auto f : {"lf.ipf", "cr.ipf", "utf8.ipf", "cp.ipf"}) ASSERT_TRUE(c.compile(f)) << f;
-  EXPECT_EQ(c.lines,
-            (Lines{"crea,a", "crea,1", "crea,b", "crea,c", "crea,\xE1rok\xF5", "crea,\xF5"}));
 }
 
 TEST_F(CompilePass, FlushRunsWhatWasCompiledAndSentinelOnlyOutputsAreNotRun) {

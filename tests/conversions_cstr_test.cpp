@@ -1,54 +1,18 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "base/conversions.h"
+#include "support/vectors.h"
 
 using namespace korvane::conv;
 
-namespace {
-struct CStrCase {
-  double value;
-  const char* text;
-};
-}  // namespace
-
-TEST(ConvCStr, GeneralForm) {
-  const CStrCase cases[] = {
-      {0.1 + 0.2, "0.3"},
-      {1.0 / 3, "0.333333333333333"},
-      {2.0 / 3, "0.666666666666667"},
-      {std::log(1000) / std::log(10), "3"},
-      {0.0001, "0.0001"},
-      {0.00001, "1E-05"},
-      {-0.00001, "-1E-05"},
-      {0.000123456789012345678, "0.000123456789012346"},
-      {1.5E-07, "1.5E-07"},
-      {123456789012345, "123456789012345"},
-      {1E+14, "100000000000000"},
-      {1E+15, "1E+15"},
-      {999999999999999.9, "1E+15"},
-      {1E+20, "1E+20"},
-      {1E+100, "1E+100"},
-      {14111111113353355.345455, "1.41111111133534E+16"},
-      {437.324, "437.324"},
-      {-2.5, "-2.5"},
-      {-0.0, "0"},
-      {0.0, "0"},
-      {1.7976931348623157E+308, "1.79769313486232E+308"},
-      {5E-324, "4.94065645841247E-324"},
-      {12345678901234567890.0, "1.23456789012346E+19"},
-      {100000000000002.5, "100000000000003"},
-      {123456789012344.5, "123456789012345"},
-      {-123456789012344.5, "-123456789012345"},
-      {2.5, "2.5"},
-      {100, "100"},
-      {-1234.5, "-1234.5"},
-      {0.5, "0.5"},
-      {1e-100, "1E-100"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(CStr(c.value), c.text) << c.text;
+TEST(ConvCStr, Vectors) {
+  for (const auto& v : korvane::test::readVectors("cstr.txt", 2))
+    EXPECT_EQ(CStr(std::strtod(v.fields[0].c_str(), nullptr)), v.fields[1])
+        << v.where << ": " << v.fields[0];
 }
 
 TEST(ConvCStr, NonFiniteValues) {

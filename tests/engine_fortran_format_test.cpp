@@ -6,6 +6,7 @@
 #include <random>
 
 #include "hosts/embedded/fortran_format.h"
+#include "support/vectors.h"
 
 using namespace korvane::hosts::embedded;
 
@@ -16,13 +17,6 @@ FortranFormat fmt(const std::string& descriptors) {
   auto f = FortranFormat::parse(descriptors, error);
   EXPECT_TRUE(f) << descriptors << ": " << error;
   return f ? *f : FortranFormat::mxDefault();
-}
-
-std::string parseError(const std::string& descriptors) {
-  std::string error;
-  auto f = FortranFormat::parse(descriptors, error);
-  EXPECT_FALSE(f) << descriptors << " was accepted as " << f->text();
-  return error;
 }
 
 RecordLayout layoutOf(const std::string& descriptors, int items) {
@@ -45,30 +39,18 @@ std::string writeNum(double v, Edit e, int w, int d) {
 
 }  // namespace
 
-TEST(FortranFormat, ParsesSpellingsIntoCanonicalText) {
-  EXPECT_EQ(fmt("(3D23.17)").text(), "(3D23.17)");
-  EXPECT_EQ(fmt("(8f12.3,4a4)").text(), "(8F12.3,4A4)");
-  EXPECT_EQ(fmt("( 4F12.3 , A4 )").text(), "(4F12.3,A4)");
-  EXPECT_EQ(fmt("(3D23.17/3D23.17/2D23.17,4A4)").text(), "(3D23.17/3D23.17/2D23.17,4A4)");
-  EXPECT_EQ(fmt("(2(F10.2,2X),I5,A)").text(), "(2(F10.2,2X),I5,A4)");
-  EXPECT_EQ(fmt("(F8.2,/,F8.2)").text(), "(F8.2/F8.2)");
-  EXPECT_EQ(fmt("(E15.6,:,F5.1)").text(), "(E15.6:F5.1)");
-}
-
-TEST(FortranFormat, RejectsMalformedSpecifications) {
-  EXPECT_NE(parseError("3D23.17").find("'(' expected"), std::string::npos);
-  EXPECT_NE(parseError("(3D23.17").find("missing ')'"), std::string::npos);
-  EXPECT_NE(parseError("(F12)").find("'.d' expected"), std::string::npos);
-  EXPECT_NE(parseError("(F.3)").find("width expected"), std::string::npos);
-  EXPECT_NE(parseError("(F3.3)").find("decimals"), std::string::npos);
-  EXPECT_NE(parseError("(3F12.3,)").find("',' before ')'"), std::string::npos);
-  EXPECT_NE(parseError("(3F12.3A4)").find("',' expected"), std::string::npos);
-  EXPECT_NE(parseError("(G12.3)").find("unsupported edit descriptor 'G'"), std::string::npos);
-  EXPECT_NE(parseError("()").find("empty"), std::string::npos);
-  EXPECT_NE(parseError("(5X,/)").find("no data edit descriptor"), std::string::npos);
-  EXPECT_NE(parseError("(F12.3))").find("after the closing"), std::string::npos);
-  EXPECT_NE(parseError("(0F12.3)").find("repeat count"), std::string::npos);
-  EXPECT_NE(parseError("(D23.0)").find("at least one decimal"), std::string::npos);
+TEST(FortranFormat, ParsesOrRefusesTheVectors) {
+  for (const auto& v : korvane::test::readVectors("fortran_format.txt", 3)) {
+    std::string error;
+    auto f = FortranFormat::parse(v.fields[0], error);
+    if (v.fields[1] == "refused") {
+      EXPECT_FALSE(f) << v.where << ": accepted as " << f->text();
+      EXPECT_NE(error.find(v.fields[2]), std::string::npos) << v.where << ": " << error;
+    } else {
+      ASSERT_TRUE(f) << v.where << ": " << error;
+      EXPECT_EQ(f->text(), v.fields[1]) << v.where;
+    }
+  }
 }
 
 TEST(FortranFormat, LayoutStopsAtFirstDescriptorWithoutItem) {

@@ -152,16 +152,6 @@ TEST_F(EngineTest, InterfacesParametersSettingsAndProject) {
   EXPECT_EQ(engine_->project().currentFolder(), folder_.string());
 }
 
-TEST_F(EngineTest, InterfacesProjectFileIsTheFoldersMmdFile) {
-  EXPECT_EQ(engine_->project().projectFileName(), "");
-  write("notes.mmd.txt", "");
-  std::filesystem::create_directories(folder_ / "dir.mmd");
-  EXPECT_EQ(engine_->project().projectFileName(), "");  // neither is a project file
-  write("Road.MMD", "CurrentDPF=long1");
-  write("zz.mmd", "");
-  EXPECT_EQ(engine_->project().projectFileName(), "Road.MMD");  // the first by name
-}
-
 TEST_F(EngineTest, InterfacesModelLibrary) {
   ASSERT_EQ(run(kModel), "");
   EXPECT_EQ(engine_->library().model("NONE"), nullptr);

@@ -54,17 +54,6 @@ TEST_F(StoreTest, ForeignOrDamagedFilesAreRefusedAndLeftAlone) {
   EXPECT_EQ(read(ModelStore::kFileName), before);
 }
 
-TEST_F(StoreTest, StoreOfAnotherSchemaVersionIsRefused) {
-  ASSERT_EQ(run(kString), "");
-  engine_.reset();
-  {
-    SqliteDb db(storeFile(), SqliteDb::OpenMode::ReadWrite);
-    EXPECT_EQ(db.queryInt("PRAGMA application_id"), 0x4B6F7276);
-    db.exec("PRAGMA user_version = 7");
-  }
-  EXPECT_NE(createError().find("schema version 7"), std::string::npos);
-}
-
 TEST_F(StoreTest, ModelsPersistForTheNextEngine) {
   ASSERT_EQ(run(kString), "");
   engine_ = makeEngine();

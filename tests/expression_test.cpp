@@ -1,4 +1,5 @@
-// The evaluator's operator split, quoting, temporaries and the field scanner.
+// The evaluator's operator split, quoting, temporaries and the field scanner;
+// the plain functions through the vectors.
 #include "compiler/expression.h"
 
 #include <gtest/gtest.h>
@@ -6,6 +7,7 @@
 #include "compiler/compile_failure.h"
 #include "compiler/field_scanner.h"
 #include "support/project.h"
+#include "support/vectors.h"
 
 using namespace korvane;
 
@@ -16,29 +18,10 @@ struct ExpressionTest : ::testing::Test {
   std::string eval(const std::string& e) { return c.eval(e); }
 };
 
-TEST_F(ExpressionTest, OperatorsSplitAtTheLastOccurrenceOfTheLoosest) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"1+2*3", "7"},
-      {"10-4-3", "3"},  // chains group from the left
-      {"2^3^2", "64"},
-      {"8/2/2", "2"},  // (2^3)^2, (8/2)/2
-      {"1+2-3", "0"},
-      {"2*-3", "-1"},  // 2* read as 2, then 2-3
-      {"-5", "-5"},
-      {"-2*3", "-6"},  // leading "-" is 0 minus the rest
-      {"1E-5", "-4"},
-      {"0.1+0.2", "0.3"},  // exponent split at its "-"
-      {"1/3", "0.333333333333333"},
-      {"a&b", "ab"},
-      {"1&2+3", "15"},  // "&" binds loosest
-      {"12.5abc*2", "25"},
-      {"abc*2", "0"},  // leading number of a text
-      {"(1+2)*3", "9"},
-      {"x&", "x&"},  // an operator at the end is not seen
-      {"   ", ""},
-      {"word", "word"},
-  };
-  for (auto [expr, want] : cases) EXPECT_EQ(eval(expr), want) << expr;
+// Operators, quoting and the plain functions: tests/vectors/expressions.txt.
+TEST_F(ExpressionTest, Vectors) {
+  for (const auto& v : test::readVectors("expressions.txt", 2))
+    EXPECT_EQ(eval(v.fields[0]), v.fields[1]) << v.where << ": " << v.fields[0];
 }
 
 TEST_F(ExpressionTest, VariablesAreSubstitutedAfterTheSplit) {
@@ -54,27 +37,12 @@ TEST_F(ExpressionTest, VariablesAreSubstitutedAfterTheSplit) {
   EXPECT_EQ(eval("2"), "5");
 }
 
-TEST_F(ExpressionTest, QuotedTextIsLiteralBetweenTheOuterQuotes) {
-  EXPECT_EQ(eval("\"a+b\""), "a+b");
-  EXPECT_EQ(eval("\"x\"&\"y\""), "x\"&\"y");  // outer quotes only, deliberately
-  EXPECT_EQ(eval("\"\""), "");
-}
-
 TEST_F(ExpressionTest, FunctionValuesBecomeTemporariesThatThePurgeRemoves) {
   EXPECT_EQ(eval("len(abc)+len(de)"), "5");
   EXPECT_EQ(c.var("zTMP00001"), "2");  // the last ")" is taken first
   EXPECT_EQ(c.var("zTMP00002"), "3");
   c.ctx.vars.purgeTemporaries();
   EXPECT_EQ(c.ctx.vars.size(), 0u);
-  EXPECT_EQ(eval("(2+3)*2"), "10");  // a bare parenthesis groups
-  EXPECT_EQ(eval("foo(1)&x"), "x");  // unknown function: empty text
-}
-
-TEST_F(ExpressionTest, NestedCallsOverwriteTheSharedArgumentArray) {
-  // mid's first slot is lost when len() refills the array: mid("ab",2,2).
-  EXPECT_EQ(eval("mid(abcdef,len(ab),2)"), "b");
-  // A nested call in the first slot leaves later slots to the outer call.
-  EXPECT_EQ(eval("mid(left(abcdef,4),2,2)"), "bc");
 }
 
 TEST_F(ExpressionTest, ArithmeticFailuresAreRuntimeFailures) {

@@ -1,6 +1,7 @@
-// labelmove and trimsection where the golden cases cannot reach: bad input,
-// an engine that writes no query file, and engine reports the embedded engine
-// never writes. Their query files are gone after every run.
+// labelmove and trimsection where the golden cases cannot reach: query files
+// the embedded engine never writes, and the limit on crossings. Their query
+// files are gone after every run. A bad order and a missing query file are
+// golden cases.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -37,30 +38,6 @@ struct ExtendedCommands : ::testing::Test {
   }
   static constexpr const char* kEnd = "       0.000       0.000      99.000       0.000    ";
 };
-
-TEST_F(ExtendedCommands, AnOrderThatIsNotFourDigitsOneToFourStopsBeforeTheEngineRuns) {
-  for (const char* order : {"1235", "123", "abcd"}) {
-    project.write("bad.ipf", std::string("crea,before\r\nlabelmove,A,B\r\norder=\"") + order +
-                                 "\"\r\nA001\r\nend\r\n");
-    c.ctx.failure.reset();
-    c.ctx.stop.clear();
-    EXPECT_EQ(failure("bad.ipf"), c.ctx.messages.format("Runtime", "order", order));
-    EXPECT_EQ(c.ctx.failure->file, project.path("bad.ipf"));
-    EXPECT_EQ(c.ctx.failure->line, 3);  // the keyword text that set it
-    EXPECT_EQ(c.lines.back(), "crea,before");
-  }
-}
-
-TEST_F(ExtendedCommands, NoQueryFileFromTheEngineIsARunTimeFailure) {
-  project.write("lm.ipf", "labelmove,A,B\r\norder=2341\r\nA001\r\nend\r\n");
-  EXPECT_EQ(failure("lm.ipf"),
-            c.ctx.messages.format("Runtime", "read", project.path("tmplabelmove.txt")));
-  c.ctx.failure.reset();
-  c.ctx.stop.clear();
-  project.write("ts.ipf", "trimsection,A\r\ninic=\"S\"\r\n");
-  EXPECT_EQ(failure("ts.ipf"),
-            c.ctx.messages.format("Runtime", "read", project.path("tmptrimsect.txt")));
-}
 
 TEST_F(ExtendedCommands, LabelmoveDropsTheBannerListingLinesAndGenioLines) {
   project.write("tmplabelmove.txt",

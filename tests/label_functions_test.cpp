@@ -104,6 +104,9 @@ TEST_F(Getparam, ProjectFolderAndTheMxProjectFile) {
   EXPECT_EQ(eval("getparam(\"  ProjectDir \")"), project.folder());
   EXPECT_EQ(eval("getparam(mmdname)"), "");  // no project file yet
   EXPECT_EQ(eval("getparam(currentdpf)"), "");
+  project.write("notes.mmd.txt", "CurrentDPF=notes");
+  project.write("dir.mmd/inside.txt", "");
+  EXPECT_EQ(eval("getparam(mmdname)"), "");  // neither is a project file
   project.write("Road.MMD", "[Project]\r\nName=road\r\nCurrentDPF=  long1 ");
   project.write("zz.mmd", "CurrentDPF=other");  // not the first by name
   EXPECT_EQ(eval("getparam(mmdname)"), "Road");

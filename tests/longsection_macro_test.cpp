@@ -146,12 +146,6 @@ TEST_F(LongsectionMacro, DrawsTheExampleDesignSheetBySheet) {
   EXPECT_EQ(thick, 3);
   EXPECT_EQ(thin, 3);
 
-  // sheets() gives the same count from the drawing parameter file.
-  project.write("n.ipf", "#n=sheets(road_ls)\r\ncrea,SHEETS|n|\r\n");
-  ASSERT_EQ(run("run n.ipf"), 0) << err();
-  ASSERT_EQ(run("models list"), 0);
-  EXPECT_NE(project.read("out.txt").find("SHEETS3"), std::string::npos) << project.read("out.txt");
-
   // Without AutoCAD: the same script kept beside the input, and its picture.
   hosts::EngineOptions o;
   o.projectFolder = project.folder();

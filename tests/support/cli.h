@@ -12,8 +12,9 @@
 
 namespace korvane::test {
 
-// A text of the program as a terminal shows it: UTF-8 on Linux, the ANSI
-// code page (the users' own) on Windows.
+// A text of the program as a terminal shows it, and a name as the program
+// takes it on its command line: UTF-8 on Linux, the ANSI code page (the
+// users' own) on Windows.
 inline std::string asShown(const std::string& cp1250) {
 #ifdef _WIN32
   return cp1250;

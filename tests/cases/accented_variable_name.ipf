@@ -1,0 +1,2 @@
+let,árok=õ,
+crea,|árok|

@@ -1,0 +1,3 @@
+crea,before
+crea,a|b
+crea,never

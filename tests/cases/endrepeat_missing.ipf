@@ -1,0 +1,2 @@
+insert,endrepeat_missing
+repeat=1

@@ -1,0 +1,1 @@
+crea,bcrea,c

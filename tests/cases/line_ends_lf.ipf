@@ -1,0 +1,3 @@
+crea,a
+let,x=1,
+crea,|x|

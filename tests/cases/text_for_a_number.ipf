@@ -1,0 +1,2 @@
+crea,before
+let,x=abs(y),
