@@ -18,8 +18,11 @@ struct CompileCall {
   CompileMode mode = CompileMode::Whole;
   std::string lastInsertAssign;  // assignment text of this call's previous insert
   bool lastCondition = false;    // truth of this call's previous condition
-  std::string rawLine;           // the line as read, for failure reports
-  std::string work;              // the line being compiled; its storage is reused line after line
+  // The line as read (for failure reports) and the line being compiled: the
+  // run's buffers for this depth, whose storage outlives the call, so that a
+  // repeated part read pass after pass allocates nothing for its lines.
+  std::string& rawLine;
+  std::string& work;
 
   // Keyword text: the next line, joined with the following ones while the
   // trimmed line ends with ",", and a final ",".

@@ -185,7 +185,10 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
                  const std::string& currentFile, const std::string& assignText, CompileMode mode) {
   DepthGuard guard(ctx);
 
-  CompileCall call{ctx, {}, {}, {}, assignText, mode};
+  if (ctx.lineBuffers.size() <= static_cast<std::size_t>(ctx.depth))
+    ctx.lineBuffers.resize(ctx.depth + 1);
+  CompileState::LineBuffers& buffers = ctx.lineBuffers[ctx.depth];
+  CompileCall call{ctx, {}, {}, {}, assignText, mode, {}, false, buffers.raw, buffers.work};
   std::string label;
   call.name = fileSpec;
   if (std::size_t b = fileSpec.find('['); b != std::string::npos) {
@@ -218,7 +221,7 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
                                                        : nullptr;
     if (seek && !seekLine(call, seek)) throw StopMessage("s14", seek);
     ObservedFile observed(ctx.observers, found.fullName);
-    std::string line;
+    std::string& line = buffers.read;
     for (;;) {
       if (ctx.interrupted && ctx.interrupted->load()) throw RuntimeFailure("interrupted");
       call.rawLine.clear();  // a line the reader refuses has no text to show

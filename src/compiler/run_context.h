@@ -9,6 +9,7 @@
 #include <array>
 #include <atomic>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -151,7 +152,13 @@ struct CompileState {
   std::vector<std::string> selection;  // string labels that `repeat=each...` iterates
   QueryState query;
   std::int32_t tempCounter = 0;
-  int depth = 0;            // nesting of the compile pass
+  int depth = 0;  // nesting of the compile pass
+  // Line buffers of each depth of the compile pass (a deque: growing keeps the
+  // buffers of the calls under way where they are).
+  struct LineBuffers {
+    std::string read, raw, work;
+  };
+  std::deque<LineBuffers> lineBuffers;
   int expressionDepth = 0;  // nesting of the expression evaluator
   // Where the compile stands: the file and line read last, for messages about
   // MX runs that a flush started there.
