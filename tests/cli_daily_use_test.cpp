@@ -3,7 +3,10 @@
 // on the command line, help, version, presets and sections.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "base/codepage.h"
+#include "base/fs.h"
 #include "base/messages.h"
 #include "support/cli.h"
 
@@ -114,17 +117,40 @@ namespace {
 
 // The shell's redirections of the run's own output lie in the project folder
 // too; the run did not write them.
-TEST_F(DailyUse, TheRunSummaryListsOnlyFilesTheRunWrote) {
+struct RunSummary : DailyUse {
+  // The files the summary of the last run lists.
+  std::string written() {
+    const std::string out = project.read("out.txt");
+    const std::string head = en.format("Cli", "summary_files", "");
+    const std::size_t at = out.find(head);
+    if (at == std::string::npos) return "<no summary> " + out;
+    return out.substr(at + head.size(), out.find('\n', at) - at - head.size());
+  }
+};
+
+TEST_F(RunSummary, ListsOnlyFilesTheRunWrote) {
   project.write("a.ipf", "crea,A\n");
   ASSERT_EQ(run("run a.ipf --lang en"), 0) << err();
-  const std::string out = project.read("out.txt");
-  const std::string head = en.format("Cli", "summary_files", "");
-  const std::size_t at = out.find(head);
-  ASSERT_NE(at, std::string::npos) << out;
-  const std::string files = out.substr(at + head.size(), out.find('\n', at) - at - head.size());
+  const std::string files = written();
   EXPECT_NE(files.find("tmpinput.txt"), std::string::npos) << files;
   EXPECT_EQ(files.find("out.txt"), std::string::npos) << files;
   EXPECT_EQ(files.find("err.txt"), std::string::npos) << files;
 }
+
+#ifdef KORVANE_WORKBOOK_FILES
+// Where no Excel runs, xlput saves the workbook itself, in the excel folder.
+TEST_F(RunSummary, ListsAWorkbookThatXlputWrote) {
+  std::filesystem::create_directories(project.path("excel"));
+  std::filesystem::copy_file(test::sourceDir() + "/examples/road/excel/design.xlsx",
+                             project.path("excel/design.xlsx"));
+  project.write("a.ipf", "#v=xlget(design.xlsx,B2,Design)\n");
+  ASSERT_EQ(run("run a.ipf --lang en"), 0) << err();
+  EXPECT_EQ(written().find("design.xlsx"), std::string::npos) << written();  // only read
+  project.write("a.ipf", "xlput,design.xlsx,Results,2,2,100\n");
+  ASSERT_EQ(run("run a.ipf --lang en"), 0) << err();
+  const std::string workbook = std::string("excel") + fs::kSep + "design.xlsx";
+  EXPECT_NE(written().find(workbook), std::string::npos) << written();
+}
+#endif
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <map>
+#include <set>
 
 #include "base/fs.h"
 #include "support/project.h"
@@ -31,8 +32,9 @@ class FakeSheet final : public hosts::Worksheet {
     for (const auto& [at, v] : cells_) last = std::max(last, at.first);
     return last;
   }
-  void setFormulaLocal(std::int32_t row, std::int32_t column, const std::string& text) override {
+  bool setFormulaLocal(std::int32_t row, std::int32_t column, const std::string& text) override {
     cells_[{row, column}] = text;
+    return true;  // as the workbook files do
   }
 
  private:
@@ -188,6 +190,7 @@ TEST_F(ExcelFunctions, XlmacroPassesTheFieldsOfItsLineAndXlputItsCell) {
   EXPECT_EQ(excel.runs, (Lines{"Book.xlsm!Go,s:8,s:,s:last"}));
   EXPECT_EQ(excel.opened, (Lines{inExcelFolder("out.xlsx") + "|Data"}));
   EXPECT_EQ(excel.cells, (Cells{{{4, 2}, "=A1*2"}}));
+  EXPECT_EQ(c.ctx.filesWritten, (std::set<std::string>{inExcelFolder("out.xlsx")}));
 }
 
 }  // namespace

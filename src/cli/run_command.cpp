@@ -177,6 +177,16 @@ void printSummary(const RunContext& ctx, const FolderState& before,
     if (!files.empty()) files += ", ";
     files += name;
   }
+  // Files the run wrote elsewhere (workbooks of the excel folder, or of any
+  // folder), by their place in the project folder where they lie in it.
+  for (const std::string& path : ctx.filesWritten) {
+    const std::string& folder = ctx.projectFolder;
+    const bool inside = path.size() > folder.size() && path.compare(0, folder.size(), folder) == 0;
+    const std::string name = inside ? path.substr(folder.size()) : path;
+    if (inside && name.find_first_of("\\/") == std::string::npos) continue;  // listed above
+    if (!files.empty()) files += ", ";
+    files += name;
+  }
   print(ctx.messages.format("Cli", "summary_models", changed.empty() ? "-" : changed));
   print(ctx.messages.format("Cli", "summary_files", files.empty() ? "-" : files));
 }

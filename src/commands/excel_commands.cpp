@@ -57,7 +57,8 @@ void xlput(CallContext& ctx, const std::string& workbook, const std::string& she
            std::int32_t row, std::int32_t column, const std::string& value) {
   const std::string path = resolveWorkbook(ctx, workbook);
   if (path.empty()) return;
-  ctx.excel("xlput").worksheet(path, sheet)->setFormulaLocal(row, column, value);
+  if (ctx.excel("xlput").worksheet(path, sheet)->setFormulaLocal(row, column, value))
+    ctx.fileWritten(path);
 }
 
 void xlmacro(CallContext& ctx, const std::string& macro, const std::string* args, int count) {

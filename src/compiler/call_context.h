@@ -63,6 +63,9 @@ class CallContext {
   hosts::ExcelHost& excel(std::string_view what) const;
   // Excel, or null when this build has none.
   hosts::ExcelHost* excelHost() const { return ctx_.excel; }
+  // A file the run wrote besides its compiled output (a workbook), for the
+  // run's summary.
+  void fileWritten(const std::string& path) { ctx_.filesWritten.insert(path); }
 
  private:
   RunContext& ctx_;

@@ -12,6 +12,7 @@
 #include <deque>
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -169,6 +170,8 @@ struct CompileState {
   CompiledOutput output;
   SourceCache sources;  // input files read in this run, until something may change them
   SaveFiles save;
+  // Files written besides the compiled output (workbooks), by path.
+  std::set<std::string> filesWritten;
   int engineRuns = 0;          // MX runs of the current entry
   CompileObservers observers;  // diagnostics and progress
   int barDepth = 0;            // inside |...| of a line

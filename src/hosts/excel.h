@@ -55,7 +55,9 @@ class Worksheet {
   // The last row that holds anything (0 for an empty sheet).
   virtual std::int32_t lastRow() = 0;
   // Sets the cell's `FormulaLocal`: the text as if the user typed it in.
-  virtual void setFormulaLocal(std::int32_t row, std::int32_t column, const std::string& text) = 0;
+  // True when that wrote the workbook's file (false: an open Excel keeps the
+  // change until the user saves).
+  virtual bool setFormulaLocal(std::int32_t row, std::int32_t column, const std::string& text) = 0;
 };
 
 class ExcelHost {

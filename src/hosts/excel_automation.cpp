@@ -24,9 +24,10 @@ class AutomationWorksheet final : public Worksheet {
         static_cast<std::int32_t>(objectOf(used->get("Rows"), "Rows")->get("Count").number());
     return count > 0 ? first + count - 1 : 0;
   }
-  void setFormulaLocal(std::int32_t row, std::int32_t column, const std::string& text) override {
+  bool setFormulaLocal(std::int32_t row, std::int32_t column, const std::string& text) override {
     // Excel keeps the change in the open workbook; saving is the user's.
     cell(row, column)->set("FormulaLocal", text);
+    return false;
   }
 
  private:

@@ -50,12 +50,13 @@ class FileWorksheet final : public Worksheet {
   std::int32_t lastRow() override {
     return std::visit([&](auto& b) { return b->lastRow(sheet_); }, book_);
   }
-  void setFormulaLocal(std::int32_t row, std::int32_t column, const std::string& text) override {
+  bool setFormulaLocal(std::int32_t row, std::int32_t column, const std::string& text) override {
     auto* xlsx = std::get_if<std::unique_ptr<workbook::XlsxWorkbook>>(&book_);
     if (!xlsx) throw WorkbookError(Reason::ReadOnly, path_);
     const CellAddress cell = checked(row, column);
     // No Excel keeps the change open: the workbook is saved at once.
     (*xlsx)->put(sheet_, cell, workbook::typedEntry(text));
+    return true;
   }
 
  private:

@@ -7,6 +7,8 @@
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "hosts/excel.h"
+#include "hosts/workbook/escaped_text.h"
+#include "hosts/workbook/formula_shift.h"
 #include "hosts/workbook/xml_part.h"
 
 namespace korvane::hosts::workbook {
@@ -45,6 +47,28 @@ void numberCells(pugi::xml_node row) {
     column = a ? columnOf(a.value()) : column + 1;
     if (!a) c.append_attribute("r") = addressText({rowIndex, column}).c_str();
   }
+}
+
+// Calls `f` with every cell of the sheet data and its position.
+template <typename F>
+void forEachCell(pugi::xml_node data, F f) {
+  std::int32_t rowIndex = 0;
+  for (pugi::xml_node r : data.children()) {
+    if (localName(r) != "row") continue;
+    pugi::xml_attribute a = r.attribute("r");
+    rowIndex = a ? a.as_int() : rowIndex + 1;
+    std::int32_t column = 0;
+    for (pugi::xml_node c : r.children()) {
+      if (localName(c) != "c") continue;
+      pugi::xml_attribute ca = c.attribute("r");
+      column = ca ? columnOf(ca.value()) : column + 1;
+      f(c, CellAddress{rowIndex, column});
+    }
+  }
+}
+
+bool sharesFormula(pugi::xml_node f) {
+  return std::string_view(f.attribute("t").value()) == "shared";
 }
 
 // A child element of a cell, placed before its extension list if it has one.
@@ -199,7 +223,7 @@ std::uint32_t XlsxWorkbook::addSharedString(const std::string& utf8) {
   }
   pugi::xml_node ext = child(sst, "extLst");
   pugi::xml_node si = ext ? insertElementBefore(sst, "si", ext) : appendElement(sst, "si");
-  setText(appendElement(si, "t"), utf8);
+  setText(appendElement(si, "t"), escapeCellText(utf8));
   shared_.push_back(utf8);
   pugi::xml_attribute unique = sst.attribute("uniqueCount");
   if (unique) unique.set_value(static_cast<unsigned>(shared_.size()));
@@ -243,11 +267,49 @@ std::string XlsxWorkbook::value(std::size_t s, CellAddress cell) {
     return i < strings.size() ? cp::fromUtf8(strings[i]) : std::string();
   }
   if (type == "b") return raw == "1" ? "True" : "False";
-  if (type == "str" || type == "e" || type == "d") return cp::fromUtf8(raw);
+  if (type == "str") return cp::fromUtf8(unescapeCellText(raw));
+  if (type == "e" || type == "d") return cp::fromUtf8(raw);
   double d = 0;
   const auto r = std::from_chars(raw.data(), raw.data() + raw.size(), d);
   if (r.ec != std::errc() || r.ptr != raw.data() + raw.size()) return cp::fromUtf8(raw);
   return conv::CStr(d);
+}
+
+pugi::xml_node XlsxWorkbook::sharedFormulaFirst(pugi::xml_node data, const char* index,
+                                                CellAddress& where) {
+  pugi::xml_node found;
+  forEachCell(data, [&](pugi::xml_node c, CellAddress at) {
+    pugi::xml_node f = child(c, "f");
+    if (found || !f || !sharesFormula(f) || !*f.text().get()) return;
+    if (std::string_view(f.attribute("si").value()) != index) return;
+    found = f;
+    where = at;
+  });
+  return found;
+}
+
+void XlsxWorkbook::unshare(pugi::xml_node data, pugi::xml_node first, CellAddress where) {
+  const std::string index = first.attribute("si").value();
+  const std::string text = first.text().get();
+  forEachCell(data, [&](pugi::xml_node c, CellAddress at) {
+    pugi::xml_node f = child(c, "f");
+    if (!f || f == first || !sharesFormula(f) || *f.text().get()) return;
+    if (std::string_view(f.attribute("si").value()) != index) return;
+    for (const char* attr : {"t", "si", "ref"}) f.remove_attribute(attr);
+    f.text().set(shiftFormula(text, at.row - where.row, at.column - where.column).c_str());
+  });
+}
+
+std::string XlsxWorkbook::formula(std::size_t s, CellAddress cell) {
+  pugi::xml_node data = sheetData(s);
+  const pugi::xml_node f = child(findCell(data, cell, false), "f");
+  if (!f) return {};
+  if (!sharesFormula(f) || *f.text().get()) return cp::fromUtf8(f.text().get());
+  CellAddress where;
+  const pugi::xml_node first = sharedFormulaFirst(data, f.attribute("si").value(), where);
+  if (!first) return {};
+  return cp::fromUtf8(
+      shiftFormula(first.text().get(), cell.row - where.row, cell.column - where.column));
 }
 
 std::int32_t XlsxWorkbook::lastRow(std::size_t s) {
@@ -262,8 +324,12 @@ std::int32_t XlsxWorkbook::lastRow(std::size_t s) {
 }
 
 void XlsxWorkbook::put(std::size_t s, CellAddress cell, const TypedEntry& entry) {
-  pugi::xml_node c = findCell(sheetData(s), cell, true);
+  pugi::xml_node data = sheetData(s);
+  pugi::xml_node c = findCell(data, cell, true);
   const bool hadFormula = child(c, "f");
+  // The others of a shared formula lose their first cell: each gets its own.
+  if (pugi::xml_node f = child(c, "f"); f && sharesFormula(f) && *f.text().get())
+    unshare(data, f, cell);
   for (const char* local : {"f", "v", "is"})
     while (pugi::xml_node old = child(c, local)) c.remove_child(old);
   for (const char* attr : {"t", "cm", "vm"}) c.remove_attribute(attr);
@@ -284,7 +350,7 @@ void XlsxWorkbook::put(std::size_t s, CellAddress cell, const TypedEntry& entry)
         sharedChanged = true;
       } else {
         c.append_attribute("t") = "inlineStr";
-        setText(appendElement(cellChild(c, "is"), "t"), cp::toUtf8(entry.text));
+        setText(appendElement(cellChild(c, "is"), "t"), escapeCellText(cp::toUtf8(entry.text)));
       }
       break;
   }

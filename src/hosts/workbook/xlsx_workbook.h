@@ -31,6 +31,9 @@ class XlsxWorkbook {
   // and "False"; a formula gives the value Excel stored with it last.
   std::string value(std::size_t sheet, CellAddress cell);
   std::int32_t lastRow(std::size_t sheet);
+  // The formula of a cell without its "=" ("" when it holds none); a cell
+  // that shares the formula of a range gets the range's formula moved to it.
+  std::string formula(std::size_t sheet, CellAddress cell);
   // Writes the entry into the cell and saves the workbook.
   void put(std::size_t sheet, CellAddress cell, const TypedEntry& entry);
 
@@ -43,6 +46,8 @@ class XlsxWorkbook {
   };
   pugi::xml_node sheetData(std::size_t sheet);
   pugi::xml_node findCell(pugi::xml_node data, CellAddress cell, bool create);
+  pugi::xml_node sharedFormulaFirst(pugi::xml_node data, const char* index, CellAddress& where);
+  void unshare(pugi::xml_node data, pugi::xml_node first, CellAddress where);
   const std::vector<std::string>& sharedStrings();
   std::uint32_t addSharedString(const std::string& utf8);
   bool dropFromChain(unsigned sheetId, CellAddress cell,

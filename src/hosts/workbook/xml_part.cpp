@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "hosts/excel.h"
+#include "hosts/workbook/escaped_text.h"
 #include "hosts/workbook/zip_package.h"
 
 namespace korvane::hosts::workbook {
@@ -49,7 +50,7 @@ void collectText(pugi::xml_node node, std::string& out) {
   for (pugi::xml_node c : node.children()) {
     const std::string_view n = localName(c);
     if (n == "t")
-      out += c.text().get();
+      out += unescapeCellText(c.text().get());
     else if (n == "r")
       collectText(c, out);
   }
