@@ -87,6 +87,40 @@ TEST_F(CliRun, AnEngineErrorStopsWithTheEnginesMessageAndTheNextRunStartsCleanly
   EXPECT_EQ(out().find("it is just a flag model"), std::string::npos) << out();
 }
 
+// SQLite's files beside the store that are still there: none may stay once
+// korvane has ended, however its run ended.
+std::string storeLeftovers(const test::TempProject& p) {
+  std::string found;
+  for (const char* suffix : {"-journal", "-wal", "-shm"})
+    if (p.exists(std::string("korvane-models.db") + suffix)) found += suffix;
+  return found;
+}
+
+TEST_F(CliRun, NoJournalOrLogStaysBesideTheStoreHoweverTheRunEnds) {
+  project.write("good.ipf", "crea,A\n");
+  // Each of these runs the engine (the query), then ends badly.
+  const char* const ending[] = {
+      "crea,B\nnonsense,record\n",                               // MX refuses a line
+      "crea,C\n#n=getpoint(C,S,1,num,1)\ninsert,missing.ipm\n",  // a message stops it
+      "crea,D\n#n=getpoint(D,S,1,num,1)\n#x=1/0\n",              // a run-time error
+  };
+  ASSERT_EQ(run("run good.ipf"), 0) << project.read("err.txt");
+  ASSERT_TRUE(project.exists("korvane-models.db"));
+  EXPECT_EQ(storeLeftovers(project), "");
+  for (const char* input : ending) {
+    project.write("bad.ipf", input);
+    EXPECT_EQ(run("run bad.ipf"), 1) << input;
+    EXPECT_EQ(storeLeftovers(project), "") << input;
+  }
+  // An empty journal, as a process that ended while making the store left it,
+  // goes with the next run.
+  project.write("korvane-models.db-journal", "");
+  ASSERT_EQ(run("run good.ipf"), 0) << project.read("err.txt");
+  EXPECT_EQ(storeLeftovers(project), "");
+  ASSERT_EQ(run("models list"), 0);
+  EXPECT_TRUE(std::regex_search(out(), std::regex("\nD +0 +0\n"))) << out();
+}
+
 TEST_F(CliRun, BatchModeRunsTheWordsAsOneEntry) {
   project.write("a b.ipf", "[main]\ncrea,BATCH\n");
   EXPECT_EQ(run("a b.ipf [main]"), 0) << project.read("err.txt");
