@@ -21,7 +21,7 @@
 namespace korvane::cli {
 namespace {
 
-namespace fs = std::filesystem;
+namespace stdfs = std::filesystem;
 using hosts::embedded::EmbeddedEngine;
 
 struct ModelsArgs {
@@ -55,8 +55,8 @@ Messages& messages() {
 std::unique_ptr<EmbeddedEngine> openEngine() {
   std::error_code ec;
   const std::string named = fromTerminal(args().project);
-  fs::path folder = named.empty() ? fs::current_path(ec) : korvane::fs::native(named);
-  const std::string shown = korvane::fs::fromNative(fs::absolute(folder, ec));
+  stdfs::path folder = named.empty() ? stdfs::current_path(ec) : korvane::fs::native(named);
+  const std::string shown = korvane::fs::fromNative(stdfs::absolute(folder, ec));
   if (named.empty() && !isProjectFolder(shown)) {
     std::cerr << "korvane models: " << terminal(messages().format("Cli", "not_project", shown))
               << "\n"
@@ -64,7 +64,7 @@ std::unique_ptr<EmbeddedEngine> openEngine() {
     setExitCode(kUsageError);
     return nullptr;
   }
-  if (!fs::is_directory(folder, ec)) {
+  if (!stdfs::is_directory(folder, ec)) {
     std::cerr << "korvane models: " << terminal(messages().format("Cli", "no_project", shown))
               << "\n";
     setExitCode(kUsageError);
@@ -72,7 +72,7 @@ std::unique_ptr<EmbeddedEngine> openEngine() {
   }
   hosts::EngineOptions options;
   // The engine takes the folder in the users' code page, as every path of the core.
-  options.projectFolder = korvane::fs::fromNative(fs::absolute(folder, ec).lexically_normal());
+  options.projectFolder = korvane::fs::fromNative(stdfs::absolute(folder, ec).lexically_normal());
   while (options.projectFolder.size() > 1 && options.projectFolder.back() == '/')
     options.projectFolder.pop_back();
   std::string error;
