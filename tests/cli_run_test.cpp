@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <regex>
 
 #include "support/project.h"
 
@@ -35,8 +36,9 @@ TEST_F(CliRun, TheExampleProjectRunsThroughTheEmbeddedEngine) {
 
   ASSERT_EQ(run("models list"), 0);
   // MAST, GRND and the left edge string E000 that getfreelabel named
-  EXPECT_NE(out().find("DESIGN M1\t3\t14"), std::string::npos) << out();
-  EXPECT_NE(out().find("GROUND\t3\t16"), std::string::npos) << out();  // GR03 cut to 4 points
+  EXPECT_TRUE(std::regex_search(out(), std::regex("\nDESIGN M1 +3 +14\n"))) << out();
+  EXPECT_TRUE(std::regex_search(out(), std::regex("\nGROUND +3 +16\n")))
+      << out();  // GR03 cut to 4 points
   std::string combined = project.read("complete.inp");
   EXPECT_NE(combined.find("005,3=GR03,6=4\r\n"), std::string::npos);
   // The queries read the design just built: 6 points 20 m apart, the ground
@@ -81,8 +83,42 @@ TEST_F(CliRun, AnEngineErrorStopsWithTheEnginesMessageAndTheNextRunStartsCleanly
   EXPECT_EQ(project.read("compiled_bad.inp"), "crea,A\r\nnonsense,record\r\ncrea,B\r\n");
   EXPECT_EQ(run("run good.ipf"), 0) << project.read("err.txt");
   ASSERT_EQ(run("models list"), 0);
-  EXPECT_NE(out().find("C\t0\t0"), std::string::npos) << out();
+  EXPECT_TRUE(std::regex_search(out(), std::regex("\nC +0 +0\n"))) << out();
   EXPECT_EQ(out().find("it is just a flag model"), std::string::npos) << out();
+}
+
+// SQLite's files beside the store that are still there: none may stay once
+// korvane has ended, however its run ended.
+std::string storeLeftovers(const test::TempProject& p) {
+  std::string found;
+  for (const char* suffix : {"-journal", "-wal", "-shm"})
+    if (p.exists(std::string("korvane-models.db") + suffix)) found += suffix;
+  return found;
+}
+
+TEST_F(CliRun, NoJournalOrLogStaysBesideTheStoreHoweverTheRunEnds) {
+  project.write("good.ipf", "crea,A\n");
+  // Each of these runs the engine (the query), then ends badly.
+  const char* const ending[] = {
+      "crea,B\nnonsense,record\n",                               // MX refuses a line
+      "crea,C\n#n=getpoint(C,S,1,num,1)\ninsert,missing.ipm\n",  // a message stops it
+      "crea,D\n#n=getpoint(D,S,1,num,1)\n#x=1/0\n",              // a run-time error
+  };
+  ASSERT_EQ(run("run good.ipf"), 0) << project.read("err.txt");
+  ASSERT_TRUE(project.exists("korvane-models.db"));
+  EXPECT_EQ(storeLeftovers(project), "");
+  for (const char* input : ending) {
+    project.write("bad.ipf", input);
+    EXPECT_EQ(run("run bad.ipf"), 1) << input;
+    EXPECT_EQ(storeLeftovers(project), "") << input;
+  }
+  // An empty journal, as a process that ended while making the store left it,
+  // goes with the next run.
+  project.write("korvane-models.db-journal", "");
+  ASSERT_EQ(run("run good.ipf"), 0) << project.read("err.txt");
+  EXPECT_EQ(storeLeftovers(project), "");
+  ASSERT_EQ(run("models list"), 0);
+  EXPECT_TRUE(std::regex_search(out(), std::regex("\nD +0 +0\n"))) << out();
 }
 
 TEST_F(CliRun, BatchModeRunsTheWordsAsOneEntry) {

@@ -57,12 +57,8 @@ const char* const kGenio =
 }  // namespace
 
 TEST_F(EngineCli, ImportListShowExportDelete) {
-  ASSERT_EQ(korvane("models list" + project()), 0) << err_;
-  EXPECT_EQ(out_, "");
   write("in.txt", kGenio);
   ASSERT_EQ(korvane("models import " + path("in.txt") + " \"Site Plan\"" + project()), 0) << err_;
-  ASSERT_EQ(korvane("models list" + project()), 0) << err_;
-  EXPECT_EQ(out_, "Site Plan\t2\t5\n");
   ASSERT_EQ(korvane("models show \"site plan\" --lang en" + project()), 0) << err_;
   EXPECT_EQ(out_, stringsHead() + "E001\t3\t2\nE002\t3\t3\n");
   ASSERT_EQ(korvane("models show \"Site Plan\" e002 --lang en" + project()), 0) << err_;
@@ -84,19 +80,41 @@ TEST_F(EngineCli, ImportListShowExportDelete) {
   EXPECT_EQ(korvane("models show COPY" + project()), 1);
 }
 
+// Headings in the chosen language over columns as wide as their widest cell:
+// names to the left, counts to the right.
+TEST_F(EngineCli, ListHasHeadingsOverAlignedColumns) {
+  ASSERT_EQ(korvane("models list --lang en" + project()), 0) << err_;
+  EXPECT_EQ(out_, "Model  Strings  Points\n");  // an empty store: the headings alone
+  write("in.txt", kGenio);
+  ASSERT_EQ(korvane("models import " + path("in.txt") + " \"Site Plan\"" + project()), 0) << err_;
+  // A: one string of twelve points along x.
+  std::string twelve = "001FORMAT(3F12.3)\n003,ORDR,4=1,1,2,3\n080,E003\n";
+  for (int x = 1; x <= 12; ++x)
+    twelve += "     " + std::to_string(100 + x) + ".000       0.000       0.000\n";
+  write("twelve.txt", twelve + "       0.000       0.000       0.000\n999\n");
+  ASSERT_EQ(korvane("models import " + path("twelve.txt") + " A" + project()), 0) << err_;
+  ASSERT_EQ(korvane("models list --lang en" + project()), 0) << err_;
+  EXPECT_EQ(out_,
+            "Model      Strings  Points\n"
+            "A                1      12\n"
+            "Site Plan        2       5\n");
+  ASSERT_EQ(korvane("models list --lang hu" + project()), 0) << err_;
+  EXPECT_EQ(out_.substr(0, 11), "Modell     ") << out_;
+}
+
 TEST_F(EngineCli, AFailedImportLeavesNoModelBehind) {
   // The records begin well and go wrong on the fourth line.
   write("bad.txt", "001FORMAT(3F12.3)\n003,ORDR,4=1,1,2,3\n080,E001\ngarbage\n");
   EXPECT_EQ(korvane("models import " + path("bad.txt") + " BAD" + project()), 1);
   EXPECT_NE(err_.find("garbage"), std::string::npos) << err_;
-  ASSERT_EQ(korvane("models list" + project()), 0) << err_;
-  EXPECT_EQ(out_, "");
+  ASSERT_EQ(korvane("models list --lang en" + project()), 0) << err_;
+  EXPECT_EQ(out_, "Model  Strings  Points\n");
   // A model that was there before a failed import into it stays.
   write("in.txt", kGenio);
   ASSERT_EQ(korvane("models import " + path("in.txt") + " KEEP" + project()), 0) << err_;
   EXPECT_EQ(korvane("models import " + path("bad.txt") + " KEEP" + project()), 1);
-  ASSERT_EQ(korvane("models list" + project()), 0) << err_;
-  EXPECT_EQ(out_.substr(0, 5), "KEEP\t");
+  ASSERT_EQ(korvane("models list --lang en" + project()), 0) << err_;
+  EXPECT_EQ(out_, "Model  Strings  Points\nKEEP         2       5\n");
 }
 
 TEST_F(EngineCli, ExecPrintsListingAndReportsEngineErrors) {

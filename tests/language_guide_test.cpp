@@ -13,7 +13,7 @@ namespace {
 
 struct Block {
   std::string kind;  // "ipf", "ipm" or "mx"
-  std::string name;  // an ipm block's file name
+  std::string name;  // an ipm block's file name; "embedded" after ipf
   std::string text;
   int line = 0;  // where it begins in the guide
 };
@@ -47,7 +47,7 @@ std::vector<Block> fencedBlocks(const std::string& path) {
 TEST(LanguageGuide, EveryExampleGivesTheLinesShown) {
   const auto blocks = fencedBlocks(sourceDir() + "/docs/language.md");
   std::vector<const Block*> macros;
-  int compared = 0;
+  int compared = 0, withModels = 0;
   for (std::size_t i = 0; i < blocks.size(); ++i) {
     const Block& b = blocks[i];
     if (b.kind == "ipm") macros.push_back(&b);
@@ -57,7 +57,11 @@ TEST(LanguageGuide, EveryExampleGivesTheLinesShown) {
     TempProject project;
     for (const Block* m : macros) project.write(m->name, m->text);
     project.write("example.ipf", b.text);
-    Compiler c{project};
+    // "ipf embedded": run through the embedded engine, so that model queries
+    // read the models the example itself makes.
+    const bool embedded = b.name == "embedded";
+    Compiler c{project, {}, embedded ? EngineChoice::Embedded : EngineChoice::Recording};
+    withModels += embedded;
     EXPECT_TRUE(c.compile("example.ipf")) << "line " << b.line << ": " << c.ctx.stop.message;
     std::string got;
     for (const std::string& l : c.lines) got += l + "\n";
@@ -65,6 +69,7 @@ TEST(LanguageGuide, EveryExampleGivesTheLinesShown) {
     ++compared;
   }
   EXPECT_GE(compared, 12);
+  EXPECT_GE(withModels, 1);
 }
 
 }  // namespace

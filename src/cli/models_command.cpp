@@ -1,5 +1,6 @@
 // korvane models: load, inspect and export the embedded engine's models.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -20,7 +21,7 @@
 namespace korvane::cli {
 namespace {
 
-namespace fs = std::filesystem;
+namespace stdfs = std::filesystem;
 using hosts::embedded::EmbeddedEngine;
 
 struct ModelsArgs {
@@ -54,8 +55,8 @@ Messages& messages() {
 std::unique_ptr<EmbeddedEngine> openEngine() {
   std::error_code ec;
   const std::string named = fromTerminal(args().project);
-  fs::path folder = named.empty() ? fs::current_path(ec) : korvane::fs::native(named);
-  const std::string shown = korvane::fs::fromNative(fs::absolute(folder, ec));
+  stdfs::path folder = named.empty() ? stdfs::current_path(ec) : korvane::fs::native(named);
+  const std::string shown = korvane::fs::fromNative(stdfs::absolute(folder, ec));
   if (named.empty() && !isProjectFolder(shown)) {
     std::cerr << "korvane models: " << terminal(messages().format("Cli", "not_project", shown))
               << "\n"
@@ -63,7 +64,7 @@ std::unique_ptr<EmbeddedEngine> openEngine() {
     setExitCode(kUsageError);
     return nullptr;
   }
-  if (!fs::is_directory(folder, ec)) {
+  if (!stdfs::is_directory(folder, ec)) {
     std::cerr << "korvane models: " << terminal(messages().format("Cli", "no_project", shown))
               << "\n";
     setExitCode(kUsageError);
@@ -71,7 +72,7 @@ std::unique_ptr<EmbeddedEngine> openEngine() {
   }
   hosts::EngineOptions options;
   // The engine takes the folder in the users' code page, as every path of the core.
-  options.projectFolder = korvane::fs::fromNative(fs::absolute(folder, ec).lexically_normal());
+  options.projectFolder = korvane::fs::fromNative(stdfs::absolute(folder, ec).lexically_normal());
   while (options.projectFolder.size() > 1 && options.projectFolder.back() == '/')
     options.projectFolder.pop_back();
   std::string error;
@@ -95,12 +96,39 @@ int fail(const std::string& message) {
   return kEngineError;
 }
 
+// Rows under a heading line, in columns as wide as their widest cell: names
+// left-aligned, counts right-aligned. Widths are counted in the core's
+// one-byte code page, where a byte is a character.
+void printColumns(const std::vector<std::vector<std::string>>& rows) {
+  std::vector<std::size_t> width;
+  for (const auto& row : rows)
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      if (width.size() <= i) width.push_back(0);
+      width[i] = std::max(width[i], row[i].size());
+    }
+  for (const auto& row : rows) {
+    std::string line;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      const std::string pad(width[i] - row[i].size(), ' ');
+      if (i == 0)
+        line += row[i] + (row.size() > 1 ? pad : "");
+      else
+        line += "  " + pad + row[i];
+    }
+    std::cout << terminal(line) << '\n';
+  }
+}
+
 int list(EmbeddedEngine& e) {
   std::vector<hosts::embedded::ModelSummary> models;
   std::string error;
   if (!e.models(models, error)) return fail(error);
+  std::vector<std::vector<std::string>> rows{{messages().text("Cli", "col_model"),
+                                              messages().text("Cli", "col_strings"),
+                                              messages().text("Cli", "col_points")}};
   for (const auto& m : models)
-    std::cout << terminal(m.name) << '\t' << m.strings << '\t' << m.points << '\n';
+    rows.push_back({m.name, std::to_string(m.strings), std::to_string(m.points)});
+  printColumns(rows);
   return kOk;
 }
 

@@ -86,7 +86,7 @@ std::string_view trimmed(std::string_view s) {
   return s.substr(b, s.find_last_not_of(' ') - b + 1);
 }
 
-bool quoted(std::string_view e) { return !e.empty() && e.front() == '"' && e.back() == '"'; }
+bool isQuoted(std::string_view e) { return !e.empty() && e.front() == '"' && e.back() == '"'; }
 std::string unquoted(std::string_view e) {
   return e.size() >= 2 ? std::string(e.substr(1, e.size() - 2)) : std::string();
 }
@@ -114,7 +114,7 @@ struct InBars {
 std::string part(RunContext& ctx, std::string_view text) {
   Level level(ctx.expressionDepth);
   const std::string_view e = trimmed(text);
-  if (quoted(e)) return unquoted(e);
+  if (isQuoted(e)) return unquoted(e);
   return operands(ctx, e);
 }
 
@@ -175,7 +175,7 @@ std::string Evaluate(RunContext& ctx, std::string& expr) {
   const std::string_view t = trimmed(expr);
   if (t.size() != expr.size()) expr = std::string(t);
   // A quoted text is taken literally, everything between the outer quotes.
-  if (quoted(expr)) return unquoted(expr);
+  if (isQuoted(expr)) return unquoted(expr);
   if (expr.find('|') != std::string::npos) substituteLine(ctx, expr);
 
   // Function calls, innermost-last: each becomes a temporary holding its value.

@@ -139,7 +139,12 @@ std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access acc
     if (access == Access::Run) {
       // A new store is made in WAL mode from the start (see below); a file
       // with content is not touched before it is known to be ours.
-      if (db->queryInt("PRAGMA page_count") == 0) db->exec("PRAGMA journal_mode = WAL");
+      if (db->queryInt("PRAGMA page_count") == 0) {
+        // Switching a new file to WAL writes its first page under a rollback
+        // journal: kept in memory, so that no "-journal" file is made at all.
+        db->exec("PRAGMA journal_mode = MEMORY");
+        db->exec("PRAGMA journal_mode = WAL");
+      }
       try {
         Transaction check(*db, true);
         if (!checkSchema(*db, true, empty, why)) {
@@ -182,11 +187,27 @@ std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access acc
 }
 
 bool ModelStore::beginRun(std::string& error) {
-  if (lock_->lockRun(g_busyTimeoutMs)) return true;
+  if (lock_->lockRun(g_busyTimeoutMs)) {
+    removeStaleJournal();
+    return true;
+  }
   error = "the model store " + path_ +
           " is in use by another run on this project; runs are not interleaved, so this run "
           "was refused (try again when the other has ended)";
   return false;
+}
+
+// A store in WAL mode never uses a rollback journal, and SQLite neither
+// reads nor removes one of no bytes. Such a file is what an older Korvane, or
+// a process that ended while it made the store, left behind; with the run
+// lock held no one else can be writing one.
+void ModelStore::removeStaleJournal() {
+  Statement mode(*db_, "PRAGMA journal_mode");
+  if (!mode.step() || cp::lower(mode.text(0)) != "wal") return;
+  const std::filesystem::path journal = korvane::fs::pathOfNativeText(path_ + "-journal");
+  std::error_code ec;
+  if (std::filesystem::is_regular_file(journal, ec) && std::filesystem::file_size(journal, ec) == 0)
+    std::filesystem::remove(journal, ec);
 }
 
 void ModelStore::endRun() {

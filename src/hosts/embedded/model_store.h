@@ -85,6 +85,8 @@ class ModelStore {
   void deleteString(std::int64_t stringId);
 
  private:
+  // Removes an empty "-journal" file beside a store in WAL mode.
+  void removeStaleJournal();
   ModelStore(std::unique_ptr<SqliteDb> db, std::string path);
   class Reading;
 
