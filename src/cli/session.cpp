@@ -127,7 +127,10 @@ void addWarningsOption(CLI::App* cmd, bool& warnings) {
 
 std::unique_ptr<Session> Session::open(const SessionOptions& options, int& status) {
   auto s = std::make_unique<Session>();
-  StartupOptions startup{fromTerminal(options.home), fromTerminal(options.project), options.engine};
+  StartupOptions startup;
+  startup.home = fromTerminal(options.home);
+  startup.project = fromTerminal(options.project);
+  startup.engine = options.engine;
   startup.firstEntry = options.firstEntry;
   startup.requireProject = true;
   startup.language = fromTerminal(cliLanguage());

@@ -20,16 +20,17 @@ std::string partName(const std::string& part) {
   return !part.empty() && part.front() == '/' ? part.substr(1) : part;
 }
 
-struct ZipCloser {
-  void operator()(zip_t* z) const {
-    if (z) zip_discard(z);
-  }
-};
-
 }  // namespace
 
 struct ZipPackage::Archive {
-  std::unique_ptr<zip_t, ZipCloser> zip;
+  // A named deleter outside the unnamed namespace: the member's type must not
+  // be local to this file while Archive is not.
+  struct Closer {
+    void operator()(zip_t* z) const {
+      if (z) zip_discard(z);
+    }
+  };
+  std::unique_ptr<zip_t, Closer> zip;
 };
 
 ZipPackage::ZipPackage(std::string path) : path_(std::move(path)), archive_(new Archive) {
