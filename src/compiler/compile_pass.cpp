@@ -117,6 +117,12 @@ const DirectiveTable& directives(const RunContext& ctx) {
   return ctx.language ? ctx.language->directives : compilerOnly;
 }
 
+// The value of `count`, or the word itself when it has none.
+std::string_view countText(const RunContext& ctx) {
+  const std::string* v = ctx.vars.find("count");
+  return v ? std::string_view(*v) : std::string_view("count");
+}
+
 // Handles one line; returns true when the call must return.
 bool compileLine(CompileCall& call, const std::string& raw) {
   RunContext& ctx = call.ctx;
@@ -156,7 +162,10 @@ void locate(CompileFailure& f, const CompileCall& call) {
 
 }  // namespace
 
-bool repeatIs(RunContext& ctx, const char* word) { return variableOrName(ctx, "repeat") == word; }
+bool repeatIs(RunContext& ctx, const char* word) {
+  const std::string* v = ctx.vars.find("repeat");
+  return v ? *v == word : std::string_view("repeat") == word;
+}
 
 std::string CompileCall::readKeywordText() {
   std::string line;
@@ -206,9 +215,8 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     throw StopMessage("s9", found.shownName);
   call.folder = found.folder;
   // A repeated part is read once a pass; `count` has just been set to the pass.
-  const long pass = mode == CompileMode::Repeating
-                        ? static_cast<long>(conv::Val(variableOrName(ctx, "count")))
-                        : 0;
+  const long pass =
+      mode == CompileMode::Repeating ? static_cast<long>(conv::Val(countText(ctx))) : 0;
   SourceFrame frame(ctx.sourceMap, found.fullName, pass);
 
   try {

@@ -191,8 +191,15 @@ std::string Evaluate(RunContext& ctx, std::string& expr) {
 }
 
 std::string Evaluate(RunContext& ctx, std::string_view expr) {
-  // A bare word or number (a count, a name) is a variable or stands for
-  // itself: read in place, without the copy the general case edits.
+  // A whole number (a repetition's count) is a variable of that name or
+  // stands for itself, and is never a name the diagnostics ask about.
+  if (!expr.empty() &&
+      std::all_of(expr.begin(), expr.end(), [](char c) { return c >= '0' && c <= '9'; })) {
+    const std::string* v = ctx.vars.find(expr);
+    return v ? *v : std::string(expr);
+  }
+  // A bare word is a variable or stands for itself: read in place, without
+  // the copy the general case edits.
   if (!expr.empty() && expr.find_first_of("|()\"&+-*/^ ") == std::string_view::npos)
     return operands(ctx, expr);
   std::string e(expr);

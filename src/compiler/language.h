@@ -79,7 +79,12 @@ class DirectiveTable {
  private:
   struct KeywordHash {
     using is_transparent = void;
-    std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
+    // FNV-1a: a keyword is hashed in a few steps, once for every line compiled.
+    std::size_t operator()(std::string_view s) const {
+      std::size_t h = 14695981039346656037ULL;
+      for (unsigned char c : s) h = (h ^ c) * 1099511628211ULL;
+      return h;
+    }
   };
   std::unordered_map<std::string, DirectiveRow, KeywordHash, std::equal_to<>> rows_;
 };
