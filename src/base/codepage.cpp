@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "base/char_codes.h"
+
 namespace korvane::cp {
 namespace {
 
@@ -66,6 +68,22 @@ constexpr CaseTables kCaseTables;
 
 constexpr const CaseTables& tables() { return kCaseTables; }
 
+// Decodes one UTF-8 sequence at s[i]; returns its length, 0 when invalid.
+std::size_t decodeUtf8(std::string_view s, std::size_t i, char32_t& u) {
+  auto b = static_cast<unsigned char>(s[i]);
+  std::size_t n = b < 0x80 ? 1 : (b >> 5) == 6 ? 2 : (b >> 4) == 14 ? 3 : (b >> 3) == 30 ? 4 : 0;
+  if (n == 0 || i + n > s.size()) return 0;
+  u = n == 1 ? b : n == 2 ? (b & 0x1F) : n == 3 ? (b & 0x0F) : (b & 0x07);
+  for (std::size_t k = 1; k < n; ++k) {
+    auto c = static_cast<unsigned char>(s[i + k]);
+    if ((c & 0xC0) != 0x80) return 0;
+    u = (u << 6) | (c & 0x3F);
+  }
+  return n;
+}
+
+}  // namespace
+
 void appendUtf8(std::string& out, char32_t u) {
   if (u < 0x80) {
     out += static_cast<char>(u);
@@ -83,22 +101,6 @@ void appendUtf8(std::string& out, char32_t u) {
     out += static_cast<char>(0x80 | (u & 0x3F));
   }
 }
-
-// Decodes one UTF-8 sequence at s[i]; returns its length, 0 when invalid.
-std::size_t decodeUtf8(std::string_view s, std::size_t i, char32_t& u) {
-  auto b = static_cast<unsigned char>(s[i]);
-  std::size_t n = b < 0x80 ? 1 : (b >> 5) == 6 ? 2 : (b >> 4) == 14 ? 3 : (b >> 3) == 30 ? 4 : 0;
-  if (n == 0 || i + n > s.size()) return 0;
-  u = n == 1 ? b : n == 2 ? (b & 0x1F) : n == 3 ? (b & 0x0F) : (b & 0x07);
-  for (std::size_t k = 1; k < n; ++k) {
-    auto c = static_cast<unsigned char>(s[i + k]);
-    if ((c & 0xC0) != 0x80) return 0;
-    u = (u << 6) | (c & 0x3F);
-  }
-  return n;
-}
-
-}  // namespace
 
 char toLower(char c) { return static_cast<char>(tables().lower[static_cast<unsigned char>(c)]); }
 char toUpper(char c) { return static_cast<char>(tables().upper[static_cast<unsigned char>(c)]); }

@@ -4,15 +4,10 @@
 
 #include <fstream>
 
+#include "base/char_codes.h"
+
 namespace korvane::test {
 namespace {
-
-int hexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
-}
 
 std::string unescape(const std::string& text) {
   std::string out;
@@ -28,9 +23,9 @@ std::string unescape(const std::string& text) {
       out += '\r';
     else if (c == 'n')
       out += '\n';
-    else if (c == 'x' && i + 2 < text.size() && hexDigit(text[i + 1]) >= 0 &&
-             hexDigit(text[i + 2]) >= 0) {
-      out += static_cast<char>(hexDigit(text[i + 1]) * 16 + hexDigit(text[i + 2]));
+    else if (c == 'x' && i + 2 < text.size() && cp::hexDigit(text[i + 1]) >= 0 &&
+             cp::hexDigit(text[i + 2]) >= 0) {
+      out += static_cast<char>(cp::hexDigit(text[i + 1]) * 16 + cp::hexDigit(text[i + 2]));
       i += 2;
     } else
       out += c;  // \\ and \" and anything else stand for themselves

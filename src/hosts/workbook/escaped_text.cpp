@@ -3,44 +3,21 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "base/char_codes.h"
+
 namespace korvane::hosts::workbook {
 namespace {
-
-int hexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
-}
 
 // The code of an escape "_xHHHH_" at `at`, or -1 when there is none.
 long escapeAt(std::string_view s, std::size_t at) {
   if (at + 7 > s.size() || s[at] != '_' || s[at + 1] != 'x' || s[at + 6] != '_') return -1;
   long code = 0;
   for (std::size_t k = at + 2; k < at + 6; ++k) {
-    const int d = hexDigit(s[k]);
+    const int d = cp::hexDigit(s[k]);
     if (d < 0) return -1;
     code = code * 16 + d;
   }
   return code;
-}
-
-void appendUtf8(std::string& out, std::uint32_t c) {
-  if (c < 0x80) {
-    out += static_cast<char>(c);
-  } else if (c < 0x800) {
-    out += static_cast<char>(0xC0 | (c >> 6));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  } else if (c < 0x10000) {
-    out += static_cast<char>(0xE0 | (c >> 12));
-    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  } else {
-    out += static_cast<char>(0xF0 | (c >> 18));
-    out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  }
 }
 
 }  // namespace
@@ -58,15 +35,15 @@ std::string unescapeCellText(std::string_view s) {
     if (code >= 0xD800 && code < 0xDC00) {  // a pair of escapes for one character
       const long low = escapeAt(s, at);
       if (low >= 0xDC00 && low < 0xE000) {
-        appendUtf8(out, 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00));
+        cp::appendUtf8(out, 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00));
         at += 7;
         continue;
       }
     }
     if (code >= 0xD800 && code < 0xE000)
-      appendUtf8(out, 0xFFFD);  // half a pair: no character
+      cp::appendUtf8(out, 0xFFFD);  // half a pair: no character
     else
-      appendUtf8(out, static_cast<std::uint32_t>(code));
+      cp::appendUtf8(out, static_cast<std::uint32_t>(code));
   }
   return out;
 }
