@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "compiler/compile_failure.h"
+#include "compiler/expression_tree.h"
 #include "compiler/field_scanner.h"
 #include "support/project.h"
 #include "support/vectors.h"
@@ -35,6 +36,36 @@ TEST_F(ExpressionTest, VariablesAreSubstitutedAfterTheSplit) {
   c.ctx.vars.set("2", "5");
   EXPECT_EQ(eval("2*3"), "15");
   EXPECT_EQ(eval("2"), "5");
+}
+
+// A text's split is kept for the next time the text comes (a repeated line);
+// its values are not: each evaluation reads the variables as they are then.
+TEST_F(ExpressionTest, AKeptSplitReadsTheVariablesAgain) {
+  for (int i = 1; i <= 3; ++i) {
+    c.ctx.vars.set("count", std::to_string(i));
+    EXPECT_EQ(eval("count*2+1"), std::to_string(i * 2 + 1));
+  }
+  c.ctx.vars.set("count", "0.1");
+  EXPECT_EQ(eval("count*2+1"), "1.2");
+  c.ctx.vars.set("count", "x");
+  EXPECT_EQ(eval("count*2+1"), "1");
+  // Past the bound the kept splits start over; every text evaluates as before.
+  for (std::size_t i = 0; i < ExpressionCache::kMaxTexts + 10; ++i)
+    ASSERT_EQ(eval(std::to_string(i) + "+1"), std::to_string(i + 1));
+  c.ctx.vars.set("count", "7");
+  EXPECT_EQ(eval("count*2+1"), "15");
+}
+
+// A whole number between operators goes on as a number; any other value
+// takes the round trip through its text at every operator, as it always has.
+TEST_F(ExpressionTest, OnlyWholeNumbersSkipTheRoundTripThroughText) {
+  EXPECT_EQ(eval("0.1*3-0.3"), "0");  // 0.1*3 is written 0.3 before the subtraction
+  EXPECT_EQ(eval("999999999999999+0"), "999999999999999");
+  EXPECT_EQ(eval("999999999999999+1"), "1E+15");
+  EXPECT_EQ(eval("99999999999999*10+5"), "999999999999995");
+  EXPECT_EQ(eval("2^60-1"), "1.15292150460685E+18");
+  EXPECT_EQ(eval("7/2*2"), "7");
+  EXPECT_EQ(eval("0-5&x"), "-5x");
 }
 
 TEST_F(ExpressionTest, FunctionValuesBecomeTemporariesThatThePurgeRemoves) {

@@ -47,7 +47,8 @@ std::string generalForm(const Decimal& d) {
 // "-1.#INF" and "1.#QNAN", so that they stand out in the output rather than read as a number.
 std::string CStr(double value) {
   // A whole number of at most 15 digits is its own general form.
-  if (value == std::trunc(value) && std::fabs(value) < 1e15 && value != 0) {
+  if (std::fabs(value) < 1e15 && value != 0 &&
+      value == static_cast<double>(static_cast<long long>(value))) {
     char buf[24];
     auto r = std::to_chars(buf, buf + sizeof buf, static_cast<long long>(value));
     return std::string(buf, r.ptr);

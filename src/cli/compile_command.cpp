@@ -57,7 +57,10 @@ int runCompile(CompileOptions o) {
     else
       record.assign(line);  // no allocation once the longest line has been seen
     record += "\r\n";
-    out->write(record.data(), static_cast<std::streamsize>(record.size()));
+    // Straight into the stream's buffer: a line is too short to pay for the
+    // sentry that ostream::write builds each time.
+    const auto n = static_cast<std::streamsize>(record.size());
+    if (out->rdbuf()->sputn(record.data(), n) != n) out->setstate(std::ios::badbit);
   });
 
   std::unique_ptr<Warnings> warnings;

@@ -11,18 +11,18 @@ namespace korvane {
 
 struct CompileCall {
   RunContext& ctx;
-  LineReader reader;
-  std::string folder;      // where this call's file was found; base folder of its inserts
-  std::string name;        // the name as this call received it, without a section label
-  std::string assignText;  // passed down by the caller
+  // The state of one call lives in the run's storage for its depth, whose
+  // buffers outlive the call: a repeated part read pass after pass allocates
+  // nothing for its names and lines.
+  LineReader& reader;
+  std::string& folder;      // where this call's file was found; base folder of its inserts
+  std::string& name;        // the name as this call received it, without a section label
+  std::string& assignText;  // passed down by the caller
   CompileMode mode = CompileMode::Whole;
-  std::string lastInsertAssign;  // assignment text of this call's previous insert
-  bool lastCondition = false;    // truth of this call's previous condition
-  // The line as read (for failure reports) and the line being compiled: the
-  // run's buffers for this depth, whose storage outlives the call, so that a
-  // repeated part read pass after pass allocates nothing for its lines.
-  std::string& rawLine;
-  std::string& work;
+  std::string& lastInsertAssign;  // assignment text of this call's previous insert
+  bool lastCondition = false;     // truth of this call's previous condition
+  std::string& rawLine;           // the line as read, for failure reports
+  std::string& work;              // the line being compiled
 
   // Keyword text: the next line, joined with the following ones while the
   // trimmed line ends with ",", and a final ",".

@@ -1,5 +1,7 @@
 #include "compiler/compile_pass.h"
 
+#include <algorithm>
+
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "base/fs.h"
@@ -131,14 +133,15 @@ bool compileLine(CompileCall& call, const std::string& raw) {
   ctx.vars.purgeTemporaries();
   substituteLine(ctx, line);
   rewriteLine(line);
-  ctx.currentLine = line;
   splitFields(ctx, line);
   // A line that begins with three blanks is MX data, never a directive; no
   // keyword is longer than the longest one in the table.
   const std::string& first = ctx.fields[0];
   const bool mayBeKeyword =
       !first.empty() && first.size() <= kLongestKeyword && !text::startsWith(line, "   ");
-  const std::string keyword = mayBeKeyword ? cp::lower(first) : std::string();
+  char lowered[kLongestKeyword];
+  if (mayBeKeyword) std::transform(first.begin(), first.end(), lowered, cp::toLower);
+  const std::string_view keyword(lowered, mayBeKeyword ? first.size() : 0);
   const DirectiveRow* row = keyword.empty() ? nullptr : directives(ctx).find(keyword);
   if (!row) {
     ctx.observers.notify([&](CompileObserver& w) { w.plainLine(mayBeKeyword ? first : ""); });
@@ -146,7 +149,7 @@ bool compileLine(CompileCall& call, const std::string& raw) {
     return false;
   }
   DirectiveCall d(call, line);
-  prepare(ctx, d, keyword, row->preparation);
+  prepare(ctx, d, std::string(keyword), row->preparation);
   return row->handler(d) == DirectiveResult::EndCall;
 }
 
@@ -194,17 +197,25 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
                  const std::string& currentFile, const std::string& assignText, CompileMode mode) {
   DepthGuard guard(ctx);
 
-  if (ctx.lineBuffers.size() <= static_cast<std::size_t>(ctx.depth))
-    ctx.lineBuffers.resize(ctx.depth + 1);
-  CompileState::LineBuffers& buffers = ctx.lineBuffers[ctx.depth];
-  CompileCall call{ctx, {}, {}, {}, assignText, mode, {}, false, buffers.raw, buffers.work};
+  while (ctx.callStorage.size() <= static_cast<std::size_t>(ctx.depth))
+    ctx.callStorage.emplace_back();
+  CompileState::CallStorage& storage = ctx.callStorage[ctx.depth];
+  CompileCall call{ctx,  storage.reader,           storage.folder, storage.name, storage.assignText,
+                   mode, storage.lastInsertAssign, false,          storage.raw,  storage.work};
+  call.assignText = assignText;
+  call.lastInsertAssign.clear();
+  // The file stays open no longer than the call.
+  struct Closing {
+    LineReader& reader;
+    ~Closing() { reader.close(); }
+  } closing{call.reader};
   std::string label;
   call.name = fileSpec;
   if (std::size_t b = fileSpec.find('['); b != std::string::npos) {
     label = fileSpec.substr(b);
     call.name = text::rtrim(fileSpec.substr(0, b));
   }
-  const std::string name = call.name.empty() ? currentFile : call.name;
+  const std::string& name = call.name.empty() ? currentFile : call.name;
   if (ctx.depth > kMaxCompileDepth)
     throw RuntimeFailure("depth", std::to_string(kMaxCompileDepth), name);
 
@@ -229,12 +240,12 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
                                                        : nullptr;
     if (seek && !seekLine(call, seek)) throw StopMessage("s14", seek);
     ObservedFile observed(ctx.observers, found.fullName);
-    std::string& line = buffers.read;
+    std::string& line = storage.read;
     for (;;) {
       if (ctx.interrupted && ctx.interrupted->load()) throw RuntimeFailure("interrupted");
       call.rawLine.clear();  // a line the reader refuses has no text to show
       if (!call.readLine(line)) return;
-      ctx.currentLine = call.rawLine = line;
+      call.rawLine = line;
       noteWhere(ctx, call);
       ctx.observers.notify([&](CompileObserver& w) { w.lineRead(call.reader.lineNumber(), line); });
       if (!line.empty() && line[0] == '[') return;

@@ -8,6 +8,20 @@
 #include "compiler/compile_failure.h"
 
 namespace korvane {
+namespace {
+
+// The output file is written by the compile alone: its stream needs no lock.
+std::size_t writeUnlocked(const char* data, std::size_t n, std::FILE* file) {
+#if defined(__GLIBC__)
+  return fwrite_unlocked(data, 1, n, file);
+#elif defined(_WIN32)
+  return _fwrite_nolock(data, 1, n, file);
+#else
+  return std::fwrite(data, 1, n, file);
+#endif
+}
+
+}  // namespace
 
 CompiledOutput::~CompiledOutput() { close(); }
 
@@ -38,7 +52,7 @@ void CompiledOutput::writeLine(std::string_view line) {
   if (!file_) throw RuntimeFailure("write", name_);
   record_.assign(line);  // one write a line: the storage is reused
   record_ += "\r\n";
-  if (std::fwrite(record_.data(), 1, record_.size(), file_) != record_.size())
+  if (writeUnlocked(record_.data(), record_.size(), file_) != record_.size())
     throw RuntimeFailure("write", name_);
   const bool sentinel = isSentinelLine(line);
   noteOrigin(sources_ && !sentinel ? sources_->here() : SourceOrigin{});

@@ -8,6 +8,7 @@
 #include "base/conversions.h"
 #include "base/text.h"
 #include "compiler/compile_failure.h"
+#include "compiler/expression_tree.h"
 #include "compiler/field_scanner.h"
 #include "compiler/function_dispatch.h"
 
@@ -91,16 +92,75 @@ std::string unquoted(std::string_view e) {
   return e.size() >= 2 ? std::string(e.substr(1, e.size() - 2)) : std::string();
 }
 
-std::string operands(RunContext& ctx, std::string_view expr);
+// A value met inside an expression: a text in place (a variable's value or a
+// piece of the expression, both unchanged while an expression is evaluated),
+// a text of its own, or the result of arithmetic not yet written out. A whole
+// number below 10^15 reads back from its general form unchanged, so such a
+// result goes on to the next operator as the number itself: the language's
+// round trip through the text is kept for every other value.
+class Operand {
+ public:
+  static Operand inPlace(std::string_view v) {
+    Operand o;
+    o.view_ = v;
+    return o;
+  }
+  // A text of the expression itself, whose Val was read when it was split.
+  static Operand literal(std::string_view v, const ExpressionNode& n) {
+    Operand o;
+    o.view_ = v;
+    if (n.hasNumber) {
+      o.number_ = n.number;
+      o.kind_ = Kind::InPlaceWithNumber;
+    }
+    return o;
+  }
+  static Operand owned(std::string t) {
+    Operand o;
+    o.text_ = std::move(t);
+    o.kind_ = Kind::Owned;
+    return o;
+  }
+  static Operand arithmeticResult(double v) {
+    if (std::fabs(v) < 1e15 && v == static_cast<double>(static_cast<long long>(v))) {
+      Operand o;
+      o.number_ = v == 0 ? 0.0 : v;  // "-0" is written "0" and reads back as +0
+      o.kind_ = Kind::Number;
+      return o;
+    }
+    return owned(conv::CStr(v));
+  }
 
-// A text that could be a variable's name: a letter or "_" first, then name
-// characters. Numbers and texts with blanks or signs are values of their own.
-bool looksLikeName(std::string_view e) {
-  if (e.empty() || (e[0] >= '0' && e[0] <= '9') || isTemporaryName(e)) return false;
-  for (char c : e)
-    if (!isNameCharacter(c)) return false;
-  return true;
-}
+  double number() const {
+    switch (kind_) {
+      case Kind::Number:
+      case Kind::InPlaceWithNumber:
+        return number_;
+      default:
+        return conv::Val(textView());
+    }
+  }
+  std::string text() && {
+    switch (kind_) {
+      case Kind::Number:
+        return conv::CStr(number_);
+      case Kind::Owned:
+        return std::move(text_);
+      default:
+        return std::string(view_);
+    }
+  }
+  // Not for a number: call text() first.
+  std::string_view textView() const { return kind_ == Kind::Owned ? text_ : view_; }
+  bool isNumber() const { return kind_ == Kind::Number; }
+
+ private:
+  enum class Kind { InPlace, InPlaceWithNumber, Owned, Number };
+  Kind kind_ = Kind::InPlace;
+  std::string_view view_;
+  std::string text_;
+  double number_ = 0;
+};
 
 // Counts the |...| stretches being evaluated, for the observers.
 struct InBars {
@@ -109,63 +169,47 @@ struct InBars {
   ~InBars() { --depth; }
 };
 
-// A part of an expression that holds no "|" and no ")" any more: its value
-// needs no substitution and no function call, so it is read in place.
-std::string part(RunContext& ctx, std::string_view text) {
-  Level level(ctx.expressionDepth);
-  const std::string_view e = trimmed(text);
-  if (isQuoted(e)) return unquoted(e);
-  return operands(ctx, e);
+// A word is a variable, or stands for itself; the diagnostics hear of a word
+// that looks like a name and has no value.
+Operand word(RunContext& ctx, std::string_view w, bool nameLike, const ExpressionNode* node) {
+  if (const std::string* v = ctx.vars.find(w)) return Operand::inPlace(*v);
+  if (nameLike && !ctx.observers.empty() && ctx.rowDepth == 0) {
+    const bool inBars = ctx.barDepth > 0;
+    ctx.observers.notify([&](CompileObserver& w2) { w2.unassignedName(std::string(w), inBars); });
+  }
+  return node ? Operand::literal(w, *node) : Operand::inPlace(w);
 }
 
-// Splits at the last occurrence of the loosest operator that is not the final
-// character; a text with none is a variable or stands for itself.
-std::string operands(RunContext& ctx, std::string_view expr) {
-  static const char kOperators[] = "&+-*/^";
-  // The last place of each operator, found in one pass over the text.
-  std::size_t last[6];
-  std::fill(std::begin(last), std::end(last), std::string_view::npos);
-  for (std::size_t i = 0; i < expr.size(); ++i) {
-    switch (expr[i]) {
-      case '&':
-        last[0] = i;
-        break;
-      case '+':
-        last[1] = i;
-        break;
-      case '-':
-        last[2] = i;
-        break;
-      case '*':
-        last[3] = i;
-        break;
-      case '/':
-        last[4] = i;
-        break;
-      case '^':
-        last[5] = i;
-        break;
-      default:
-        break;
-    }
+Operand value(RunContext& ctx, const ExpressionTree& t, std::uint32_t i);
+
+// One side of an operator is one level deeper.
+Operand side(RunContext& ctx, const ExpressionTree& t, std::uint32_t i) {
+  Level level(ctx.expressionDepth);
+  return value(ctx, t, i);
+}
+
+Operand value(RunContext& ctx, const ExpressionTree& t, std::uint32_t i) {
+  const ExpressionNode& n = t.nodes[i];
+  switch (n.kind) {
+    case ExpressionNode::Kind::Word:
+      return word(ctx, t.textOf(n), n.nameLike, &n);
+    case ExpressionNode::Kind::Quoted:
+      return Operand::literal(t.textOf(n), n);
+    case ExpressionNode::Kind::TooDeep:
+      throw RuntimeFailure("exprdepth", std::to_string(kMaxExpressionDepth));
+    case ExpressionNode::Kind::Operator:
+      break;
   }
-  for (int k = 0; k < 6; ++k) {
-    const std::size_t at = last[k];
-    if (at == std::string_view::npos || at + 1 >= expr.size()) continue;
-    std::string l = part(ctx, expr.substr(0, at));
-    std::string r = part(ctx, expr.substr(at + 1));
-    if (k == 0) {
-      checkTextLength(l.size() + r.size());
-      return l += r;
-    }
-    return conv::CStr(arithmetic(kOperators[k], conv::Val(l), conv::Val(r), expr));
+  Operand l = side(ctx, t, n.left);
+  Operand r = side(ctx, t, n.right);
+  if (n.op == '&') {
+    std::string joined = std::move(l).text();
+    const std::string right = r.isNumber() ? std::move(r).text() : std::string();
+    const std::string_view rv = r.isNumber() ? std::string_view(right) : r.textView();
+    checkTextLength(joined.size() + rv.size());
+    return Operand::owned(joined.append(rv));
   }
-  if (const std::string* v = ctx.vars.find(expr)) return *v;
-  if (!ctx.observers.empty() && ctx.rowDepth == 0 && looksLikeName(expr)) {
-    const bool inBars = ctx.barDepth > 0;
-    ctx.observers.notify([&](CompileObserver& w) { w.unassignedName(std::string(expr), inBars); });
-  }
-  return std::string(expr);
+  return Operand::arithmeticResult(arithmetic(n.op, l.number(), r.number(), t.textOf(n)));
 }
 
 }  // namespace
@@ -179,15 +223,19 @@ std::string Evaluate(RunContext& ctx, std::string& expr) {
   if (expr.find('|') != std::string::npos) substituteLine(ctx, expr);
 
   // Function calls, innermost-last: each becomes a temporary holding its value.
+  bool called = false;
   for (std::size_t close; (close = expr.rfind(')')) != std::string::npos;) {
     std::size_t open = matchingParen(expr, close);
     if (open == std::string::npos) throw RuntimeFailure("paren", expr);
-    std::string value = FunctionDispatch(ctx, expr, open, close);
+    std::string v = FunctionDispatch(ctx, expr, open, close);
     std::string temp = newTemporaryName(ctx);
-    applyAssignments(ctx, temp + "=\"" + value + "\",");
+    applyAssignments(ctx, temp + "=\"" + v + "\",");
     expr.replace(open, close - open + 1, temp);
+    called = true;
   }
-  return operands(ctx, expr);
+  // A text with temporaries in it never comes again: it is not kept.
+  const ExpressionTree& tree = called ? ctx.expressions.scratch(expr) : ctx.expressions.tree(expr);
+  return value(ctx, tree, 0).text();
 }
 
 std::string Evaluate(RunContext& ctx, std::string_view expr) {
@@ -201,7 +249,7 @@ std::string Evaluate(RunContext& ctx, std::string_view expr) {
   // A bare word is a variable or stands for itself: read in place, without
   // the copy the general case edits.
   if (!expr.empty() && expr.find_first_of("|()\"&+-*/^ ") == std::string_view::npos)
-    return operands(ctx, expr);
+    return word(ctx, expr, looksLikeName(expr), nullptr).text();
   std::string e(expr);
   return Evaluate(ctx, e);
 }

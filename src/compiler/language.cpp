@@ -24,9 +24,13 @@ void DirectiveTable::add(std::string_view keyword, Preparation preparation,
                          DirectiveHandler handler) {
   if (keyword.size() > kLongestKeyword) throw std::logic_error("keyword too long");
   rows_.insert_or_assign(std::string(keyword), DirectiveRow{std::move(preparation), handler});
+  if (!keyword.empty()) endings_[keyword.size()].set(static_cast<unsigned char>(keyword.back()));
 }
 
 const DirectiveRow* DirectiveTable::find(std::string_view keyword) const {
+  if (keyword.empty() || keyword.size() > kLongestKeyword ||
+      !endings_[keyword.size()].test(static_cast<unsigned char>(keyword.back())))
+    return nullptr;
   auto it = rows_.find(keyword);
   return it == rows_.end() ? nullptr : &it->second;
 }

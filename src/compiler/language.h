@@ -4,6 +4,8 @@
 // puts the whole language together once (shell/standard_language.h).
 #pragma once
 
+#include <array>
+#include <bitset>
 #include <map>
 #include <string>
 #include <string_view>
@@ -87,6 +89,9 @@ class DirectiveTable {
     }
   };
   std::unordered_map<std::string, DirectiveRow, KeywordHash, std::equal_to<>> rows_;
+  // Which last letters each keyword length ends with: most lines are MX data,
+  // whose first field this rules out before any hashing.
+  std::array<std::bitset<256>, kLongestKeyword + 1> endings_;
 };
 
 struct LanguageTables {

@@ -31,7 +31,7 @@ bool LineReader::open(const std::string& fullName, SourceCache* cache) {
   }
   file_ = fs::openFile(fs::native(fullName), "rb");
   if (!file_) return false;
-  buffer_ = std::make_unique_for_overwrite<char[]>(kWindow);
+  if (!buffer_) buffer_ = std::make_unique_for_overwrite<char[]>(kWindow);
   data_ = buffer_.get();
   utf8_ = streamIsUtf8();
   return true;

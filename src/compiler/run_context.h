@@ -19,6 +19,8 @@
 #include "base/messages.h"
 #include "compiler/compile_observer.h"
 #include "compiler/compiled_output.h"
+#include "compiler/expression_tree.h"
+#include "compiler/line_reader.h"
 #include "compiler/source_cache.h"
 #include "compiler/source_map.h"
 #include "compiler/variable_table.h"
@@ -146,7 +148,6 @@ struct CompileState {
   VariableTable vars;
   StopState stop;
   std::optional<FailureReport> failure;  // the run-time failure that set the stop state
-  std::string currentLine;
   std::array<std::string, 15> fields;
   std::array<std::string, 15> args;  // the arguments of the function call being dispatched
   int argCount = 0;
@@ -154,13 +155,17 @@ struct CompileState {
   QueryState query;
   std::int32_t tempCounter = 0;
   int depth = 0;  // nesting of the compile pass
-  // Line buffers of each depth of the compile pass (a deque: growing keeps the
-  // buffers of the calls under way where they are).
-  struct LineBuffers {
+  // What each depth of the compile pass keeps from one call to the next (a
+  // deque: growing keeps the storage of the calls under way where it is), so
+  // that a part read pass after pass allocates nothing for its names and lines.
+  struct CallStorage {
+    LineReader reader;
+    std::string folder, name, assignText, lastInsertAssign;
     std::string read, raw, work;
   };
-  std::deque<LineBuffers> lineBuffers;
+  std::deque<CallStorage> callStorage;
   int expressionDepth = 0;  // nesting of the expression evaluator
+  ExpressionCache expressions;
   // Where the compile stands: the file and line read last, for messages about
   // MX runs that a flush started there.
   std::string whereFile;

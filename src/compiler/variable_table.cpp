@@ -1,5 +1,7 @@
 #include "compiler/variable_table.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "compiler/compile_failure.h"
 #include "compiler/expression.h"
@@ -14,29 +16,48 @@ bool startsWithDigit(std::string_view name) {
 }
 }  // namespace
 
+std::size_t VariableTable::slotOf(std::string_view name, std::uint64_t hash) const {
+  const std::size_t mask = slots_.size() - 1;
+  const auto low = static_cast<std::uint32_t>(hash);
+  for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+    const Slot& s = slots_[i];
+    if (s.entry == 0 || (s.hash == low && entries_[s.entry - 1].first == name)) return i;
+  }
+}
+
+void VariableTable::addToIndex(std::size_t entry, std::uint64_t hash) {
+  if ((entry + 1) * 2 > slots_.size()) {
+    slots_.assign(slots_.size() * 2, Slot{});
+    reindex();  // entry is already in entries_, so this indexes it too
+    return;
+  }
+  slots_[slotOf(entries_[entry].first, hash)] =
+      Slot{static_cast<std::uint32_t>(entry + 1), static_cast<std::uint32_t>(hash)};
+}
+
 void VariableTable::set(const std::string& name, std::string value) {
   checkTextLength(value.size());
-  auto it = index_.find(name);
-  if (it != index_.end()) {
-    entries_[it->second].second = std::move(value);
+  const std::uint64_t hash = hashOf(name);
+  if (const Slot& s = slots_[slotOf(name, hash)]; s.entry != 0) {
+    entries_[s.entry - 1].second = std::move(value);
     return;
   }
   if (entries_.size() >= kCapacity) throw RuntimeFailure("vars");
   if (name.empty() || isTemporaryName(name)) mayHoldTemporaries_ = true;
   if (!name.empty() && startsWithDigit(name)) mayHoldNumberNames_ = true;
-  index_.emplace(name, entries_.size());
   entries_.emplace_back(name, std::move(value));
+  addToIndex(entries_.size() - 1, hash);
 }
 
 const std::string* VariableTable::find(std::string_view name) const {
   if (!mayHoldNumberNames_ && startsWithDigit(name)) return nullptr;
-  auto it = index_.find(name);
-  return it == index_.end() ? nullptr : &entries_[it->second].second;
+  const Slot& s = slots_[slotOf(name, hashOf(name))];
+  return s.entry == 0 ? nullptr : &entries_[s.entry - 1].second;
 }
 
 void VariableTable::clear() {
   entries_.clear();
-  index_.clear();
+  std::fill(slots_.begin(), slots_.end(), Slot{});
   mayHoldTemporaries_ = mayHoldNumberNames_ = false;
 }
 
@@ -59,8 +80,12 @@ std::vector<std::string> VariableTable::viewerItems() const {
 }
 
 void VariableTable::reindex() {
-  index_.clear();
-  for (std::size_t i = 0; i < entries_.size(); ++i) index_.emplace(entries_[i].first, i);
+  std::fill(slots_.begin(), slots_.end(), Slot{});
+  for (std::size_t i = 0; i < entries_.size(); ++i) {
+    const std::uint64_t hash = hashOf(entries_[i].first);
+    slots_[slotOf(entries_[i].first, hash)] =
+        Slot{static_cast<std::uint32_t>(i + 1), static_cast<std::uint32_t>(hash)};
+  }
 }
 
 }  // namespace korvane

@@ -2,9 +2,9 @@
 // order they were added, exact case-sensitive names, no scoping.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -30,18 +30,26 @@ class VariableTable {
   std::vector<std::string> viewerItems() const;
 
  private:
-  void reindex();
-  std::vector<std::pair<std::string, std::string>> entries_;
-  // Looked up by string_view without building a string.
-  struct NameHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view s) const {
-      std::size_t h = 14695981039346656037ULL;  // FNV-1a: short names hash in a few steps
-      for (unsigned char c : s) h = (h ^ c) * 1099511628211ULL;
-      return h;
-    }
+  // An open-addressing index over entries_: each slot holds an entry's
+  // position + 1 (0 is free) and the low bits of its name's hash, so a lookup
+  // compares names only on a likely match. Entries are never removed one by
+  // one, so no slot needs a tombstone: a purge rebuilds the index.
+  struct Slot {
+    std::uint32_t entry = 0;
+    std::uint32_t hash = 0;
   };
-  std::unordered_map<std::string, std::size_t, NameHash, std::equal_to<>> index_;
+  static std::uint64_t hashOf(std::string_view s) {
+    std::uint64_t h = 14695981039346656037ULL;  // FNV-1a: short names hash in a few steps
+    for (unsigned char c : s) h = (h ^ c) * 1099511628211ULL;
+    return h;
+  }
+  // The slot of `name`, or the free slot where it would go.
+  std::size_t slotOf(std::string_view name, std::uint64_t hash) const;
+  void addToIndex(std::size_t entry, std::uint64_t hash);
+  void reindex();
+
+  std::vector<std::pair<std::string, std::string>> entries_;
+  std::vector<Slot> slots_ = std::vector<Slot>(64);  // a power of two, at most half full
   bool mayHoldTemporaries_ = false;
   // Whether a name begins with a digit: until one does, a number is never
   // looked up, which saves a hash for every number in every expression.
