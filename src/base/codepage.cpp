@@ -42,32 +42,6 @@ constexpr std::array<char16_t, 128> kHigh = {
 };
 // clang-format on
 
-struct CaseTables {
-  std::array<unsigned char, 256> lower{};
-  std::array<unsigned char, 256> upper{};
-  constexpr CaseTables() {
-    for (int i = 0; i < 256; ++i) lower[i] = upper[i] = static_cast<unsigned char>(i);
-    auto pair = [&](int up, int low) {
-      lower[up] = static_cast<unsigned char>(low);
-      upper[low] = static_cast<unsigned char>(up);
-    };
-    for (int c = 'A'; c <= 'Z'; ++c) pair(c, c + 32);
-    for (int c : {0x8A, 0x8C, 0x8D, 0x8E, 0x8F}) pair(c, c + 0x10);
-    pair(0xA3, 0xB3);
-    pair(0xA5, 0xB9);
-    pair(0xAA, 0xBA);
-    pair(0xAF, 0xBF);
-    pair(0xBC, 0xBE);
-    for (int c = 0xC0; c <= 0xDE; ++c)
-      if (c != 0xD7) pair(c, c + 0x20);
-  }
-};
-
-// Built by the compiler: case changes cost one table read, with no start-up guard.
-constexpr CaseTables kCaseTables;
-
-constexpr const CaseTables& tables() { return kCaseTables; }
-
 // Decodes one UTF-8 sequence at s[i]; returns its length, 0 when invalid.
 std::size_t decodeUtf8(std::string_view s, std::size_t i, char32_t& u) {
   auto b = static_cast<unsigned char>(s[i]);
@@ -101,9 +75,6 @@ void appendUtf8(std::string& out, char32_t u) {
     out += static_cast<char>(0x80 | (u & 0x3F));
   }
 }
-
-char toLower(char c) { return static_cast<char>(tables().lower[static_cast<unsigned char>(c)]); }
-char toUpper(char c) { return static_cast<char>(tables().upper[static_cast<unsigned char>(c)]); }
 
 std::string lower(std::string_view s) {
   std::string r(s);

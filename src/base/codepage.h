@@ -4,13 +4,44 @@
 // window, files that start with a UTF-8 byte-order mark).
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
 namespace korvane::cp {
 
-char toLower(char c);
-char toUpper(char c);
+namespace detail {
+// Case pairs of Windows-1250, built by the compiler: a case change is one
+// table read, inlined where it is used.
+struct CaseTables {
+  std::array<unsigned char, 256> lower{};
+  std::array<unsigned char, 256> upper{};
+  constexpr CaseTables() {
+    for (int i = 0; i < 256; ++i) lower[i] = upper[i] = static_cast<unsigned char>(i);
+    auto pair = [&](int up, int low) {
+      lower[up] = static_cast<unsigned char>(low);
+      upper[low] = static_cast<unsigned char>(up);
+    };
+    for (int c = 'A'; c <= 'Z'; ++c) pair(c, c + 32);
+    for (int c : {0x8A, 0x8C, 0x8D, 0x8E, 0x8F}) pair(c, c + 0x10);
+    pair(0xA3, 0xB3);
+    pair(0xA5, 0xB9);
+    pair(0xAA, 0xBA);
+    pair(0xAF, 0xBF);
+    pair(0xBC, 0xBE);
+    for (int c = 0xC0; c <= 0xDE; ++c)
+      if (c != 0xD7) pair(c, c + 0x20);
+  }
+};
+inline constexpr CaseTables kCaseTables;
+}  // namespace detail
+
+inline char toLower(char c) {
+  return static_cast<char>(detail::kCaseTables.lower[static_cast<unsigned char>(c)]);
+}
+inline char toUpper(char c) {
+  return static_cast<char>(detail::kCaseTables.upper[static_cast<unsigned char>(c)]);
+}
 std::string lower(std::string_view s);
 std::string upper(std::string_view s);
 bool equalsIgnoreCase(std::string_view a, std::string_view b);

@@ -49,9 +49,19 @@ std::string CStr(double value) {
   // A whole number of at most 15 digits is its own general form.
   if (std::fabs(value) < 1e15 && value != 0 &&
       value == static_cast<double>(static_cast<long long>(value))) {
+    // Digits from the last, into the end of the buffer: a count or a
+    // chainage is written for every line of a repeated part.
     char buf[24];
-    auto r = std::to_chars(buf, buf + sizeof buf, static_cast<long long>(value));
-    return std::string(buf, r.ptr);
+    char* p = buf + sizeof buf;
+    const long long whole = static_cast<long long>(value);
+    unsigned long long rest = whole < 0 ? 0ULL - static_cast<unsigned long long>(whole)
+                                        : static_cast<unsigned long long>(whole);
+    do {
+      *--p = static_cast<char>('0' + rest % 10);
+      rest /= 10;
+    } while (rest != 0);
+    if (whole < 0) *--p = '-';
+    return std::string(p, buf + sizeof buf);
   }
   if (std::isnan(value)) return "1.#QNAN";
   if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";

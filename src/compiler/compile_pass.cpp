@@ -65,6 +65,7 @@ bool seekLine(CompileCall& call, const std::string& prefix) {
 
 // The "##", "#" and "if " rewrites of a line.
 void rewriteLine(std::string& line) {
+  if (line.empty() || (line[0] != '#' && line[0] != 'i' && line[0] != 'I')) return;
   if (text::startsWith(line, "##")) {
     line = "rem";
   } else if (text::startsWith(line, "#")) {
@@ -163,11 +164,29 @@ void locate(CompileFailure& f, const CompileCall& call) {
   f.trail = call.ctx.sourceMap.chainHere();
 }
 
+using Reentry = CompileState::CallStorage::Reentry;
+
+// Notes where a call's first line to compile begins, for the next call at its
+// depth; only a text the source cache holds can be read again from there.
+void rememberStart(Reentry& again, const CompileCall& call, const std::string& fileSpec,
+                   const std::string& baseFolder, const std::string& currentFile,
+                   const FoundFile& found) {
+  again.held = call.reader.held();
+  if (!again.held) return;
+  again.fileSpec = fileSpec;
+  again.baseFolder = baseFolder;
+  again.currentFile = currentFile;
+  again.mode = static_cast<int>(call.mode);
+  again.generation = call.ctx.sources.generation();
+  again.found = &found;
+  again.start = call.reader.mark();
+}
+
 }  // namespace
 
 bool repeatIs(RunContext& ctx, const char* word) {
   const std::string* v = ctx.vars.find("repeat");
-  return v ? *v == word : std::string_view("repeat") == word;
+  return std::string_view(v ? *v : std::string_view("repeat")) == word;
 }
 
 std::string CompileCall::readKeywordText() {
@@ -219,10 +238,19 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   if (ctx.depth > kMaxCompileDepth)
     throw RuntimeFailure("depth", std::to_string(kMaxCompileDepth), name);
 
+  // The same file, named from the same place, as the last call at this depth
+  // (the next pass of a repeated part): while the source cache holds what it
+  // held then, the file is where it was found then and its text the same.
+  auto& again = storage.again;
+  const bool reentering = again.held && again.generation == ctx.sources.generation() &&
+                          again.mode == static_cast<int>(mode) && again.fileSpec == fileSpec &&
+                          again.baseFolder == baseFolder && again.currentFile == currentFile;
   // Held by the source cache: used only before the first line compiles, since
   // a line may make the cache forget.
-  const FoundFile& found = findInputFile(ctx, name, baseFolder);
-  if (!found.found || !call.reader.open(found.fullName, &ctx.sources))
+  const FoundFile& found = reentering ? *again.found : findInputFile(ctx, name, baseFolder);
+  if (reentering)
+    call.reader.reopen(found.fullName, again.held, again.start);
+  else if (!found.found || !call.reader.open(found.fullName, &ctx.sources))
     throw StopMessage("s9", found.shownName);
   call.folder = found.folder;
   // A repeated part is read once a pass; `count` has just been set to the pass.
@@ -231,14 +259,17 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   SourceFrame frame(ctx.sourceMap, found.fullName, pass);
 
   try {
-    if (!label.empty() && !seekLine(call, label)) {
-      ctx.observers.notify([&](CompileObserver& w) { w.sectionMissing(found.fullName, label); });
-      throw StopMessage("s13", found.shownName, label);
+    if (!reentering) {
+      if (!label.empty() && !seekLine(call, label)) {
+        ctx.observers.notify([&](CompileObserver& w) { w.sectionMissing(found.fullName, label); });
+        throw StopMessage("s13", found.shownName, label);
+      }
+      const char* seek = mode == CompileMode::Repeating  ? "repeat"
+                         : mode == CompileMode::Trailing ? "endrepeat"
+                                                         : nullptr;
+      if (seek && !seekLine(call, seek)) throw StopMessage("s14", seek);
+      rememberStart(again, call, fileSpec, baseFolder, currentFile, found);
     }
-    const char* seek = mode == CompileMode::Repeating  ? "repeat"
-                       : mode == CompileMode::Trailing ? "endrepeat"
-                                                       : nullptr;
-    if (seek && !seekLine(call, seek)) throw StopMessage("s14", seek);
     ObservedFile observed(ctx.observers, found.fullName);
     std::string& line = storage.read;
     for (;;) {

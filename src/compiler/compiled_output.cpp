@@ -11,13 +11,16 @@ namespace korvane {
 namespace {
 
 // The output file is written by the compile alone: its stream needs no lock.
-std::size_t writeUnlocked(const char* data, std::size_t n, std::FILE* file) {
+bool writeRecord(std::string_view line, std::FILE* file) {
 #if defined(__GLIBC__)
-  return fwrite_unlocked(data, 1, n, file);
+  return fwrite_unlocked(line.data(), 1, line.size(), file) == line.size() &&
+         putc_unlocked('\r', file) != EOF && putc_unlocked('\n', file) != EOF;
 #elif defined(_WIN32)
-  return _fwrite_nolock(data, 1, n, file);
+  return _fwrite_nolock(line.data(), 1, line.size(), file) == line.size() &&
+         _fputc_nolock('\r', file) != EOF && _fputc_nolock('\n', file) != EOF;
 #else
-  return std::fwrite(data, 1, n, file);
+  return std::fwrite(line.data(), 1, line.size(), file) == line.size() &&
+         std::fputc('\r', file) != EOF && std::fputc('\n', file) != EOF;
 #endif
 }
 
@@ -50,10 +53,7 @@ void CompiledOutput::close() {
 
 void CompiledOutput::writeLine(std::string_view line) {
   if (!file_) throw RuntimeFailure("write", name_);
-  record_.assign(line);  // one write a line: the storage is reused
-  record_ += "\r\n";
-  if (writeUnlocked(record_.data(), record_.size(), file_) != record_.size())
-    throw RuntimeFailure("write", name_);
+  if (!writeRecord(line, file_)) throw RuntimeFailure("write", name_);
   const bool sentinel = isSentinelLine(line);
   noteOrigin(sources_ && !sentinel ? sources_->here() : SourceOrigin{});
   if (tap_ && !sentinel && isMxChannel()) tap_(line);

@@ -62,7 +62,6 @@ class CompiledOutput {
  private:
   std::FILE* file_ = nullptr;
   std::string name_;
-  std::string record_;  // the line being written, with its CR LF
   Channel channel_ = Channel::Print;
   bool baseIsTmpinput_ = false, extensionIsScr_ = false;
   std::function<void(std::string_view)> tap_;

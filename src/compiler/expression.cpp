@@ -311,14 +311,16 @@ void splitFields(RunContext& ctx, std::string_view line) {
     if (n == ctx.fields.size()) throw RuntimeFailure("fields");
     const std::string_view f = trimmed(nextFieldView(line, pos));
     std::string& field = ctx.fields[n++];
+    if (n > ctx.fieldsUsed) ctx.fieldsUsed = n;  // fields from here on are empty
     if (f.size() >= 2 && f.front() == '|' && f.back() == '|') {
       InBars bars(ctx.barDepth);
       field = Evaluate(ctx, f.substr(1, f.size() - 2));
     } else
       field.assign(f);  // keeps the slot's storage
-    if (field == "if") break;
+    if (field.size() == 2 && field[0] == 'i' && field[1] == 'f') break;
   } while (pos < line.size());
-  for (; n < ctx.fields.size(); ++n) ctx.fields[n].clear();
+  for (; n < ctx.fields.size() && n < ctx.fieldsUsed; ++n) ctx.fields[n].clear();
+  ctx.fieldsUsed = n;
 }
 
 void evaluateArguments(RunContext& ctx, std::string_view argumentText) {

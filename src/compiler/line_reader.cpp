@@ -37,6 +37,19 @@ bool LineReader::open(const std::string& fullName, SourceCache* cache) {
   return true;
 }
 
+void LineReader::reopen(const std::string& fullName,
+                        std::shared_ptr<const SourceCache::HeldFile> held, const Mark& at) {
+  close();
+  name_ = fullName;
+  held_ = std::move(held);
+  utf8_ = held_->utf8;
+  data_ = held_->content.data();
+  len_ = held_->content.size();
+  pos_ = at.pos;
+  lineNumber_ = at.line;
+  first_ = at.first;
+}
+
 void LineReader::close() {
   if (file_) std::fclose(file_);
   file_ = nullptr;

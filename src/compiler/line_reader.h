@@ -14,7 +14,6 @@
 
 namespace korvane {
 
-
 class LineReader {
  public:
   static constexpr std::size_t kMaxLine = 65535;
@@ -25,6 +24,19 @@ class LineReader {
   ~LineReader();
 
   bool open(const std::string& fullName, SourceCache* cache = nullptr);
+
+  // Where the reader stands in its file.
+  struct Mark {
+    std::size_t pos = 0;
+    long line = 0;
+    bool first = true;
+  };
+  Mark mark() const { return {pos_, lineNumber_, first_}; }
+  // The text held by the cache that the reader reads, if it does.
+  const std::shared_ptr<const SourceCache::HeldFile>& held() const { return held_; }
+  // Reads a held text again from a mark taken in it.
+  void reopen(const std::string& fullName, std::shared_ptr<const SourceCache::HeldFile> held,
+              const Mark& at);
   void close();
   bool isOpen() const { return file_ != nullptr || held_ != nullptr; }
   // Reads the next line; false at the end of the file.
@@ -39,7 +51,7 @@ class LineReader {
   bool streamIsUtf8();
 
   std::FILE* file_ = nullptr;
-  std::unique_ptr<char[]> buffer_;           // the stream's window, allocated on open
+  std::unique_ptr<char[]> buffer_;                     // the stream's window, allocated on open
   std::shared_ptr<const SourceCache::HeldFile> held_;  // or the whole file, from the cache
   const char* data_ = nullptr;
   std::size_t pos_ = 0, len_ = 0;

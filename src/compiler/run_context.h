@@ -149,6 +149,7 @@ struct CompileState {
   StopState stop;
   std::optional<FailureReport> failure;  // the run-time failure that set the stop state
   std::array<std::string, 15> fields;
+  std::size_t fieldsUsed = 0;        // fields beyond this many are empty
   std::array<std::string, 15> args;  // the arguments of the function call being dispatched
   int argCount = 0;
   std::vector<std::string> selection;  // string labels that `repeat=each...` iterates
@@ -162,6 +163,17 @@ struct CompileState {
     LineReader reader;
     std::string folder, name, assignText, lastInsertAssign;
     std::string read, raw, work;
+    // The file the last call at this depth read, and where its first line to
+    // compile began: a part read pass after pass is found and searched once
+    // while the source cache holds its text.
+    struct Reentry {
+      std::string fileSpec, baseFolder, currentFile;
+      int mode = -1;
+      std::uint64_t generation = 0;
+      const FoundFile* found = nullptr;
+      std::shared_ptr<const SourceCache::HeldFile> held;
+      LineReader::Mark start;
+    } again;
   };
   std::deque<CallStorage> callStorage;
   int expressionDepth = 0;  // nesting of the expression evaluator

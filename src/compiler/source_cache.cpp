@@ -36,6 +36,7 @@ const FoundFile& SourceCache::rememberFound(const std::string& name, const std::
 }
 
 void SourceCache::forget() {
+  ++generation_;
   files_.clear();
   found_.clear();
 }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -38,8 +39,12 @@ class SourceCache {
                                  FoundFile f);
 
   void forget();
+  // Changes with every forget(): what was looked up under one generation
+  // holds while the generation lasts.
+  std::uint64_t generation() const { return generation_; }
 
  private:
+  std::uint64_t generation_ = 0;
   std::unordered_map<std::string, std::shared_ptr<const HeldFile>> files_;
   const std::string& foundKey(const std::string& name, const std::string& baseFolder) const;
 
