@@ -204,7 +204,7 @@ std::string CompileCall::readKeywordText() {
 DirectiveCall::DirectiveCall(CompileCall& call, std::string line)
     : call_(call), line_(std::move(line)), context_(call.ctx) {
   const auto& fields = call.ctx.fields;
-  used_ = static_cast<int>(fields.size());
+  used_ = static_cast<int>(std::min(fields.size(), call.ctx.fieldsUsed));
   while (used_ > 0 && fields[used_ - 1].empty()) --used_;
   for (int k = 0; k < used_; ++k) fields_[k] = fields[k];
 }

@@ -25,14 +25,26 @@ void DirectiveTable::add(std::string_view keyword, Preparation preparation,
   if (keyword.size() > kLongestKeyword) throw std::logic_error("keyword too long");
   rows_.insert_or_assign(std::string(keyword), DirectiveRow{std::move(preparation), handler});
   if (!keyword.empty()) endings_[keyword.size()].set(static_cast<unsigned char>(keyword.back()));
+  std::size_t size = 64;
+  while (size < rows_.size() * 4) size *= 2;  // at most a quarter full
+  index_.assign(size, Slot{});
+  for (const auto& [k, row] : rows_) {
+    const std::size_t h = KeywordHash{}(k);
+    std::size_t i = h & (size - 1);
+    while (index_[i].row) i = (i + 1) & (size - 1);
+    index_[i] = Slot{h, &k, &row};
+  }
 }
 
 const DirectiveRow* DirectiveTable::find(std::string_view keyword) const {
-  if (keyword.empty() || keyword.size() > kLongestKeyword ||
+  if (index_.empty() || keyword.empty() || keyword.size() > kLongestKeyword ||
       !endings_[keyword.size()].test(static_cast<unsigned char>(keyword.back())))
     return nullptr;
-  auto it = rows_.find(keyword);
-  return it == rows_.end() ? nullptr : &it->second;
+  const std::size_t h = KeywordHash{}(keyword);
+  const std::size_t mask = index_.size() - 1;
+  for (std::size_t i = h & mask; index_[i].row; i = (i + 1) & mask)
+    if (index_[i].hash == h && *index_[i].keyword == keyword) return index_[i].row;
+  return nullptr;
 }
 
 std::vector<std::string> DirectiveTable::keywords() const {

@@ -73,6 +73,13 @@ constexpr std::size_t kLongestKeyword = 16;
 
 class DirectiveTable {
  public:
+  DirectiveTable() = default;
+  // The index points into the rows: a table moves, it is never copied.
+  DirectiveTable(const DirectiveTable&) = delete;
+  DirectiveTable& operator=(const DirectiveTable&) = delete;
+  DirectiveTable(DirectiveTable&&) = default;
+  DirectiveTable& operator=(DirectiveTable&&) = default;
+
   // `keyword` in lower case; a second row for a keyword replaces the first.
   void add(std::string_view keyword, Preparation preparation, DirectiveHandler handler);
   const DirectiveRow* find(std::string_view keyword) const;
@@ -92,6 +99,15 @@ class DirectiveTable {
   // Which last letters each keyword length ends with: most lines are MX data,
   // whose first field this rules out before any hashing.
   std::array<std::bitset<256>, kLongestKeyword + 1> endings_;
+  // An open-addressing index over rows_, rebuilt with each row added (they
+  // are all added at start-up): a directive line costs one hash and, as a
+  // rule, one comparison.
+  struct Slot {
+    std::size_t hash = 0;
+    const std::string* keyword = nullptr;
+    const DirectiveRow* row = nullptr;
+  };
+  std::vector<Slot> index_;
 };
 
 struct LanguageTables {
