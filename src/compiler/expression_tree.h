@@ -11,6 +11,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/text.h"
+
 namespace korvane {
 
 struct ExpressionNode {
@@ -60,15 +62,7 @@ class ExpressionCache {
   const ExpressionTree& scratch(std::string_view text);
 
  private:
-  struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view s) const {
-      std::size_t h = 14695981039346656037ULL;  // FNV-1a
-      for (unsigned char c : s) h = (h ^ c) * 1099511628211ULL;
-      return h;
-    }
-  };
-  std::unordered_map<std::string, ExpressionTree, TextHash, std::equal_to<>> trees_;
+  std::unordered_map<std::string, ExpressionTree, text::Hash, std::equal_to<>> trees_;
   const ExpressionTree* last_ = nullptr;  // a repeated line asks for the same text again
   ExpressionTree scratch_;
 };

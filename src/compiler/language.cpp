@@ -29,7 +29,7 @@ void DirectiveTable::add(std::string_view keyword, Preparation preparation,
   while (size < rows_.size() * 4) size *= 2;  // at most a quarter full
   index_.assign(size, Slot{});
   for (const auto& [k, row] : rows_) {
-    const std::size_t h = KeywordHash{}(k);
+    const std::size_t h = text::Hash{}(k);
     std::size_t i = h & (size - 1);
     while (index_[i].row) i = (i + 1) & (size - 1);
     index_[i] = Slot{h, &k, &row};
@@ -40,7 +40,7 @@ const DirectiveRow* DirectiveTable::find(std::string_view keyword) const {
   if (index_.empty() || keyword.empty() || keyword.size() > kLongestKeyword ||
       !endings_[keyword.size()].test(static_cast<unsigned char>(keyword.back())))
     return nullptr;
-  const std::size_t h = KeywordHash{}(keyword);
+  const std::size_t h = text::Hash{}(keyword);
   const std::size_t mask = index_.size() - 1;
   for (std::size_t i = h & mask; index_[i].row; i = (i + 1) & mask)
     if (index_[i].hash == h && *index_[i].keyword == keyword) return index_[i].row;

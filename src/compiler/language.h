@@ -12,6 +12,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/text.h"
+
 namespace korvane {
 
 class CallContext;
@@ -86,16 +88,7 @@ class DirectiveTable {
   std::vector<std::string> keywords() const;
 
  private:
-  struct KeywordHash {
-    using is_transparent = void;
-    // FNV-1a: a keyword is hashed in a few steps, once for every line compiled.
-    std::size_t operator()(std::string_view s) const {
-      std::size_t h = 14695981039346656037ULL;
-      for (unsigned char c : s) h = (h ^ c) * 1099511628211ULL;
-      return h;
-    }
-  };
-  std::unordered_map<std::string, DirectiveRow, KeywordHash, std::equal_to<>> rows_;
+  std::unordered_map<std::string, DirectiveRow, text::Hash, std::equal_to<>> rows_;
   // Which last letters each keyword length ends with: most lines are MX data,
   // whose first field this rules out before any hashing.
   std::array<std::bitset<256>, kLongestKeyword + 1> endings_;

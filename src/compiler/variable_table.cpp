@@ -37,7 +37,7 @@ void VariableTable::addToIndex(std::size_t entry, std::uint64_t hash) {
 
 void VariableTable::set(const std::string& name, std::string value) {
   checkTextLength(value.size());
-  const std::uint64_t hash = hashOf(name);
+  const std::uint64_t hash = text::hash(name);
   if (const Slot& s = slots_[slotOf(name, hash)]; s.entry != 0) {
     entries_[s.entry - 1].second = std::move(value);
     return;
@@ -51,7 +51,7 @@ void VariableTable::set(const std::string& name, std::string value) {
 
 const std::string* VariableTable::find(std::string_view name) const {
   if (!mayHoldNumberNames_ && startsWithDigit(name)) return nullptr;
-  const Slot& s = slots_[slotOf(name, hashOf(name))];
+  const Slot& s = slots_[slotOf(name, text::hash(name))];
   return s.entry == 0 ? nullptr : &entries_[s.entry - 1].second;
 }
 
@@ -82,7 +82,7 @@ std::vector<std::string> VariableTable::viewerItems() const {
 void VariableTable::reindex() {
   std::fill(slots_.begin(), slots_.end(), Slot{});
   for (std::size_t i = 0; i < entries_.size(); ++i) {
-    const std::uint64_t hash = hashOf(entries_[i].first);
+    const std::uint64_t hash = text::hash(entries_[i].first);
     slots_[slotOf(entries_[i].first, hash)] =
         Slot{static_cast<std::uint32_t>(i + 1), static_cast<std::uint32_t>(hash)};
   }

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/text.h"
+
 namespace korvane {
 
 class VariableTable {
@@ -38,11 +40,6 @@ class VariableTable {
     std::uint32_t entry = 0;
     std::uint32_t hash = 0;
   };
-  static std::uint64_t hashOf(std::string_view s) {
-    std::uint64_t h = 14695981039346656037ULL;  // FNV-1a: short names hash in a few steps
-    for (unsigned char c : s) h = (h ^ c) * 1099511628211ULL;
-    return h;
-  }
   // The slot of `name`, or the free slot where it would go.
   std::size_t slotOf(std::string_view name, std::uint64_t hash) const;
   void addToIndex(std::size_t entry, std::uint64_t hash);

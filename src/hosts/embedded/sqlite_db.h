@@ -10,6 +10,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "base/text.h"
 #include "hosts/embedded/engine_error.h"
 
 struct sqlite3;
@@ -110,12 +111,8 @@ class SqliteDb {
   [[noreturn]] void fail(int code, std::string_view during);
 
  private:
-  struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view s) const { return std::hash<std::string_view>{}(s); }
-  };
   sqlite3* db_ = nullptr;
-  std::unordered_map<std::string, std::unique_ptr<Statement>, TextHash, std::equal_to<>> cache_;
+  std::unordered_map<std::string, std::unique_ptr<Statement>, text::Hash, std::equal_to<>> cache_;
 };
 
 // Rolls back on destruction unless committed.
