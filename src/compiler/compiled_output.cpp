@@ -15,9 +15,6 @@ bool writeRecord(std::string_view line, std::FILE* file) {
 #if defined(__GLIBC__)
   return fwrite_unlocked(line.data(), 1, line.size(), file) == line.size() &&
          putc_unlocked('\r', file) != EOF && putc_unlocked('\n', file) != EOF;
-#elif defined(_WIN32)
-  return _fwrite_nolock(line.data(), 1, line.size(), file) == line.size() &&
-         _fputc_nolock('\r', file) != EOF && _fputc_nolock('\n', file) != EOF;
 #else
   return std::fwrite(line.data(), 1, line.size(), file) == line.size() &&
          std::fputc('\r', file) != EOF && std::fputc('\n', file) != EOF;
