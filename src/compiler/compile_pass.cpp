@@ -120,10 +120,11 @@ const DirectiveTable& directives(const RunContext& ctx) {
   return ctx.language ? ctx.language->directives : compilerOnly;
 }
 
-// The value of `count`, or the word itself when it has none.
-std::string_view countText(const RunContext& ctx) {
-  const std::string* v = ctx.vars.find("count");
-  return v ? std::string_view(*v) : std::string_view("count");
+// The value of a variable named by a literal, or the name itself when it has
+// none, read in place.
+std::string_view valueOrName(const RunContext& ctx, std::string_view name) {
+  const std::string* v = ctx.vars.find(name);
+  return v ? std::string_view(*v) : name;
 }
 
 // Handles one line; returns true when the call must return.
@@ -184,10 +185,7 @@ void rememberStart(Reentry& again, const CompileCall& call, const std::string& f
 
 }  // namespace
 
-bool repeatIs(RunContext& ctx, const char* word) {
-  const std::string* v = ctx.vars.find("repeat");
-  return std::string_view(v ? *v : std::string_view("repeat")) == word;
-}
+bool repeatIs(RunContext& ctx, const char* word) { return valueOrName(ctx, "repeat") == word; }
 
 std::string CompileCall::readKeywordText() {
   std::string line;
@@ -255,7 +253,7 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   call.folder = found.folder;
   // A repeated part is read once a pass; `count` has just been set to the pass.
   const long pass =
-      mode == CompileMode::Repeating ? static_cast<long>(conv::Val(countText(ctx))) : 0;
+      mode == CompileMode::Repeating ? static_cast<long>(conv::Val(valueOrName(ctx, "count"))) : 0;
   SourceFrame frame(ctx.sourceMap, found.fullName, pass);
 
   try {

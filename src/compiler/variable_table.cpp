@@ -81,11 +81,8 @@ std::vector<std::string> VariableTable::viewerItems() const {
 
 void VariableTable::reindex() {
   std::fill(slots_.begin(), slots_.end(), Slot{});
-  for (std::size_t i = 0; i < entries_.size(); ++i) {
-    const std::uint64_t hash = text::hash(entries_[i].first);
-    slots_[slotOf(entries_[i].first, hash)] =
-        Slot{static_cast<std::uint32_t>(i + 1), static_cast<std::uint32_t>(hash)};
-  }
+  // The index is at most half full already: adding never grows it here.
+  for (std::size_t i = 0; i < entries_.size(); ++i) addToIndex(i, text::hash(entries_[i].first));
 }
 
 }  // namespace korvane
