@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <string>
 
-#include "hosts/null_engine.h"
+#include "hosts/mx/null_engine.h"
 #include "support/bench_project.h"
 
 using namespace korvane;

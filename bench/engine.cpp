@@ -7,10 +7,10 @@
 #include <fstream>
 #include <string>
 
-#include "hosts/embedded/embedded_engine.h"
+#include "engine/embedded_engine.h"
 
 namespace fs = std::filesystem;
-using korvane::hosts::embedded::EmbeddedEngine;
+using korvane::engine::EmbeddedEngine;
 
 namespace {
 
@@ -42,7 +42,7 @@ int main() {
   fs::path folder = fs::temp_directory_path() / "korvane-engine-bench";
   fs::remove_all(folder);
   fs::create_directories(folder);
-  korvane::hosts::EngineOptions options;
+  korvane::engine::EngineOptions options;
   options.projectFolder = folder.string();
   std::string error;
   auto engine = EmbeddedEngine::create(options, error);

@@ -8,12 +8,12 @@
 #include <string>
 #include <string_view>
 
-#include "hosts/embedded/embedded_engine.h"
-#include "hosts/embedded/fortran_format.h"
+#include "engine/embedded_engine.h"
+#include "engine/fortran_format.h"
 #include "support/project.h"
 
 using namespace korvane;
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 
 namespace {
 
@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (first.substr(0, 9) == "001FORMAT") checkFormat(first.substr(9), data[size - 1] % 64);
 
   test::TempProject project;
-  hosts::EngineOptions options;
+  engine::EngineOptions options;
   options.projectFolder = project.folder();
   std::string error;
   auto engine = EmbeddedEngine::create(options, error);

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "hosts/embedded/input_file.h"
-#include "hosts/embedded/linemode_lexer.h"
+#include "engine/input_file.h"
+#include "engine/linemode_lexer.h"
 
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::vector<std::string> lines;

@@ -1,7 +1,7 @@
 // Warnings about inputs that compile but probably not as meant: each kind
 // found at its file, line and column, with the close word when there is one;
 // and watching never changes a byte of what is compiled.
-#include "compiler/diagnostics.h"
+#include "shell/diagnostics.h"
 
 #include <gtest/gtest.h>
 

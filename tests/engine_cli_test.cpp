@@ -134,7 +134,7 @@ TEST_F(EngineCli, UsageErrorsExitWithTwo) {
   EXPECT_EQ(korvane("models frobnicate" + project()), 2);
   EXPECT_EQ(korvane("models list --project " + path("no-such-folder")), 2);
   EXPECT_NE(err_.find("no-such-folder"), std::string::npos) << err_;
-  write(korvane::hosts::embedded::ModelStore::kFileName, "junk");
+  write(korvane::engine::ModelStore::kFileName, "junk");
   EXPECT_EQ(korvane("models list" + project()), 1);  // a foreign store is an engine error
 }
 

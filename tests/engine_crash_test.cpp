@@ -14,9 +14,9 @@
 #include <random>
 
 #include "support/engine.h"
-#include "hosts/embedded/sqlite_db.h"
+#include "engine/sqlite_db.h"
 
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 
 namespace {
 

@@ -2,7 +2,7 @@
 // how they load into another model.
 #include "support/engine.h"
 
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 using korvane::testing::EngineTest;
 
 namespace {

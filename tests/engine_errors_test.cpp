@@ -34,7 +34,7 @@ void operator delete(void* p) noexcept { std::free(p); }
 void operator delete(void* p, std::size_t) noexcept { std::free(p); }
 
 using namespace korvane::hosts;
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 
 namespace {
 

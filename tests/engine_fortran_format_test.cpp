@@ -5,10 +5,10 @@
 #include <limits>
 #include <random>
 
-#include "hosts/embedded/fortran_format.h"
+#include "engine/fortran_format.h"
 #include "support/vectors.h"
 
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 
 namespace {
 

@@ -2,7 +2,7 @@
 // variants, selection masks, redirection and round trips.
 #include "support/engine.h"
 
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 using korvane::testing::EngineTest;
 
 namespace {

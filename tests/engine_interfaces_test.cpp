@@ -3,11 +3,11 @@
 #include <cmath>
 
 #include "support/engine.h"
-#include "hosts/embedded/label_rules.h"
-#include "hosts/engine_factory.h"
+#include "engine/label_rules.h"
+#include "shell/engine_choice.h"
 
 using namespace korvane::hosts;
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 using korvane::testing::EngineTest;
 
 namespace {
@@ -179,14 +179,14 @@ TEST_F(EngineTest, InterfacesModelLibrary) {
 }
 
 TEST_F(EngineTest, InterfacesFactoryAndRunVerb) {
-  EngineOptions o;
+  korvane::EngineSettings o;
   o.projectFolder = folder_.string();
   std::string error;
-  auto engine = korvane::hosts::makeEngine(EngineKind::Embedded, o, error);
+  auto engine = korvane::makeEngine(korvane::EngineKind::Embedded, o, error);
   ASSERT_TRUE(engine) << error;
   EXPECT_EQ(engine->project().currentFolder(), folder_.string());
   o.projectFolder = (folder_ / "missing").string();
-  EXPECT_FALSE(korvane::hosts::makeEngine(EngineKind::Embedded, o, error));
+  EXPECT_FALSE(korvane::makeEngine(korvane::EngineKind::Embedded, o, error));
   EXPECT_NE(error.find("does not exist"), std::string::npos);
 
   write("in.txt", "crea,A\n");

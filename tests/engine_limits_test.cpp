@@ -1,18 +1,18 @@
 // The engine's stated limits and the outputs it refuses: input that a fuzzer
 // found to overflow the stack, loop for ages, overwrite the model store or
 // fill messages with megabytes all ends with a short message at its line.
-#include "hosts/embedded/engine_limits.h"
+#include "engine/engine_limits.h"
 
 #include <chrono>
 
 #include "support/engine.h"
-#include "hosts/embedded/fortran_format.h"
+#include "engine/fortran_format.h"
 
 #ifndef _WIN32
 #include <unistd.h>
 #endif
 
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 using korvane::testing::EngineTest;
 namespace fs = std::filesystem;
 

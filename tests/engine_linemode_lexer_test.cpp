@@ -2,10 +2,10 @@
 
 #include <cmath>
 
-#include "hosts/embedded/linemode_lexer.h"
-#include "hosts/embedded/selection_masks.h"
+#include "engine/linemode_lexer.h"
+#include "engine/selection_masks.h"
 
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 
 TEST(LinemodeLexer, CommentsAndBlankLines) {
   EXPECT_EQ(classifyLine(""), LineKind::Blank);

@@ -2,7 +2,7 @@
 // with rollback, and what bad input gets.
 #include "support/engine.h"
 
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 using korvane::testing::EngineTest;
 using namespace std::string_literals;
 

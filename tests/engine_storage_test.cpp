@@ -3,12 +3,12 @@
 // in place.
 #include <cmath>
 
-#include "hosts/embedded/engine_error.h"
-#include "hosts/embedded/point_blob.h"
-#include "hosts/embedded/sqlite_db.h"
+#include "engine/engine_error.h"
+#include "engine/point_blob.h"
+#include "engine/sqlite_db.h"
 #include "support/engine.h"
 
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 using korvane::testing::EngineTest;
 
 namespace {
@@ -89,7 +89,7 @@ TEST_F(EngineTest, StorageIsOneFileInWalModeWithItsLock) {
   // A store of the first schema version is refused, not converted.
   engine_.reset();
   db.exec("PRAGMA user_version = 1");
-  korvane::hosts::EngineOptions o;
+  korvane::engine::EngineOptions o;
   o.projectFolder = folder_.string();
   std::string error;
   EXPECT_FALSE(EmbeddedEngine::create(o, error));

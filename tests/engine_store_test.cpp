@@ -8,9 +8,9 @@
 #endif
 
 #include "support/engine.h"
-#include "hosts/embedded/sqlite_db.h"
+#include "engine/sqlite_db.h"
 
-using namespace korvane::hosts::embedded;
+using namespace korvane::engine;
 
 namespace {
 
@@ -18,7 +18,7 @@ class StoreTest : public korvane::testing::EngineTest {
  protected:
   std::string storeFile() const { return path(ModelStore::kFileName); }
   std::string createError() {
-    korvane::hosts::EngineOptions o;
+    korvane::engine::EngineOptions o;
     o.projectFolder = folder_.string();
     std::string error;
     EXPECT_FALSE(EmbeddedEngine::create(o, error));

@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-#include "hosts/embedded/embedded_engine.h"
+#include "engine/embedded_engine.h"
 #include "support/project.h"
 
 using namespace korvane;
@@ -101,16 +101,16 @@ TEST(SectionsAlongARoad, TrimsectionCutsThemBackToTheInnerGroundStrings) {
                 "     99.000\r\n       0.000       0.000       0.000\r\n"
                 "999\r\n");
   ASSERT_TRUE(c.compile("road.ipf")) << c.ctx.stop.message;
-  auto& engine = static_cast<hosts::embedded::EmbeddedEngine&>(*c.embedded);
+  auto& engine = static_cast<engine::EmbeddedEngine&>(*c.embedded);
   ASSERT_TRUE(engine.makeSections("ROAD", "MAST", "SECT", {}).ok());
   project.write("trim.ipf", "trimsection,SECT\r\ninic=\"X\",mask1=\"GR\"\r\n");
   ASSERT_TRUE(c.compile("trim.ipf")) << c.ctx.stop.message;
   for (const char* label : {"X001", "X002", "X003"}) {
-    hosts::embedded::ModelString s;
+    engine::ModelString s;
     std::string error;
     ASSERT_TRUE(engine.loadString("SECT", label, s, error)) << error;
     Lines crossed;
-    for (const auto& p : s.points) crossed.push_back(hosts::embedded::dimText(p, 5));
+    for (const auto& p : s.points) crossed.push_back(engine::dimText(p, 5));
     EXPECT_EQ(crossed, (Lines{"GR02", "E001", "MAST", "E002", "GR03"})) << label;
   }
   EXPECT_FALSE(project.exists("tmptrimsect.txt"));

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "functions/label_arithmetic.h"
-#include "hosts/embedded/embedded_engine.h"
+#include "engine/embedded_engine.h"
 #include "support/project.h"
 
 using namespace korvane;
@@ -42,7 +42,7 @@ struct Labels : ::testing::Test {
       genio += "080," + l + ",,7=3\r\n000001.000000001.000000001.000\r\n" +
                "000000.000000000.000000000.000\r\n";
     project.write("m.genio", genio);
-    auto* engine = dynamic_cast<hosts::embedded::EmbeddedEngine*>(c.embedded.get());
+    auto* engine = dynamic_cast<engine::EmbeddedEngine*>(c.embedded.get());
     ASSERT_TRUE(engine->importGenio(project.path("m.genio"), "M").ok());
   }
   std::string eval(const std::string& expr) {

@@ -1,6 +1,7 @@
 // The layers of the source tree depend only on the ones below them: every
-// #include "folder/..." of a file under src/ must name its own folder or a
-// lower layer. Peers on one level (functions, commands, longsection) do not
+// #include "folder/..." of a file under src/ must name its own layer or one it
+// is built on. Peers (functions, commands, longsection; the engine and the
+// compiler) do not include each other, and no two folders at any depth
 // include each other.
 #include <gtest/gtest.h>
 
@@ -8,6 +9,7 @@
 #include <fstream>
 #include <map>
 #include <regex>
+#include <set>
 #include <string>
 
 #include "support/project.h"
@@ -15,60 +17,107 @@
 namespace korvane::test {
 namespace {
 
-const std::map<std::string, int> kLayer = {
-    {"base", 0},        {"hosts", 1}, {"compiler", 2}, {"functions", 3}, {"commands", 3},
-    {"longsection", 3}, {"shell", 4}, {"cli", 5},      {"window", 5},
+// Each layer and the layers it may include besides its own.
+const std::map<std::string, std::set<std::string>> kBuiltOn = {
+    {"base", {}},
+    {"hosts", {"base"}},
+    {"engine", {"base", "hosts"}},
+    {"compiler", {"base", "hosts"}},
+    {"functions", {"base", "hosts", "compiler"}},
+    {"commands", {"base", "hosts", "compiler"}},
+    {"longsection", {"base", "hosts"}},
+    {"shell", {"base", "hosts", "engine", "compiler", "functions", "commands", "longsection"}},
+    {"cli", {"base", "hosts", "engine", "compiler", "functions", "commands", "longsection", "shell"}},
+    {"window",
+     {"base", "hosts", "engine", "compiler", "functions", "commands", "longsection", "shell"}},
 };
 
-// Include lines of a file that break the order, as "file:line: include".
-std::vector<std::string> wrongIncludes(const std::filesystem::path& file, const std::string& own) {
-  static const std::regex include(R"re(^\s*#\s*include\s*"([a-z_]+)/)re");
-  std::vector<std::string> wrong;
-  std::ifstream in(file);
-  std::string line;
-  for (int n = 1; std::getline(in, line); ++n) {
-    std::smatch m;
-    if (!std::regex_search(line, m, include)) continue;
-    const std::string target = m[1];
-    auto t = kLayer.find(target);
-    const bool ok = target == own || (t != kLayer.end() && t->second < kLayer.at(own));
-    if (!ok) wrong.push_back(file.string() + ":" + std::to_string(n) + ": " + line);
-  }
-  return wrong;
-}
+struct Include {
+  std::string place;   // "file:line: text"
+  std::string from;    // the including file's folder, relative to src
+  std::string target;  // the included file's folder
+};
 
-std::vector<std::string> wrongIncludesUnder(const std::filesystem::path& src) {
-  std::vector<std::string> wrong;
+std::vector<Include> includesUnder(const std::filesystem::path& src) {
+  static const std::regex include(R"re(^\s*#\s*include\s*"([a-z_]+(/[a-z_]+)*)/[^/"]+")re");
+  std::vector<Include> all;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(src)) {
     if (!entry.is_regular_file()) continue;
-    const std::string own = entry.path().lexically_relative(src).begin()->string();
-    if (!kLayer.count(own)) {
-      wrong.push_back(entry.path().string() + ": a folder that is no layer");
+    const std::string from = entry.path().parent_path().lexically_relative(src).generic_string();
+    std::ifstream in(entry.path());
+    std::string line;
+    for (int n = 1; std::getline(in, line); ++n) {
+      std::smatch m;
+      if (std::regex_search(line, m, include))
+        all.push_back({entry.path().string() + ":" + std::to_string(n) + ": " + line, from, m[1]});
+    }
+  }
+  return all;
+}
+
+std::string layerOf(const std::string& folder) { return folder.substr(0, folder.find('/')); }
+
+// Include lines that break the order, and files in a folder that is no layer.
+std::vector<std::string> wrongIncludesUnder(const std::filesystem::path& src) {
+  std::vector<std::string> wrong;
+  for (const Include& i : includesUnder(src)) {
+    auto own = kBuiltOn.find(layerOf(i.from));
+    if (own == kBuiltOn.end()) {
+      wrong.push_back(i.place + " (in a folder that is no layer)");
       continue;
     }
-    auto w = wrongIncludes(entry.path(), own);
-    wrong.insert(wrong.end(), w.begin(), w.end());
+    const std::string target = layerOf(i.target);
+    if (target != own->first && !own->second.count(target)) wrong.push_back(i.place);
   }
   return wrong;
 }
 
-TEST(Layering, NoFileIncludesALayerAboveItsOwn) {
-  const auto wrong = wrongIncludesUnder(std::filesystem::path(sourceDir()) / "src");
-  std::string all;
-  for (const auto& w : wrong) all += w + "\n";
-  EXPECT_TRUE(wrong.empty()) << all;
+// Pairs of folders (at any depth) that include each other.
+std::vector<std::string> foldersIncludingEachOther(const std::filesystem::path& src) {
+  std::map<std::string, std::map<std::string, std::string>> edges;  // from -> target -> place
+  for (const Include& i : includesUnder(src))
+    if (i.from != i.target) edges[i.from].emplace(i.target, i.place);
+  std::vector<std::string> pairs;
+  for (const auto& [from, targets] : edges)
+    for (const auto& [target, place] : targets) {
+      auto back = edges.find(target);
+      if (from < target && back != edges.end() && back->second.count(from))
+        pairs.push_back(place + "\n  and " + back->second.at(from));
+    }
+  return pairs;
 }
 
-TEST(Layering, APlantedUpwardIncludeIsFound) {
+std::string lines(const std::vector<std::string>& v) {
+  std::string all;
+  for (const auto& w : v) all += w + "\n";
+  return all;
+}
+
+TEST(Layering, NoFileIncludesALayerAboveItsOwnAndNoFoldersIncludeEachOther) {
+  const std::filesystem::path src = std::filesystem::path(sourceDir()) / "src";
+  const auto wrong = wrongIncludesUnder(src);
+  EXPECT_TRUE(wrong.empty()) << lines(wrong);
+  const auto pairs = foldersIncludingEachOther(src);
+  EXPECT_TRUE(pairs.empty()) << lines(pairs);
+}
+
+TEST(Layering, PlantedIncludesAreFound) {
   TempProject p;
   p.write("src/base/a.h", "#include \"base/b.h\"\n");
   p.write("src/compiler/c.cpp", "#include \"hosts/mx.h\"\n\n  #include \"shell/driver.h\"\n");
   p.write("src/functions/f.cpp", "#include \"commands/commands.h\"\n");
+  p.write("src/engine/e.cpp", "#include \"hosts/mx.h\"\n#include \"compiler/run_context.h\"\n");
+  p.write("src/hosts/excel/x.cpp", "#include \"hosts/excel/workbook/w.h\"\n");
+  p.write("src/hosts/excel/workbook/w.cpp", "#include \"hosts/excel/x.h\"\n");
   const auto wrong = wrongIncludesUnder(p.path("src"));
-  ASSERT_EQ(wrong.size(), 2u);
-  std::string all = wrong[0] + wrong[1];
+  const std::string all = lines(wrong);
+  ASSERT_EQ(wrong.size(), 3u) << all;
   EXPECT_NE(all.find("c.cpp:3:"), std::string::npos);
   EXPECT_NE(all.find("commands/commands.h"), std::string::npos);
+  EXPECT_NE(all.find("e.cpp:2:"), std::string::npos);
+  const auto pairs = foldersIncludingEachOther(p.path("src"));
+  ASSERT_EQ(pairs.size(), 1u) << lines(pairs);
+  EXPECT_NE(pairs[0].find("x.cpp:1:"), std::string::npos);
 }
 
 }  // namespace

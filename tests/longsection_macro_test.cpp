@@ -9,7 +9,7 @@
 
 #include "base/codepage.h"
 #include "base/conversions.h"
-#include "hosts/embedded/embedded_engine.h"
+#include "engine/embedded_engine.h"
 #include "longsection/generated_input.h"
 #include "longsection/panel_file.h"
 #include "longsection/script_drawing.h"
@@ -66,10 +66,10 @@ TEST_F(LongsectionMacro, DrawsTheExampleDesignSheetBySheet) {
   const Messages texts(home + "/English.lng");
   Extent extent;
   {
-    hosts::EngineOptions o;
+    engine::EngineOptions o;
     o.projectFolder = project.folder();
     std::string error;
-    auto engine = hosts::embedded::EmbeddedEngine::create(o, error);
+    auto engine = engine::EmbeddedEngine::create(o, error);
     ASSERT_TRUE(engine) << error;
     EXPECT_EQ(validate(p, engine.get(), texts, &extent), std::vector<std::string>{});
     Parameters wrong = p;
@@ -147,11 +147,11 @@ TEST_F(LongsectionMacro, DrawsTheExampleDesignSheetBySheet) {
   EXPECT_EQ(thin, 3);
 
   // Without AutoCAD: the same script kept beside the input, and its picture.
-  hosts::EngineOptions o;
+  engine::EngineOptions o;
   o.projectFolder = project.folder();
   o.settings = {{"PrivateMacros", home + "/macros"}};
   std::string error;
-  auto engine = hosts::embedded::EmbeddedEngine::create(o, error);
+  auto engine = engine::EmbeddedEngine::create(o, error);
   ASSERT_TRUE(engine) << error;
   RunEnvironment env;
   env.projectFolder = project.folder() + "/";

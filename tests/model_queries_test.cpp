@@ -9,7 +9,7 @@
 #include <cstdio>
 
 #include "compiler/call_context.h"
-#include "hosts/embedded/embedded_engine.h"
+#include "engine/embedded_engine.h"
 #include "support/project.h"
 
 using namespace korvane;
@@ -119,7 +119,7 @@ TEST_F(Queries, GetlengthRefusesStringsOfMoreThan32767Points) {
     genio += end(0) + "\r\n";
   }
   project.write("long.genio", genio);
-  auto* engine = dynamic_cast<hosts::embedded::EmbeddedEngine*>(c.embedded.get());
+  auto* engine = dynamic_cast<engine::EmbeddedEngine*>(c.embedded.get());
   ASSERT_TRUE(engine->importGenio(project.path("long.genio"), "LONG").ok());
 
   ASSERT_TRUE(compile("#v=getlength(LONG,L7,plan)\r\n"));

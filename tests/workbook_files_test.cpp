@@ -4,14 +4,14 @@
 // stored; and the failures a bad workbook, sheet, cell or value get.
 #ifdef KORVANE_WORKBOOK_FILES
 
-#include "hosts/workbook/workbook_files.h"
+#include "hosts/excel/workbook/workbook_files.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
-#include "hosts/workbook/cell_reference.h"
-#include "hosts/workbook/typed_entry.h"
+#include "hosts/excel/workbook/cell_reference.h"
+#include "hosts/excel/workbook/typed_entry.h"
 #include "support/process.h"
 #include "support/project.h"
 

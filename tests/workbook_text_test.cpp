@@ -8,10 +8,10 @@
 #include <gtest/gtest.h>
 
 #include "hosts/excel.h"
-#include "hosts/workbook/escaped_text.h"
-#include "hosts/workbook/formula_shift.h"
-#include "hosts/workbook/typed_entry.h"
-#include "hosts/workbook/xlsx_workbook.h"
+#include "hosts/excel/workbook/escaped_text.h"
+#include "hosts/excel/workbook/formula_shift.h"
+#include "hosts/excel/workbook/typed_entry.h"
+#include "hosts/excel/workbook/xlsx_workbook.h"
 #include "support/process.h"
 #include "support/project.h"
 

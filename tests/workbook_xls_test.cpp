@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/workbook/workbook_files.h"
+#include "hosts/excel/workbook/workbook_files.h"
 #include "support/process.h"
 #include "support/project.h"
 

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "base/fs.h"
-#include "hosts/embedded/embedded_engine.h"
+#include "engine/embedded_engine.h"
 #include "shell/driver.h"
 #include "shell/standard_language.h"
 
@@ -39,11 +39,11 @@ class BenchProject {
   }
 
   // The embedded engine on this folder; null (after saying why) when it cannot start.
-  hosts::embedded::EmbeddedEngine* startEngine() {
-    hosts::EngineOptions options;
+  engine::EmbeddedEngine* startEngine() {
+    engine::EngineOptions options;
     options.projectFolder = folder();
     std::string error;
-    engine_ = hosts::embedded::EmbeddedEngine::create(options, error);
+    engine_ = engine::EmbeddedEngine::create(options, error);
     if (!engine_) std::fprintf(stderr, "engine: %s\n", error.c_str());
     return engine_.get();
   }
@@ -60,7 +60,7 @@ class BenchProject {
  private:
   stdfs::path dir_;
   std::string home_;
-  std::unique_ptr<hosts::embedded::EmbeddedEngine> engine_;
+  std::unique_ptr<engine::EmbeddedEngine> engine_;
 };
 
 }  // namespace korvane::bench

@@ -13,8 +13,8 @@
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
-#include "hosts/embedded/embedded_engine.h"
-#include "hosts/embedded/genio_records.h"
+#include "engine/embedded_engine.h"
+#include "engine/genio_records.h"
 #include "shell/home.h"
 #include "shell/startup.h"
 
@@ -22,7 +22,7 @@ namespace korvane::cli {
 namespace {
 
 namespace stdfs = std::filesystem;
-using hosts::embedded::EmbeddedEngine;
+using engine::EmbeddedEngine;
 
 struct ModelsArgs {
   std::string home;
@@ -33,7 +33,7 @@ struct ModelsArgs {
   std::string output;
   std::string master;
   std::string target;
-  hosts::embedded::SectionRequest sections;
+  engine::SectionRequest sections;
 };
 
 ModelsArgs& args() {
@@ -70,7 +70,7 @@ std::unique_ptr<EmbeddedEngine> openEngine() {
     setExitCode(kUsageError);
     return nullptr;
   }
-  hosts::EngineOptions options;
+  engine::EngineOptions options;
   // The engine takes the folder in the users' code page, as every path of the core.
   options.projectFolder = korvane::fs::fromNative(stdfs::absolute(folder, ec).lexically_normal());
   while (options.projectFolder.size() > 1 && options.projectFolder.back() == '/')
@@ -120,7 +120,7 @@ void printColumns(const std::vector<std::vector<std::string>>& rows) {
 }
 
 int list(EmbeddedEngine& e) {
-  std::vector<hosts::embedded::ModelSummary> models;
+  std::vector<engine::ModelSummary> models;
   std::string error;
   if (!e.models(models, error)) return fail(error);
   std::vector<std::vector<std::string>> rows{{messages().text("Cli", "col_model"),
@@ -136,7 +136,7 @@ int show(EmbeddedEngine& e) {
   std::string error;
   const std::string model = cp::fromUtf8(args().model);
   if (args().label.empty()) {
-    std::vector<hosts::embedded::StringRow> rows;
+    std::vector<engine::StringRow> rows;
     if (!e.strings(model, rows, error)) return fail(error);
     heading({"col_label", "col_dims", "col_points"});
     for (const auto& r : rows)
@@ -144,7 +144,7 @@ int show(EmbeddedEngine& e) {
                 << '\n';
     return kOk;
   }
-  hosts::embedded::ModelString s;
+  engine::ModelString s;
   if (!e.loadString(model, cp::fromUtf8(args().label), s, error)) return fail(error);
   std::size_t dims = 3;
   for (const auto& p : s.points) dims = std::max(dims, p.dims.size());
@@ -156,11 +156,11 @@ int show(EmbeddedEngine& e) {
     const auto& p = s.points[i];
     std::cout << i + 1;
     for (int d = 1; d <= std::max<int>(3, static_cast<int>(p.dims.size())); ++d) {
-      std::string text = hosts::embedded::dimText(p, d);
+      std::string text = engine::dimText(p, d);
       std::cout << '\t'
                 << (text.empty() && !(d <= static_cast<int>(p.dims.size()) &&
                                       p.dims[static_cast<std::size_t>(d - 1)].isText)
-                        ? hosts::embedded::shortNumber(hosts::embedded::dimNumber(s.header, p, d))
+                        ? engine::shortNumber(engine::dimNumber(s.header, p, d))
                         : "'" + terminal(text) + "'");
     }
     if (p.gapAfter) std::cout << "\tbreak";
@@ -179,7 +179,7 @@ int report(const hosts::MxRunResult& r) {
 
 // "N strings, M points" of a model; false when it cannot be read.
 bool counts(EmbeddedEngine& e, const std::string& model, std::string& text) {
-  std::vector<hosts::embedded::StringRow> rows;
+  std::vector<engine::StringRow> rows;
   std::string error;
   if (!e.strings(model, rows, error)) {
     text = error;
@@ -214,7 +214,7 @@ int import(EmbeddedEngine& e) {
 
 int sections(EmbeddedEngine& e) {
   const std::string target = cp::fromUtf8(args().target);
-  hosts::embedded::SectionRequest request = args().sections;
+  engine::SectionRequest request = args().sections;
   request.prefix = cp::upper(cp::fromUtf8(request.prefix));
   int rc = report(
       e.makeSections(cp::fromUtf8(args().model), cp::fromUtf8(args().master), target, request));

@@ -25,7 +25,7 @@
 #include "cli/commands.h"
 #include "cli/session.h"
 #include "cli/warnings.h"
-#include "hosts/embedded/embedded_engine.h"
+#include "engine/embedded_engine.h"
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
 #include "shell/driver.h"
@@ -142,14 +142,13 @@ FolderState folderState(const std::string& folder) {
   return s;
 }
 
-using hosts::embedded::ModelSummary;
+using engine::ModelSummary;
 
 // The embedded engine's models; other engines cannot list theirs.
 std::vector<ModelSummary> models(hosts::MxEngine* engine) {
   std::vector<ModelSummary> out;
   std::string error;
-  if (auto* embedded = dynamic_cast<hosts::embedded::EmbeddedEngine*>(engine))
-    embedded->models(out, error);
+  if (auto* embedded = dynamic_cast<engine::EmbeddedEngine*>(engine)) embedded->models(out, error);
   return out;
 }
 

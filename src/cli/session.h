@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "compiler/run_context.h"
-#include "hosts/engine_factory.h"
+#include "shell/engine_choice.h"
 #include "shell/project_guard.h"
 #include "shell/startup.h"
 

@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "compiler/diagnostics.h"
 #include "compiler/run_context.h"
+#include "shell/diagnostics.h"
 
 namespace korvane::cli {
 

@@ -3,10 +3,6 @@
 #include <cmath>
 #include <cstdio>
 
-#ifdef _WIN32
-#include "hosts/windows/com_system.h"
-#endif
-
 namespace korvane::hosts {
 
 std::string AutoValue::text() const {
@@ -61,28 +57,6 @@ const char* reasonKey(AutomationError::Reason reason) {
       break;
   }
   return "failed";
-}
-
-namespace {
-
-class NoAutomation final : public AutomationSystem {
- public:
-  std::vector<std::string> processCommandLines(const std::string&) override { return {}; }
-  AutoObject runningObject(const std::string& progId) override {
-    throw AutomationError(progId + " is not running");
-  }
-  std::string fileVersion(const std::string&) override { return {}; }
-  std::vector<std::string> registrySubkeys(const std::string&) override { return {}; }
-};
-
-}  // namespace
-
-std::unique_ptr<AutomationSystem> makeAutomationSystem() {
-#ifdef _WIN32
-  return windows::makeComAutomationSystem();
-#else
-  return std::make_unique<NoAutomation>();
-#endif
 }
 
 }  // namespace korvane::hosts

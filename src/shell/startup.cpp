@@ -34,8 +34,8 @@ namespace {
 
 // The engine's settings: Korvane.ini's macro folders (relative ones in the
 // project folder) and where MX's class and member names are set.
-hosts::EngineOptions engineOptions(const std::string& project, const HomePaths& paths) {
-  hosts::EngineOptions o;
+EngineSettings engineSettings(const std::string& project, const HomePaths& paths) {
+  EngineSettings o;
   o.projectFolder = project;
   o.settingsFile = paths.settings;
   for (const char* key : {"PrivateMacros", "ProjectMacros", "PublicMacros"}) {
@@ -62,19 +62,19 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
   ctx.messages = Messages(out.paths.language);
   ctx.language = &standardLanguage();
 
-  hosts::EngineKind kind =
-      options.defaultEngine ? *options.defaultEngine : hosts::defaultEngineKind(out.paths.settings);
-  if (!options.engine.empty() && !hosts::parseEngineKind(options.engine, kind)) {
+  EngineKind kind =
+      options.defaultEngine ? *options.defaultEngine : defaultEngineKind(out.paths.settings);
+  if (!options.engine.empty() && !parseEngineKind(options.engine, kind)) {
     error = ctx.messages.format("Cli", "engine_missing", options.engine, "none|embedded|mx");
     return false;
   }
   std::string reason;
   std::string project;
-  if (kind == hosts::EngineKind::Mx) {
+  if (kind == EngineKind::Mx) {
     // MX works in its own current project, and so do the compiled input and
     // the query files that it reads and writes there: the folder is MX's.
     out.failureStatus = 1;
-    out.engine = hosts::makeEngine(kind, engineOptions("", out.paths), reason);
+    out.engine = makeEngine(kind, engineSettings("", out.paths), reason);
     if (out.engine) {
       try {
         project = fs::withoutTrailingSeparator(out.engine->project().currentFolder());
@@ -104,7 +104,7 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
 
   // The embedded engine keeps its models in the project folder: only a folder
   // that is one (or that the user named) gets a store.
-  if (options.requireProject && kind == hosts::EngineKind::Embedded && options.project.empty() &&
+  if (options.requireProject && kind == EngineKind::Embedded && options.project.empty() &&
       !isProjectFolder(project)) {
     error = ctx.messages.format("Cli", "not_project", project) + "\n" +
             ctx.messages.text("Cli", "choose_project");
@@ -116,7 +116,7 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
     return false;
   }
   if (!out.engine)
-    out.engine = hosts::makeEngine(kind, engineOptions(project, out.paths), reason);
+    out.engine = makeEngine(kind, engineSettings(project, out.paths), reason);
   if (!out.engine) {
     error =
         ctx.messages.format("Cli", "engine_missing", kEngineNames[static_cast<int>(kind)], reason);

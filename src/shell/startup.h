@@ -9,7 +9,7 @@
 
 #include "compiler/run_context.h"
 #include "hosts/automation.h"
-#include "hosts/engine_factory.h"
+#include "shell/engine_choice.h"
 #include "hosts/excel.h"
 #include "shell/home.h"
 #include "shell/project_guard.h"
@@ -21,7 +21,7 @@ struct StartupOptions {
   std::string project;  // "" = found from firstEntry (projectFolderFor); MX's own with MX
   std::string engine;   // "" = defaultEngine
   // None: MX where the classes Korvane.ini names are registered (defaultEngineKind).
-  std::optional<hosts::EngineKind> defaultEngine;
+  std::optional<EngineKind> defaultEngine;
   std::string firstEntry;       // the run's first input file (absolute), or ""
   bool requireProject = false;  // refuse a model store in a folder that is no project
   std::string language;         // "" = the settings file's; "hu", "en" or a file's name

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "hosts/embedded/embedded_engine.h"
-#include "hosts/embedded/input_file.h"
+#include "engine/embedded_engine.h"
+#include "engine/input_file.h"
 #include "support/project.h"
 
 namespace korvane::testing {
@@ -26,12 +26,12 @@ class EngineTest : public ::testing::Test {
   }
   void TearDown() override { engine_.reset(); }
 
-  std::unique_ptr<hosts::embedded::EmbeddedEngine> makeEngine() {
-    hosts::EngineOptions o;
+  std::unique_ptr<engine::EmbeddedEngine> makeEngine() {
+    engine::EngineOptions o;
     o.projectFolder = folder_.string();
     o.settings = {{"PrivateMacros", "/macros/private"}, {"PublicMacros", "/macros/public"}};
     std::string error;
-    auto e = hosts::embedded::EmbeddedEngine::create(o, error);
+    auto e = engine::EmbeddedEngine::create(o, error);
     EXPECT_TRUE(error.empty()) << error;
     return e;
   }
@@ -51,7 +51,7 @@ class EngineTest : public ::testing::Test {
 
   std::vector<std::string> readLines(const std::string& name) const {
     std::vector<std::string> lines;
-    hosts::embedded::splitLines(read(name), lines);
+    engine::splitLines(read(name), lines);
     return lines;
   }
 
@@ -63,8 +63,8 @@ class EngineTest : public ::testing::Test {
 
   std::string listing() const { return read("korvane-engine.lst"); }
 
-  hosts::embedded::ModelString load(const std::string& model, const std::string& label) {
-    hosts::embedded::ModelString s;
+  engine::ModelString load(const std::string& model, const std::string& label) {
+    engine::ModelString s;
     std::string error;
     EXPECT_TRUE(engine_->loadString(model, label, s, error)) << error;
     return s;
@@ -79,7 +79,7 @@ class EngineTest : public ::testing::Test {
 
   test::TempProject project_;  // removed after the engine has let go of it
   std::filesystem::path folder_;
-  std::unique_ptr<hosts::embedded::EmbeddedEngine> engine_;
+  std::unique_ptr<engine::EmbeddedEngine> engine_;
 };
 
 }  // namespace korvane::testing

@@ -7,7 +7,7 @@
 
 #include "base/fs.h"
 #include "compiler/compiled_output.h"
-#include "hosts/embedded/embedded_engine.h"
+#include "engine/embedded_engine.h"
 #include "shell/driver.h"
 #include "compiler/expression.h"
 #include "shell/driver.h"
@@ -96,11 +96,11 @@ Compiler::Compiler(const TempProject& p, std::map<std::string, std::string> sett
   ctx.language = &standardLanguage();
   ctx.engine = &engine;
   if (choice == EngineChoice::Embedded) {
-    hosts::EngineOptions options;
+    engine::EngineOptions options;
     options.projectFolder = p.folder();
     options.settings = std::move(settings);
     std::string error;
-    embedded = hosts::embedded::EmbeddedEngine::create(options, error);
+    embedded = engine::EmbeddedEngine::create(options, error);
     if (!embedded) throw std::runtime_error("embedded engine: " + error);
     ctx.engine = embedded.get();
   }

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "compiler/run_context.h"
-#include "hosts/null_engine.h"
+#include "hosts/mx/null_engine.h"
 
 namespace korvane::test {
 

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "hosts/embedded/embedded_engine.h"
+#include "engine/embedded_engine.h"
 #include "support/project.h"
 
 using namespace korvane;
@@ -30,11 +30,11 @@ TEST(AccentedStore, TheEngineKeepsItsFilesInAnAccentedProjectFolder) {
          "       1.000       2.000       3.000\r\n       4.000       6.000       3.000\r\n"
          "       0.000       0.000       0.000\r\n999\r\n"
          "over,f\xF5\xFAt.txt,genio\r\ngeni,M\r\n081\r\n999\r\nover,,genio\r\ndele,F\r\n";
-  hosts::EngineOptions options;
+  engine::EngineOptions options;
   options.projectFolder = folder;
   std::string error;
   {
-    auto engine = hosts::embedded::EmbeddedEngine::create(options, error);
+    auto engine = engine::EmbeddedEngine::create(options, error);
     ASSERT_TRUE(engine) << error;
     const hosts::MxRunResult r = engine->configuration().run("input", folder + "\\in.txt");
     EXPECT_TRUE(r.ok()) << r.error;
@@ -49,7 +49,7 @@ TEST(AccentedStore, TheEngineKeepsItsFilesInAnAccentedProjectFolder) {
   EXPECT_EQ(entries, 0);
 
   // A new engine on the same folder finds the store again.
-  auto again = hosts::embedded::EmbeddedEngine::create(options, error);
+  auto again = engine::EmbeddedEngine::create(options, error);
   ASSERT_TRUE(again) << error;
   EXPECT_TRUE(again->modelExists("M"));
   EXPECT_FALSE(again->modelExists("F"));

@@ -8,7 +8,7 @@
 #include <map>
 
 #include "compiler/compile_failure.h"
-#include "hosts/windows/com_system.h"
+#include "hosts/automation/windows/com_system.h"
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
 #include "support/project.h"

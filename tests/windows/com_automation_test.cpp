@@ -6,8 +6,8 @@
 
 #include <chrono>
 
-#include "hosts/windows/com_apartment.h"
-#include "hosts/windows/com_system.h"
+#include "hosts/automation/windows/com_apartment.h"
+#include "hosts/automation/windows/com_system.h"
 #include "windows/fake_servers.h"
 
 using namespace korvane;

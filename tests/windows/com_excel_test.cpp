@@ -10,7 +10,7 @@
 
 #include "base/fs.h"
 #include "hosts/excel.h"
-#include "hosts/windows/com_system.h"
+#include "hosts/automation/windows/com_system.h"
 #include "support/project.h"
 #include "windows/fake_servers.h"
 

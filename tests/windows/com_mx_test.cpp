@@ -8,9 +8,9 @@
 
 #include "base/fs.h"
 #include "base/profile.h"
-#include "hosts/engine_factory.h"
-#include "hosts/windows/com_system.h"
-#include "hosts/windows/mx_engine.h"
+#include "shell/engine_choice.h"
+#include "hosts/automation/windows/com_system.h"
+#include "hosts/mx/windows/mx_engine.h"
 #include "shell/driver.h"
 #include "support/project.h"
 #include "windows/fake_servers.h"
@@ -185,11 +185,11 @@ TEST_F(ComMx, TheCommandLineRunsThroughTheMxThatKorvaneIniNamesInMxsProject) {
   const std::string ini = home.path("Korvane.ini");
   // MX's default class names are not registered here: the embedded engine is
   // the default until Korvane.ini names the classes that are.
-  EXPECT_EQ(hosts::defaultEngineKind(ini), hosts::EngineKind::Embedded);
+  EXPECT_EQ(defaultEngineKind(ini), EngineKind::Embedded);
   const auto names = fakeMx();
   WriteProfileString("MX", "ConfigurationClass", names.configurationClass, ini);
   WriteProfileString("MX", "ProjectClass", names.projectClass, ini);
-  EXPECT_EQ(hosts::defaultEngineKind(ini), hosts::EngineKind::Mx);
+  EXPECT_EQ(defaultEngineKind(ini), EngineKind::Mx);
 
   // MX has another folder as its current project: the run goes there.
   test::TempProject mxProject;

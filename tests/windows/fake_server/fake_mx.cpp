@@ -1,5 +1,5 @@
 // MX's services as Korvane's default names for them say (see
-// src/hosts/windows/mx_names.h): a configuration service that runs input
+// src/hosts/mx/windows/mx_names.h): a configuration service that runs input
 // files and creates and deletes models named by "crea,"/"dele," lines, a
 // project service, the data-access object and the model library, over a
 // small model store seeded with the model GROUND.

@@ -1,0 +1,52 @@
+// The GENIO minor option records that describe data: 001 FORMAT, 003 ORDR and
+// the 080 string header, read from Linemode fields and written back.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/fortran_format.h"
+#include "engine/linemode_lexer.h"
+#include "engine/model_string.h"
+
+namespace korvane::engine {
+
+// 003 ORDR: how many points one data record holds and which dimensions each
+// point lists, in order ("4=2,1,2,3,1,2,3": two xyz points a record).
+struct GenioOrder {
+  int perRecord = 1;
+  std::vector<int> dims{1, 2, 3};  // the dimensions of one point
+
+  int itemsPerPoint() const { return static_cast<int>(dims.size()); }
+  int highestDimension() const;
+  std::string record() const;  // "003,ORDR,4=1,1,2,3"
+  bool operator==(const GenioOrder&) const = default;
+  // Every dimension of a string of dimension d, one point a record.
+  static GenioOrder natural(int dimension);
+};
+
+// 001: "001FORMAT(3D23.17)", "001,FORMAT (4F12.3,A4)", "001format(8f12.3,4a4)".
+bool parseFormatRecord(std::string_view record, FortranFormat& out, std::string& error);
+std::string formatRecord(const FortranFormat& f);  // "001FORMAT(...)"
+
+bool parseOrderRecord(const Fields& f, GenioOrder& out, std::string& error);
+
+// 080: label in field 2, sub-reference in 3, level of a 2-dimensional string
+// in 4, origin shift in 5 and 6 (must be 0), dimension in 7 (only its last two
+// digits count: 100007703 is 3), 8 and 9 unused, and from field 10 on the
+// numbers of the points after which the string is broken.
+struct HeaderRecord {
+  StringHeader header;
+  std::vector<int> gaps;
+};
+bool parseHeaderRecord(const Fields& f, int defaultDimension, HeaderRecord& out,
+                       std::string& error);
+// "080," + label padded to 4 + "," + sub-reference padded to 4 + ",...":
+// the label stays in columns 5 to 8 and the sub-reference in 10 to 13.
+std::string headerRecord(const ModelString& s);
+
+// Shortest text that reads back as the same double.
+std::string shortNumber(double v);
+
+}  // namespace korvane::engine

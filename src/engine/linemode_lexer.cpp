@@ -1,0 +1,144 @@
+#include "engine/linemode_lexer.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "base/codepage.h"
+#include "base/text.h"
+#include "engine/engine_limits.h"
+#include "engine/fortran_format.h"
+
+namespace korvane::engine {
+namespace {
+
+bool isLetter(char c) {
+  unsigned char u = static_cast<unsigned char>(c);
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || u >= 0xC0;
+}
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+struct MajorName {
+  const char* key;
+  Major major;
+};
+constexpr MajorName kMajors[] = {
+    {"moss", Major::Moss}, {"crea", Major::Create}, {"dele", Major::Delete}, {"geni", Major::Genio},
+    {"edit", Major::Edit}, {"over", Major::Over},   {"fini", Major::Finish}};
+
+}  // namespace
+
+LineKind classifyLine(std::string_view line) {
+  if (line.find_first_not_of(' ') == std::string_view::npos) return LineKind::Blank;
+  if (line.substr(0, 3) == "   " || line.substr(0, 3) == "***") return LineKind::Comment;
+  return LineKind::Record;
+}
+
+bool startsWithLetter(std::string_view record) { return !record.empty() && isLetter(record[0]); }
+
+std::optional<MajorRecord> parseMajor(std::string_view record) {
+  std::size_t n = 0;
+  while (n < record.size() && isLetter(record[n])) ++n;
+  if (n < 4) return std::nullopt;
+  if (n < record.size() && record[n] != ',' && record[n] != ' ') return std::nullopt;
+  std::string key = cp::lower(record.substr(0, 4));
+  for (const MajorName& m : kMajors) {
+    if (key != m.key) continue;
+    MajorRecord r{m.major, std::string(record.substr(0, n)), {}};
+    std::string_view rest = record.substr(n);
+    if (!rest.empty() && rest[0] == ',') rest.remove_prefix(1);
+    std::string arg = text::trim(rest);
+    if (m.major != Major::Over) {
+      if (!arg.empty() && arg.back() == ',') arg = text::trim(arg.substr(0, arg.size() - 1));
+      if (arg.size() >= 2 && arg.front() == '"' && arg.back() == '"')
+        arg = text::trim(arg.substr(1, arg.size() - 2));
+    }
+    r.argument = arg;
+    return r;
+  }
+  return std::nullopt;
+}
+
+int minorNumber(std::string_view record) {
+  if (record.size() < 3 || !isDigit(record[0]) || !isDigit(record[1]) || !isDigit(record[2]))
+    return -1;
+  int number = (record[0] - '0') * 100 + (record[1] - '0') * 10 + (record[2] - '0');
+  if (record.size() == 3) return number;
+  char c = record[3];
+  if (c == ',' || c == ' ') return number;
+  if (number == 1 && cp::startsWithIgnoreCase(record.substr(3), "FORMAT")) return number;
+  return -1;
+}
+
+bool Fields::split(std::string_view record, Fields& out, std::string& error) {
+  out.fields_.clear();
+  int position = 1;
+  std::size_t start = 0;
+  for (;;) {
+    std::size_t comma = record.find(',', start);
+    std::string_view piece = record.substr(
+        start, comma == std::string_view::npos ? std::string_view::npos : comma - start);
+    // "N=value" jumps to field N.
+    std::size_t eq = piece.find('=');
+    if (position > 1 && eq != std::string_view::npos) {
+      std::string n = text::trim(piece.substr(0, eq));
+      bool digits = !n.empty() && n.size() <= 3;
+      for (char c : n) digits = digits && isDigit(c);
+      if (!digits) {
+        error = "'" + excerpt(piece) + "' is not a field position of the form N=value";
+        return false;
+      }
+      int target = 0;
+      std::from_chars(n.data(), n.data() + n.size(), target);
+      if (target < 2) {
+        error = "field position " + n + "= is below 2";
+        return false;
+      }
+      position = target;
+      piece = piece.substr(eq + 1);
+    }
+    out.fields_[position] = std::string(piece);
+    ++position;
+    if (comma == std::string_view::npos) break;
+    start = comma + 1;
+  }
+  return true;
+}
+
+bool Fields::has(int n) const {
+  auto it = fields_.find(n);
+  return it != fields_.end() && it->second.find_first_not_of(' ') != std::string::npos;
+}
+
+std::string_view Fields::raw(int n) const {
+  auto it = fields_.find(n);
+  return it == fields_.end() ? std::string_view() : std::string_view(it->second);
+}
+
+bool Fields::number(int n, std::optional<double>& out, std::string& why) const {
+  out.reset();
+  if (!has(n)) return true;
+  std::string t = text::trim(raw(n));
+  double v = 0;
+  if (t.find(' ') != std::string::npos || !parseFortranNumber(t, 0, v)) {
+    why = "field " + std::to_string(n) + " ('" + excerpt(t) + "') is not a number";
+    return false;
+  }
+  out = v;
+  return true;
+}
+
+bool Fields::integer(int n, std::optional<long>& out, std::string& why) const {
+  out.reset();
+  std::optional<double> v;
+  if (!number(n, v, why)) return false;
+  if (!v) return true;
+  if (*v != std::floor(*v) || std::fabs(*v) > 2e9) {
+    why = "field " + std::to_string(n) + " ('" + excerpt(text::trim(raw(n))) +
+          "') is not a whole number";
+    return false;
+  }
+  out = static_cast<long>(*v);
+  return true;
+}
+
+}  // namespace korvane::engine

@@ -1,0 +1,58 @@
+#include "engine/listing.h"
+
+#include <cstdio>
+
+#include "base/fs.h"
+
+namespace korvane::engine {
+
+Listing::~Listing() {
+  try {
+    close();
+  } catch (...) {  // nothing to be done about a listing that cannot be cut
+  }
+}
+
+bool Listing::open(const std::string& path, std::string& error) {
+  path_ = path;
+  file_ = korvane::fs::pathOfNativeText(path);
+  // Written over in place and cut to its new length at the end: emptying it
+  // first would free its blocks and take new ones on every run, and some file
+  // systems (those that discard freed blocks) make that wait for the disk.
+  out_.open(path, std::ios::binary | std::ios::in | std::ios::out);
+  if (!out_) {
+    out_.clear();
+    out_.open(path, std::ios::binary | std::ios::out | std::ios::trunc);
+  }
+  if (!out_) {
+    error = "cannot write the engine listing " + path;
+    return false;
+  }
+  return true;
+}
+
+void Listing::close() {
+  if (!out_.is_open()) return;
+  std::streamoff length = out_.tellp();
+  out_.close();
+  std::error_code ec;
+  if (length >= 0) std::filesystem::resize_file(file_, static_cast<std::uintmax_t>(length), ec);
+}
+
+void Listing::text(std::string_view line) {
+  if (out_) out_ << line << '\n';
+}
+
+void Listing::record(int lineNo, std::string_view record) {
+  char num[16];
+  std::snprintf(num, sizeof num, "%6d  ", lineNo);
+  text(std::string(num) + std::string(record));
+}
+
+void Listing::note(std::string_view what) { text("          " + std::string(what)); }
+
+void Listing::error(int lineNo, std::string_view reason) {
+  text("**** error at line " + std::to_string(lineNo) + ": " + std::string(reason));
+}
+
+}  // namespace korvane::engine

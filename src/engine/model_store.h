@@ -1,0 +1,99 @@
+// The embedded engine's model store: one SQLite file in the project folder
+// holding models, their strings in model order, and each string's points as
+// one BLOB (point_blob.h). The file is in WAL mode: a commit reaches the
+// operating system at once and the disk at the next checkpoint, so a killed
+// program loses nothing committed and a power failure at most the last major
+// options, never part of one. Runs are kept apart by the run lock beside the
+// store (run_lock.h): a run holds it from its start to its end, reads take it
+// shared.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/model_string.h"
+#include "engine/run_lock.h"
+#include "engine/sqlite_db.h"
+
+namespace korvane::engine {
+
+struct ModelRow {
+  std::int64_t id = 0;
+  std::string name;
+};
+
+struct StringRow {
+  std::int64_t id = 0;
+  StringHeader header;
+  std::int32_t pointCount = 0;
+};
+
+struct ModelSummary {
+  std::string name;
+  std::int64_t strings = 0;
+  std::int64_t points = 0;
+};
+
+class ModelStore {
+ public:
+  static constexpr const char* kFileName = "korvane-models.db";
+  enum class Access { Query, Run };
+
+  // Opens the store file at `path`. Run access creates the file when it is
+  // missing and takes the run lock (see beginRun); Query access opens an
+  // existing store only and returns null with an empty error when there is
+  // none yet. A file that is not a Korvane store of this schema version is
+  // refused with a reason and left untouched.
+  static std::unique_ptr<ModelStore> open(const std::string& path, Access access,
+                                          std::string& error);
+  // Milliseconds to wait for another connection's lock before giving up.
+  static void setBusyTimeout(int ms);
+  // The store file and the files SQLite and the run lock keep beside it.
+  static std::vector<std::string> files(const std::string& path);
+
+  ~ModelStore();
+
+  // Takes the run lock: false with a reason when another run holds it.
+  bool beginRun(std::string& error);
+  void endRun();
+  // False when the file at path() is no longer the one this store opened
+  // (removed or replaced since).
+  bool stillAt() const;
+
+  SqliteDb& db() { return *db_; }
+  const std::string& path() const { return path_; }
+
+  // Models are named case-insensitively; the name keeps its first spelling.
+  std::optional<ModelRow> findModel(std::string_view name);
+  ModelRow createModel(std::string_view name);
+  bool deleteModel(std::string_view name);
+  std::vector<ModelSummary> summaries();
+
+  std::vector<StringRow> strings(std::int64_t modelId);
+  std::optional<StringRow> findString(std::int64_t modelId, std::string_view label);
+  // Point n (1-based) of a string, read without its other points.
+  std::optional<ModelPoint> point(const StringRow& row, std::int32_t n);
+  ModelString load(const StringRow& row);
+
+  // Stores a string; a string of the same label is replaced in its place in
+  // the model order, a new one goes to the end.
+  void saveString(std::int64_t modelId, const ModelString& s);
+  void deleteString(std::int64_t stringId);
+
+ private:
+  // Removes an empty "-journal" file beside a store in WAL mode.
+  void removeStaleJournal();
+  ModelStore(std::unique_ptr<SqliteDb> db, std::string path);
+  class Reading;
+
+  std::unique_ptr<SqliteDb> db_;
+  std::unique_ptr<RunLock> lock_;
+  std::string path_;
+  std::string identity_;  // of the file opened, see stillAt()
+};
+
+}  // namespace korvane::engine

@@ -1,0 +1,48 @@
+// The engine's connection to its model store, kept open from one run or
+// query to the next (opening the store, checking its schema and setting it up
+// is most of the cost of a small run). It is opened again when the file has
+// been removed or replaced meanwhile; a store that does not exist yet answers
+// queries with "no model" and is created by the first run.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "engine/model_store.h"
+
+namespace korvane::engine {
+
+class StoreAccess {
+ public:
+  explicit StoreAccess(std::string path) : path_(std::move(path)) {}
+  const std::string& path() const { return path_; }
+  // The store for queries, or null with a reason in `error` (empty when
+  // there is no store yet).
+  ModelStore* get(std::string& error);
+  ModelStore* get() {
+    std::string ignored;
+    return get(ignored);
+  }
+  // The store with the run lock taken, created when missing; null with a
+  // reason when it is refused or another run holds it.
+  ModelStore* beginRun(std::string& error);
+  void endRun();
+
+ private:
+  std::string path_;
+  std::unique_ptr<ModelStore> store_;
+};
+
+// Ends the run of a StoreAccess when it goes out of scope.
+class RunScope {
+ public:
+  explicit RunScope(StoreAccess& access) : access_(access) {}
+  ~RunScope() { access_.endRun(); }
+  RunScope(const RunScope&) = delete;
+  RunScope& operator=(const RunScope&) = delete;
+
+ private:
+  StoreAccess& access_;
+};
+
+}  // namespace korvane::engine
