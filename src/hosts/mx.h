@@ -7,11 +7,19 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace korvane::hosts {
+
+// An engine that cannot answer at all: its model store cannot be read. Not
+// "no such model": a query never takes a broken store for an empty one.
+class MxError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
 
 // Result area of one string-point or data-record query.
 struct PointRecord {
