@@ -110,7 +110,7 @@ TEST(Diagnostics, DataRowsWithoutEndAndMissingSections) {
   EXPECT_EQ(after[1].line, 2);
   EXPECT_EQ(after[1].subject, "[mian]");
   EXPECT_EQ(after[1].suggestion, "[main]");
-  EXPECT_TRUE(w.c.ctx.stop.set);  // the missing section still ends the run
+  EXPECT_TRUE(w.c.stopped);  // the missing section still ends the run
 }
 
 TEST(Diagnostics, SettingsThatTheDefaultBlockDoesNotKnow) {
@@ -150,7 +150,7 @@ TEST(Diagnostics, WatchingChangesNothingThatIsCompiled) {
       c.compile(e.path().filename().string());
       for (const std::string& l : c.lines)
         lines[watched].push_back(replaceAll(l, project.folder(), "<p>"));
-      stop[watched] = replaceAll(c.ctx.stop.message, project.folder(), "<p>");
+      stop[watched] = replaceAll(c.stopMessage(), project.folder(), "<p>");
     }
     EXPECT_EQ(lines[0], lines[1]) << e.path();
     EXPECT_EQ(stop[0], stop[1]) << e.path();

@@ -57,7 +57,7 @@ std::string outcome(const std::string& name) {
   for (const auto& l : c.lines) out += replaceAll(l, folder, "<project>/") + "\n";
   if (!ok) {
     std::string m =
-        replaceAll(c.ctx.stop.message, fs::withTrailingSeparator(project.folder()), "<project>/");
+        replaceAll(c.stopMessage(), fs::withTrailingSeparator(project.folder()), "<project>/");
     out += "stop: " + replaceAll(m, "\n", " | ") + "\n";
   }
   return out;
@@ -77,13 +77,12 @@ TEST_P(GoldenCase, CompilesToItsExpectedLines) {
   EXPECT_EQ(got, readAll(expectedFile)) << name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, GoldenCase, ::testing::ValuesIn(caseNames()),
-                         [](const auto& info) {
-                           std::string n = info.param;
-                           std::replace_if(
-                               n.begin(), n.end(), [](char ch) { return !std::isalnum(ch); }, '_');
-                           return n;
-                         });
+INSTANTIATE_TEST_SUITE_P(Cases, GoldenCase, ::testing::ValuesIn(caseNames()), [](const auto& info) {
+  std::string n = info.param;
+  std::replace_if(
+      n.begin(), n.end(), [](char ch) { return !std::isalnum(ch); }, '_');
+  return n;
+});
 
 }  // namespace
 }  // namespace korvane::test

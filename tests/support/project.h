@@ -11,6 +11,7 @@
 
 #include "compiler/run_context.h"
 #include "hosts/mx/null_engine.h"
+#include "shell/driver.h"
 
 namespace korvane::test {
 
@@ -77,6 +78,13 @@ struct Compiler {
   // " [section]") as a run of its own; returns false when the run stopped.
   // Variables carry over as between the entries of one run.
   bool compile(const std::string& entry);
+  // How the last compile stopped; nothing when it ran to its end.
+  std::optional<Stopped> stopped;
+  // The message it stopped with, as shown; empty when it ran to its end.
+  std::string stopMessage() const;
+  // The "Runtime" text of the run-time failure it stopped with, without its
+  // place; "<none>" when no run-time failure stopped it.
+  std::string failure() const;
   // The MX lines of the run so far, without sentinel lines.
   std::vector<std::string> lines;
   std::string var(const std::string& name) const;

@@ -7,7 +7,7 @@
 #include <array>
 #include <string>
 
-#include "compiler/call_context.h"
+#include "compiler/extension/call_context.h"
 
 namespace korvane {
 
@@ -30,10 +30,12 @@ class DirectiveCall {
   const std::string& fileName() const;
 
   CallContext& context() { return context_; }
-  // The compile pass's own state, for the compiler's directives.
-  CompileCall& compileCall() { return call_; }
 
  private:
+  // The compile pass's own state, for the compiler's own directives
+  // (compiler/compile_call.h); an extension has the call context alone.
+  friend CompileCall& compileCallOf(DirectiveCall& d);
+
   CompileCall& call_;
   static inline const std::string kEmpty;
   std::array<std::string, 15> fields_;
