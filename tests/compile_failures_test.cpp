@@ -83,6 +83,22 @@ TEST_F(Failures, InterruptionAMissingInputAndAnUnwritablePrintFileStop) {
   EXPECT_EQ(project.read("out/keep.txt"), "x");
 }
 
+// An error of the layers below is the run-time failure it stands for, in
+// one place; what is no failure of the input goes on untouched.
+TEST_F(Failures, AnEngineThatCannotAnswerIsARunTimeFailure) {
+  c.engine.unreadable = "GROUND";
+  project.write("a.ipf", "crea,a\r\nif exist(GROUND) then a=1\r\n");
+  EXPECT_FALSE(c.compile("a.ipf"));
+  EXPECT_EQ(c.stopMessage(),
+            "Run-time error: MX cannot read its models: the store of GROUND is damaged\n" +
+                project.path("a.ipf") + ", line 2\nLine: if exist(GROUND) then a=1");
+  try {
+    throw std::bad_alloc();
+  } catch (...) {
+    EXPECT_THROW(foreignFailure(), std::bad_alloc);
+  }
+}
+
 TEST_F(Failures, AnEngineThatStopsEarlyIsReportedWithWhereTheCompileStood) {
   c.engine.leaveSentinel = true;
   c.engine.failWith = "line 2: refused";

@@ -211,7 +211,6 @@ DirectiveCall::DirectiveCall(CompileCall& call, std::string line)
 }
 
 bool DirectiveCall::readLine(std::string& line) { return call_.readLine(line); }
-const std::string& DirectiveCall::fileName() const { return call_.reader.fullName(); }
 
 void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string& baseFolder,
                  const std::string& currentFile, const std::string& assignText, CompileMode mode) {

@@ -333,7 +333,7 @@ void evaluateArguments(RunContext& ctx, std::string_view argumentText) {
     int value;
     ~Restore() { depth = value; }
   } restore{in.barDepth, bars};
-  in.args.fill(std::string());
+  for (std::string& a : in.args) a.clear();
   std::size_t pos = 0;
   int n = 0;
   while (pos < argumentText.size() || (n == 0 && pos == 0)) {

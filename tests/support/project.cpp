@@ -73,6 +73,12 @@ std::string RecordingEngine::setting(std::string_view name) {
   return it == settings_.end() ? std::string() : it->second;
 }
 
+bool RecordingEngine::modelExists(std::string_view model) {
+  if (!unreadable.empty() && model == unreadable)
+    throw hosts::MxError("the store of " + unreadable + " is damaged");
+  return models.count(std::string(model)) > 0;
+}
+
 hosts::MxRunResult RecordingEngine::run(std::string_view, const std::string& fullName) {
   runs.push_back(fs::readFile(fullName).value_or("<unreadable>"));
   // MX that stops early leaves the sentinel model; one that reaches the end deletes it.

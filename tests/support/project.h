@@ -47,7 +47,7 @@ class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, ho
 
   std::string setting(std::string_view name) override;
   hosts::MxRunResult run(std::string_view verb, const std::string& fullName) override;
-  bool modelExists(std::string_view model) override { return models.count(std::string(model)) > 0; }
+  bool modelExists(std::string_view model) override;
   bool stringExists(std::string_view model, std::string_view label) override {
     return strings.count(std::string(model) + "/" + std::string(label)) > 0;
   }
@@ -60,6 +60,7 @@ class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, ho
   bool leaveSentinel = false;  // simulate MX stopping before the end
   std::string failWith;        // error text the next runs report
   long failLine = 0;           // the input line the next runs name as refused
+  std::string unreadable;      // a model whose store cannot be read: asking throws MxError
 
  private:
   hosts::NullEngine null_;

@@ -26,8 +26,6 @@ class DirectiveCall {
 
   // The next line of the file being compiled; false at its end.
   bool readLine(std::string& line);
-  // The full name of the file being compiled.
-  const std::string& fileName() const;
 
   CallContext& context() { return context_; }
 
