@@ -2,6 +2,8 @@
 // the plain ones are in tests/vectors/expressions.txt.
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include "compiler/expression.h"
 #include "compiler/function_dispatch.h"
 #include "support/project.h"
@@ -75,18 +77,11 @@ TEST_F(Functions, InputFlushesFirstAndEmptyMeansCancelled) {
   ASSERT_EQ(c.engine.runs.size(), 1u);  // "crea,before" ran before the first question
 }
 
+// yyyy.mm.dd. and hh:nn:ss; Hungarian Windows puts a blank after each dot of
+// the date but the last, and writes the hour without a leading zero.
 TEST_F(Functions, DateAndTimeHaveTheirFixedForms) {
-  std::string d = eval("date()"), t = eval("time()");
-  // yyyy.mm.dd.; Hungarian Windows puts a blank after each dot but the last.
-  std::erase(d, ' ');
-  ASSERT_EQ(d.size(), 11u) << d;
-  EXPECT_EQ(d[4], '.');
-  EXPECT_EQ(d.back(), '.');
-  // hh:nn:ss; Hungarian Windows writes the hour without a leading zero.
-  ASSERT_GE(t.size(), 7u) << t;
-  ASSERT_LE(t.size(), 8u) << t;
-  EXPECT_EQ(t[t.size() - 3], ':');
-  EXPECT_EQ(t[t.size() - 6], ':');
+  EXPECT_TRUE(std::regex_match(eval("date()"), std::regex(R"(\d{4}\. ?\d\d\. ?\d\d\.)")));
+  EXPECT_TRUE(std::regex_match(eval("time()"), std::regex(R"(\d?\d:\d\d:\d\d)")));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The Run command: entries in order, the stop state, save files and status.
+// The Run command: entries in order until one stops, save files and status.
 #include "shell/run_command.h"
 
 #include <gtest/gtest.h>
