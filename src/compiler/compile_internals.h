@@ -2,9 +2,9 @@
 // where nothing outside the compiler reaches it: the fields of the line and
 // the arguments of the call being handled, the temporaries' counter, what
 // each depth of the compile pass keeps from call to call, the expression
-// cache, where the compile stands, the source map and cache, the selection
-// list and the model queries' answer. Functions and commands reach what they
-// may of it through CallContext.
+// cache, where the compile stands, the source map and cache, the MX runs of
+// the entry, the selection list and the model queries' answer. Functions and commands reach what
+// they may of it through CallContext.
 #pragma once
 
 #include <array>
@@ -61,6 +61,7 @@ struct CompileInternals {
   const void* whereOwner = nullptr;
   SourceMap sourceMap;  // where each compiled line came from
   SourceCache sources;  // input files read in this run, until something may change them
+  int engineRuns = 0;   // MX runs of the current entry, for progress
   int barDepth = 0;     // inside |...| of a line
   int rowDepth = 0;     // in the values of a data row, which are text, not names
 };

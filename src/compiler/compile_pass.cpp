@@ -184,6 +184,7 @@ bool repeatIs(RunContext& ctx, const char* word) { return valueOrName(ctx, "repe
 void beginEntry(RunContext& ctx) {
   CompileInternals& in = internals(ctx);
   in.tempCounter = 0;
+  in.engineRuns = 0;
   in.sources.forget();  // files may have changed since the last entry
   in.whereFile.clear();
   in.sourceMap.clearNodes();

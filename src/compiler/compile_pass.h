@@ -15,8 +15,9 @@ enum class CompileMode { Whole, Leading, Repeating, Trailing };
 // How deep inclusions may nest before the run is stopped.
 constexpr int kMaxCompileDepth = 100;
 
-// Begins the compile of a run entry: the temporaries count from 1 again, input
-// files are read afresh, and the places of the last entry are forgotten.
+// Begins the compile of a run entry: the temporaries and the MX runs count
+// from 1 again, input files are read afresh, and the places of the last entry
+// are forgotten.
 void beginEntry(RunContext& ctx);
 
 // `fileSpec`: a file name, optionally followed by a blank and a section label

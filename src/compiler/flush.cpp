@@ -125,8 +125,8 @@ void runCompiledOutput(RunContext& ctx) {
   copyToSaveFiles(ctx, name);
   if (onlySentinels(name)) return;
   ctx.status(ctx.text("StatusBar1", "stat3"));
-  ++ctx.engineRuns;
-  if (ctx.onEngineRun) ctx.onEngineRun(ctx.engineRuns);
+  ++in.engineRuns;
+  if (ctx.onEngineRun) ctx.onEngineRun(in.engineRuns);
   hosts::MxRunResult result;
   if (ctx.engine) result = ctx.engine->configuration().run("input", name);
   ctx.status(ctx.text("StatusBar1", "stat2"));

@@ -1,8 +1,8 @@
 // What a compile run shares, split by what it is:
 //  - RunEnvironment: the run's settings and hosts, set up once by the shell;
 //  - CompileState: what the compile changes as the run goes on and the front
-//    ends read: variables, compiled output, save files, files written, MX
-//    runs, observers;
+//    ends read: variables, compiled output, save files, files written,
+//    observers;
 //  - the compiler's own part (compiler/compile_internals.h), which nothing
 //    outside the compiler sees.
 // Functions and extended commands see the narrower CallContext
@@ -114,7 +114,6 @@ struct CompileState {
   SaveFiles save;
   // Files written besides the compiled output (workbooks), by path.
   std::set<std::string> filesWritten;
-  int engineRuns = 0;          // MX runs of the current entry
   CompileObservers observers;  // diagnostics and progress
 };
 

@@ -73,7 +73,6 @@ Stopped endAfterFailure(RunContext& ctx, const CompileFailure& f) {
 std::optional<Stopped> ApplyOneFile(RunContext& ctx, const std::string& entryText) {
   const RunEntry entry = parseRunEntry(entryText);
   ctx.save.inputName = entryText;
-  ctx.engineRuns = 0;
   try {
     beginInputFile(ctx);
     CompileFile(ctx, entryFileSpec(entry), "", "", "", CompileMode::Whole);
