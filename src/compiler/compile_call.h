@@ -32,8 +32,7 @@ struct CompileCall {
   bool readLine(std::string& line) { return reader.readLine(line); }
 };
 
-// The compile state of the call that met a directive, for the compiler's own
-// directives.
+// The compile state of the call that met a directive.
 inline CompileCall& compileCallOf(DirectiveCall& d) { return d.call_; }
 
 // True when `repeat` now evaluates to `word`.

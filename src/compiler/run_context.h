@@ -117,8 +117,11 @@ struct CompileState {
   CompileObservers observers;  // diagnostics and progress
 };
 
-// The compile pass's and the evaluator's own state (compiler/compile_internals.h).
+// The compile pass's and the evaluator's own state, and the compiler's way to
+// it: both defined in compiler/compile_internals.h.
 struct CompileInternals;
+inline CompileInternals& internals(RunContext& ctx);
+inline const CompileInternals& internals(const RunContext& ctx);
 
 struct RunContext : RunEnvironment, CompileState {
   RunContext();

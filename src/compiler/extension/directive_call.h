@@ -12,6 +12,11 @@
 namespace korvane {
 
 struct CompileCall;
+class DirectiveCall;
+
+// The compile pass's own state, for the compiler's own directives: defined in
+// compiler/compile_call.h; an extension has the call context alone.
+inline CompileCall& compileCallOf(DirectiveCall& d);
 
 class DirectiveCall {
  public:
@@ -30,8 +35,6 @@ class DirectiveCall {
   CallContext& context() { return context_; }
 
  private:
-  // The compile pass's own state, for the compiler's own directives
-  // (compiler/compile_call.h); an extension has the call context alone.
   friend CompileCall& compileCallOf(DirectiveCall& d);
 
   CompileCall& call_;
