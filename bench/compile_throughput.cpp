@@ -39,11 +39,12 @@ void run(const Case& c, const bench::BenchProject& project) {
   ctx.output.setMxTap([&](std::string_view) { ++lines; });
 
   auto t0 = std::chrono::steady_clock::now();
-  bool ok = ApplyOneFile(ctx, project.path("main.ipf"));
+  const std::optional<Stopped> stopped = ApplyOneFile(ctx, project.path("main.ipf"));
+  const bool ok = !stopped;
   double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
   std::printf("%-22s %9ld lines in %6.2f s = %10.0f lines/s  peak memory %ld KiB%s\n", c.name,
               lines, s, lines / s, peakKiB(), ok ? "" : "  (STOPPED)");
-  if (!ok) std::printf("  %s\n", ctx.stop.message.c_str());
+  if (!ok) std::printf("  %s\n", stopped->message.c_str());
 }
 
 }  // namespace

@@ -61,12 +61,13 @@ int main(int argc, char** argv) {
     RunContext ctx;
     project.prepare(ctx, engine);
     auto t = std::chrono::steady_clock::now();
-    const bool ok = ApplyOneFile(ctx, project.path("main.ipf"));
+    const std::optional<Stopped> stopped = ApplyOneFile(ctx, project.path("main.ipf"));
+    const bool ok = !stopped;
     double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t).count();
     const std::string* v = ctx.vars.find("v");
     std::printf("%-34s %7.2f ms a query (flush-and-run included)  = %s%s\n", q, 1000 * s / repeats,
                 v ? v->c_str() : "?", ok ? "" : "  (STOPPED)");
-    if (!ok) std::printf("  %s\n", ctx.stop.message.c_str());
+    if (!ok) std::printf("  %s\n", stopped->message.c_str());
     allOk = allOk && ok;
   }
   return allOk ? 0 : 1;

@@ -20,13 +20,15 @@ int main(int argc, char** argv) {
   if (!engine) return 1;
   RunContext ctx;
   project.prepare(ctx, engine);
+  int runs = 0;
+  ctx.onEngineRun = [&](int run) { runs = run; };
 
   auto t0 = std::chrono::steady_clock::now();
-  bool ok = ApplyOneFile(ctx, project.path("main.ipf"));
+  const std::optional<Stopped> stopped = ApplyOneFile(ctx, project.path("main.ipf"));
+  const bool ok = !stopped;
   double s = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
-  std::printf("flush-and-run: %d engine runs in %.2f s = %.0f runs/s (%.2f ms a run)%s\n",
-              ctx.engineRuns, s, ctx.engineRuns / s, 1000 * s / ctx.engineRuns,
-              ok ? "" : "  (STOPPED)");
-  if (!ok) std::printf("  %s\n", ctx.stop.message.c_str());
+  std::printf("flush-and-run: %d engine runs in %.2f s = %.0f runs/s (%.2f ms a run)%s\n", runs, s,
+              runs / s, 1000 * s / runs, ok ? "" : "  (STOPPED)");
+  if (!ok) std::printf("  %s\n", stopped->message.c_str());
   return ok ? 0 : 1;
 }

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "base/conversions.h"
-#include "compiler/compile_failure.h"
 #include "compiler/expression.h"
+#include "compiler/extension/compile_failure.h"
 #include "support/project.h"
 
 using namespace korvane;

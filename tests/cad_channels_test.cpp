@@ -4,9 +4,9 @@
 
 #include <map>
 
-#include "compiler/compile_failure.h"
-#include "shell/cad_players.h"
+#include "compiler/failure_message.h"
 #include "shell/autocad_lookup.h"
+#include "shell/cad_players.h"
 #include "support/project.h"
 
 using namespace korvane;
@@ -90,16 +90,17 @@ TEST(AutoCadChannel, PlaysTheScriptWithFiledialogOffAndWaitsForQuiescence) {
                                       "acad.GetAcadState()", "doc.SetVariable(FILEDIA,1)"}));
 }
 
-// The lookup as a compile meets it: a missing AutoCAD ends the run with its
-// message in the stop state.
-hosts::AutoObject lookUp(RunContext& ctx, hosts::AutomationSystem& sys) {
+// The lookup as a compile meets it: "found", or the message that ends the run.
+std::string lookUp(RunContext& ctx, hosts::AutomationSystem& sys) {
   try {
-    return lookUpAutoCad(ctx, sys);
+    return lookUpAutoCad(ctx, sys) ? "found" : "none";
   } catch (const CompileFailure& f) {
-    ctx.stop.raise(describeFailure(ctx.messages, f));
-    return nullptr;
+    return describeFailure(ctx.messages, f);
   }
 }
+
+const std::string kNoAutoCad =
+    "No running AutoCAD instance found. Start AutoCAD or check the value of g_acadver.";
 
 TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
   test::TempProject project;
@@ -111,25 +112,24 @@ TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
   sys.running["AutoCAD.Application.18.0"] = acad.app;
   sys.running["AutoCAD.Application.17.1"] = acad.app;
 
-  EXPECT_TRUE(lookUp(c.ctx, sys));  // undefined: LATEST
+  EXPECT_EQ(lookUp(c.ctx, sys), "found");  // undefined: LATEST
   c.ctx.vars.set("g_acadver", "OLDEST");
-  EXPECT_TRUE(lookUp(c.ctx, sys));
+  EXPECT_EQ(lookUp(c.ctx, sys), "found");
   EXPECT_EQ(sys.attached,
             (std::vector<std::string>{"AutoCAD.Application.18.0", "AutoCAD.Application.17.1"}));
   c.ctx.vars.set("g_acadver", "2007");  // 17.0: not running
-  EXPECT_FALSE(lookUp(c.ctx, sys));
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", "2007 "));
+  EXPECT_EQ(lookUp(c.ctx, sys),
+            "No running AutoCAD 2007 instance found. Start AutoCAD or check the value of "
+            "g_acadver.");
 
   sys.processes["acad.exe"].pop_back();  // one process: always the plain name
   sys.running["AutoCAD.Application"] = acad.app;
-  c.ctx.stop.clear();
   c.ctx.vars.set("g_acadver", "LATEST");
-  EXPECT_TRUE(lookUp(c.ctx, sys));
+  EXPECT_EQ(lookUp(c.ctx, sys), "found");
   EXPECT_EQ(sys.attached.back(), "AutoCAD.Application");
 
   sys.processes.clear();
-  EXPECT_FALSE(lookUp(c.ctx, sys));
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", ""));
+  EXPECT_EQ(lookUp(c.ctx, sys), kNoAutoCad);
 }
 
 TEST(AutoCadLookup, LauncherReleaseComesFromTheRegistry) {
@@ -156,7 +156,7 @@ TEST_F(ChannelRun, ScriptBlocksArePlayedThroughTheChosenAutoCad) {
   sys.running["AutoCAD.Application"] = acad.app;
   c.ctx.players = makeCadPlayers(sys);
   project.write("a.ipf", "crea,a\r\nscript\r\n_circle 0,0 5\r\nendscript\r\ncrea,b\r\n");
-  ASSERT_TRUE(c.compile("a.ipf")) << c.ctx.stop.message;
+  ASSERT_TRUE(c.compile("a.ipf")) << c.stopMessage();
   EXPECT_NE(std::find(acad.log.begin(), acad.log.end(),
                       "doc.SendCommand(_script\r" + project.path("tmpinput.scr") + "\r)"),
             acad.log.end());
@@ -171,7 +171,7 @@ TEST_F(ChannelRun, KeyinsGoToMicroStationAndItsAbsenceIsAFailure) {
   c.ctx.players = makeCadPlayers(sys);
   project.write("a.ipf", "key-in\r\nplace line\r\nendkey-in\r\n");
   EXPECT_FALSE(c.compile("a.ipf"));
-  EXPECT_EQ(c.ctx.failure->description, c.ctx.text("Runtime", "mstation"));
+  EXPECT_EQ(c.failure(), "MicroStation is not running");
   sys.running["MicroStationDGN.Application"] = ustation;
   ASSERT_TRUE(c.compile("a.ipf"));
   EXPECT_EQ(log,
@@ -183,7 +183,7 @@ TEST_F(ChannelRun, KeepScriptsKeepsNumberedCopiesAndGoesOnWithoutCad) {
   project.write("a.ipf",
                 "script\r\n_line\r\nendscript\r\nkey-in\r\nk1\r\nendkey-in\r\n"
                 "script\r\n_arc\r\nendscript\r\ncrea,done\r\n");
-  ASSERT_TRUE(c.compile("a.ipf")) << c.ctx.stop.message;
+  ASSERT_TRUE(c.compile("a.ipf")) << c.stopMessage();
   EXPECT_EQ(project.read("script001.scr"), "_line\r\n");
   EXPECT_EQ(project.read("keyin002.key"), "k1\r\n");
   EXPECT_EQ(project.read("script003.scr"), "_arc\r\n");
@@ -205,7 +205,7 @@ TEST_F(ChannelRun, GetacadvarAndGetlispvarAskTheActiveDocument) {
   project.write("a.ipf",
                 "#v=getacadvar(LTSCALE)\r\n#l=getlispvar(\"(+ 1 2)\")\r\n"
                 "#r=getacadvar(REFUSED)\r\n");
-  ASSERT_TRUE(c.compile("a.ipf")) << c.ctx.stop.message;
+  ASSERT_TRUE(c.compile("a.ipf")) << c.stopMessage();
   EXPECT_EQ(c.var("v"), "2.5");
   EXPECT_EQ(c.var("l"), "3");
   EXPECT_EQ(c.var("r"), "");  // a refused call leaves the value empty
@@ -223,11 +223,11 @@ TEST_F(ChannelRun, GetacadvarAndGetlispvarAskTheActiveDocument) {
 TEST_F(ChannelRun, TheAutoCadGettersWithoutAutoCadStopTheRun) {
   project.write("a.ipf", "crea,a\r\n#v=getlispvar(x)\r\ncrea,never\r\n");
   EXPECT_FALSE(c.compile("a.ipf"));  // no AutoCAD on this machine at all
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", ""));
+  EXPECT_EQ(c.stopMessage(), kNoAutoCad);
   c.ctx.autocad = autoCadFinder(sys);  // AutoCAD installed but not running
   project.write("a.ipf", "#v=getacadvar(FILEDIA)\r\ncrea,never\r\n");
   EXPECT_FALSE(c.compile("a.ipf"));
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.messages.format("Messages", "s15", ""));
+  EXPECT_EQ(c.stopMessage(), kNoAutoCad);
   EXPECT_EQ(std::count(c.lines.begin(), c.lines.end(), "crea,never"), 0);
 }
 

@@ -1,13 +1,12 @@
 // Warnings about inputs that compile but probably not as meant: each kind
-// found at its file, line and column, with the close word when there is one;
-// and watching never changes a byte of what is compiled.
+// found at its file, line and column, with the close word when there is one.
+// That watching never changes a byte of what is compiled is checked with
+// every golden case (golden_cases_test).
 #include "shell/diagnostics.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 
 #include "base/messages.h"
 #include "shell/input_sections.h"
@@ -110,7 +109,7 @@ TEST(Diagnostics, DataRowsWithoutEndAndMissingSections) {
   EXPECT_EQ(after[1].line, 2);
   EXPECT_EQ(after[1].subject, "[mian]");
   EXPECT_EQ(after[1].suggestion, "[main]");
-  EXPECT_TRUE(w.c.ctx.stop.set);  // the missing section still ends the run
+  EXPECT_TRUE(w.c.stopped);  // the missing section still ends the run
 }
 
 TEST(Diagnostics, SettingsThatTheDefaultBlockDoesNotKnow) {
@@ -125,38 +124,6 @@ TEST(Diagnostics, SettingsThatTheDefaultBlockDoesNotKnow) {
   EXPECT_EQ(found[0].suggestion, "order");
   EXPECT_EQ(found[0].file, w.project.path("move.ipf"));
   EXPECT_EQ(found[0].line, 2);
-}
-
-// Every golden case compiles to the same lines and the same end with the
-// observer attached as without it.
-TEST(Diagnostics, WatchingChangesNothingThatIsCompiled) {
-  namespace stdfs = std::filesystem;
-  const stdfs::path cases = stdfs::path(sourceDir()) / "tests" / "cases";
-  int compared = 0;
-  for (const auto& e : stdfs::directory_iterator(cases)) {
-    if (e.path().extension() != ".ipf") continue;
-    std::vector<std::string> lines[2];
-    std::string stop[2];
-    for (int watched = 0; watched < 2; ++watched) {
-      TempProject project;
-      for (const auto& f : stdfs::directory_iterator(cases)) {
-        std::ifstream in(f.path(), std::ios::binary);
-        project.write(f.path().filename().string(),
-                      std::string(std::istreambuf_iterator<char>(in), {}));
-      }
-      Compiler c{project};
-      Diagnostics d{c.ctx.language, c.ctx.vars, c.ctx.settingsPath};
-      if (watched) c.ctx.observers.add(&d);
-      c.compile(e.path().filename().string());
-      for (const std::string& l : c.lines)
-        lines[watched].push_back(replaceAll(l, project.folder(), "<p>"));
-      stop[watched] = replaceAll(c.ctx.stop.message, project.folder(), "<p>");
-    }
-    EXPECT_EQ(lines[0], lines[1]) << e.path();
-    EXPECT_EQ(stop[0], stop[1]) << e.path();
-    ++compared;
-  }
-  EXPECT_GT(compared, 5);
 }
 
 }  // namespace

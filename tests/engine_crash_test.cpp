@@ -13,8 +13,8 @@
 #include <map>
 #include <random>
 
-#include "support/engine.h"
 #include "engine/sqlite_db.h"
+#include "support/engine.h"
 
 using namespace korvane::engine;
 

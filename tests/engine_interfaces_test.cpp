@@ -2,9 +2,9 @@
 // the model library, and the factory.
 #include <cmath>
 
-#include "support/engine.h"
 #include "engine/label_rules.h"
 #include "shell/engine_choice.h"
+#include "support/engine.h"
 
 using namespace korvane::hosts;
 using namespace korvane::engine;

@@ -5,8 +5,8 @@
 
 #include <chrono>
 
-#include "support/engine.h"
 #include "engine/fortran_format.h"
+#include "support/engine.h"
 
 #ifndef _WIN32
 #include <unistd.h>

@@ -7,8 +7,8 @@
 #include <unistd.h>
 #endif
 
-#include "support/engine.h"
 #include "engine/sqlite_db.h"
+#include "support/engine.h"
 
 using namespace korvane::engine;
 

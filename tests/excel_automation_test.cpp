@@ -88,7 +88,7 @@ struct ExcelOverAutomation : ::testing::Test {
     project.write("q.ipf", text);
     return c.compile("q.ipf");
   }
-  std::string failure() const { return c.ctx.failure ? c.ctx.failure->description : "<none>"; }
+  std::string failure() const { return c.failure(); }
 };
 
 TEST_F(ExcelOverAutomation, CellsAreReachedThroughTheWorkbookOfThePath) {
@@ -137,9 +137,9 @@ TEST_F(ExcelOverAutomation, TheDitchMacrosRunInTheRunningExcelWithArgumentsByRef
 TEST_F(ExcelOverAutomation, NoRunningExcelIsTheAddInMessage) {
   book("ditch.xls");
   EXPECT_FALSE(compile("ditch_pips,T\r\nbasexls=ditch\r\n"));
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.text("Messages", "s12"));
+  EXPECT_EQ(c.stopMessage(), c.ctx.text("Messages", "s12"));
   EXPECT_FALSE(compile("xlmacro,Book.xlsm!Go\r\n"));  // no excel.exe process
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.text("Messages", "s8"));
+  EXPECT_EQ(c.stopMessage(), c.ctx.text("Messages", "s8"));
   system.processes = {"EXCEL.EXE"};
   system.running["Excel.Application"] = app;
   ASSERT_TRUE(compile("xlmacro,Book.xlsm!Go,1,x\r\n")) << failure();

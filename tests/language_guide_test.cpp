@@ -62,7 +62,7 @@ TEST(LanguageGuide, EveryExampleGivesTheLinesShown) {
     const bool embedded = b.name == "embedded";
     Compiler c{project, {}, embedded ? EngineChoice::Embedded : EngineChoice::Recording};
     withModels += embedded;
-    EXPECT_TRUE(c.compile("example.ipf")) << "line " << b.line << ": " << c.ctx.stop.message;
+    EXPECT_TRUE(c.compile("example.ipf")) << "line " << b.line << ": " << c.stopMessage();
     std::string got;
     for (const std::string& l : c.lines) got += l + "\n";
     EXPECT_EQ(got, blocks[i + 1].text) << "the example at line " << b.line;

@@ -2,9 +2,11 @@
 // #include "folder/..." of a file under src/ must name its own layer or one it
 // is built on. Peers (functions, commands, longsection; the engine and the
 // compiler) do not include each other, and no two folders at any depth
-// include each other.
+// include each other. Functions and commands see the compiler through its
+// extension interface alone, and the compiler's own state is its own.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -27,7 +29,8 @@ const std::map<std::string, std::set<std::string>> kBuiltOn = {
     {"commands", {"base", "hosts", "compiler"}},
     {"longsection", {"base", "hosts"}},
     {"shell", {"base", "hosts", "engine", "compiler", "functions", "commands", "longsection"}},
-    {"cli", {"base", "hosts", "engine", "compiler", "functions", "commands", "longsection", "shell"}},
+    {"cli",
+     {"base", "hosts", "engine", "compiler", "functions", "commands", "longsection", "shell"}},
     {"window",
      {"base", "hosts", "engine", "compiler", "functions", "commands", "longsection", "shell"}},
 };
@@ -35,11 +38,13 @@ const std::map<std::string, std::set<std::string>> kBuiltOn = {
 struct Include {
   std::string place;   // "file:line: text"
   std::string from;    // the including file's folder, relative to src
+  bool fromHeader;     // whether the including file is a header
+  std::string header;  // the included file, as the line names it
   std::string target;  // the included file's folder
 };
 
 std::vector<Include> includesUnder(const std::filesystem::path& src) {
-  static const std::regex include(R"re(^\s*#\s*include\s*"([a-z_]+(/[a-z_]+)*)/[^/"]+")re");
+  static const std::regex include(R"re(^\s*#\s*include\s*"(([a-z_]+(/[a-z_]+)*)/[^/"]+)")re");
   std::vector<Include> all;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(src)) {
     if (!entry.is_regular_file()) continue;
@@ -49,7 +54,8 @@ std::vector<Include> includesUnder(const std::filesystem::path& src) {
     for (int n = 1; std::getline(in, line); ++n) {
       std::smatch m;
       if (std::regex_search(line, m, include))
-        all.push_back({entry.path().string() + ":" + std::to_string(n) + ": " + line, from, m[1]});
+        all.push_back({entry.path().string() + ":" + std::to_string(n) + ": " + line, from,
+                       entry.path().extension() == ".h", m[1], m[2]});
     }
   }
   return all;
@@ -68,6 +74,23 @@ std::vector<std::string> wrongIncludesUnder(const std::filesystem::path& src) {
     }
     const std::string target = layerOf(i.target);
     if (target != own->first && !own->second.count(target)) wrong.push_back(i.place);
+  }
+  return wrong;
+}
+
+// Includes that reach past the compiler's extension interface: a file of
+// functions/ or commands/, or a header of compiler/extension/, that includes
+// any other part of the compiler; and a file outside the compiler that
+// includes its own state.
+std::vector<std::string> pastTheExtensionInterface(const std::filesystem::path& src) {
+  std::vector<std::string> wrong;
+  for (const Include& i : includesUnder(src)) {
+    const std::string layer = layerOf(i.from);
+    const bool extension = layer == "functions" || layer == "commands" ||
+                           (i.from == "compiler/extension" && i.fromHeader);
+    if (extension && layerOf(i.target) == "compiler" && i.target != "compiler/extension")
+      wrong.push_back(i.place);
+    if (layer != "compiler" && i.header == "compiler/compile_internals.h") wrong.push_back(i.place);
   }
   return wrong;
 }
@@ -99,6 +122,8 @@ TEST(Layering, NoFileIncludesALayerAboveItsOwnAndNoFoldersIncludeEachOther) {
   EXPECT_TRUE(wrong.empty()) << lines(wrong);
   const auto pairs = foldersIncludingEachOther(src);
   EXPECT_TRUE(pairs.empty()) << lines(pairs);
+  const auto past = pastTheExtensionInterface(src);
+  EXPECT_TRUE(past.empty()) << lines(past);
 }
 
 TEST(Layering, PlantedIncludesAreFound) {
@@ -118,6 +143,16 @@ TEST(Layering, PlantedIncludesAreFound) {
   const auto pairs = foldersIncludingEachOther(p.path("src"));
   ASSERT_EQ(pairs.size(), 1u) << lines(pairs);
   EXPECT_NE(pairs[0].find("x.cpp:1:"), std::string::npos);
+
+  p.write("src/commands/k.cpp",
+          "#include \"compiler/extension/call_context.h\"\n#include \"compiler/expression.h\"\n");
+  p.write("src/compiler/extension/e.h", "#include \"compiler/run_context.h\"\n");
+  p.write("src/compiler/extension/e.cpp", "#include \"compiler/run_context.h\"\n");
+  p.write("src/shell/s.cpp", "#include \"compiler/compile_internals.h\"\n");
+  const std::string past = lines(pastTheExtensionInterface(p.path("src")));
+  EXPECT_EQ(std::count(past.begin(), past.end(), '\n'), 3) << past;
+  for (const char* place : {"k.cpp:2:", "e.h:1:", "s.cpp:1:"})
+    EXPECT_NE(past.find(place), std::string::npos) << place << "\n" << past;
 }
 
 }  // namespace

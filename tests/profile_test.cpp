@@ -77,7 +77,7 @@ TEST_F(Profile, AFileRewrittenAtOnceWithTheSameSizeIsReadAfresh) {
 TEST_F(Profile, AUtf8FileIsWrittenInItsOwnSectionAndEncoding) {
   std::string f8 = project.write("u8.ini", "\xEF\xBB\xBF[s]\r\nk=\xC5\x91\r\n[t]\r\n");
   EXPECT_EQ(WriteProfileString("s", "\xE9", "\xFB", f8), "1");  // "é" = "ű"
-  EXPECT_EQ(WriteProfileString("S", "k", "\xE1", f8), "1");      // "á"
+  EXPECT_EQ(WriteProfileString("S", "k", "\xE1", f8), "1");     // "á"
   EXPECT_EQ(project.read("u8.ini"),
             "\xEF\xBB\xBF[s]\r\nk=\xC3\xA1\r\n\xC3\xA9=\xC5\xB1\r\n[t]\r\n");
   EXPECT_EQ(ReadProfileString("s", "\xE9", f8), "\xFB");
@@ -116,10 +116,10 @@ TEST(ShippedLanguageFiles, BothLanguagesHaveTheKeysTheProgramUses) {
   for (const char* name : {"/data/English.lng", "/data/Hungarian.lng"}) {
     Messages m(test::sourceDir() + name);
     for (const char* key :
-         {"title", "where",   "text",    "div0",      "overflow", "mismatch", "badarg", "fields",
-          "args",  "vars",    "bar",     "paren",     "depth",    "notavail", "binary", "linelen",
-          "write", "pattern", "strfunc", "subscript", "mstation", "engine",   "then",
-          "order", "crossings", "textlen"})
+         {"title",  "where",   "text",  "div0",      "overflow", "mismatch",  "badarg",
+          "fields", "args",    "vars",  "bar",       "paren",    "depth",     "notavail",
+          "binary", "linelen", "write", "pattern",   "strfunc",  "subscript", "mstation",
+          "engine", "then",    "order", "crossings", "textlen"})
       EXPECT_FALSE(m.text("Runtime", key).empty()) << name << " Runtime/" << key;
     for (const char* key : {"s5", "s8", "s9", "s10", "s12", "s13", "s14", "s15", "s17"})
       EXPECT_FALSE(m.text("Messages", key).empty()) << name << " Messages/" << key;

@@ -1,4 +1,4 @@
-// The Run command: entries in order, the stop state, save files and status.
+// The Run command: entries in order until one stops, save files and status.
 #include "shell/run_command.h"
 
 #include <gtest/gtest.h>
@@ -46,11 +46,12 @@ TEST_F(RunCommand, AStopInTheSecondOfThreeEntriesLeavesTheThirdUnrun) {
   EXPECT_TRUE(o.stopped);
   EXPECT_EQ(o.stoppedAt, 1u);
   EXPECT_EQ(o.entriesRun, 1u);
-  EXPECT_EQ(o.message, c.ctx.messages.format("Messages", "s9", "missing.ipm"));
+  EXPECT_EQ(o.message,
+            "File not found: missing.ipm (not in the input's folder, the project folder or the "
+            "macro folders)");
   EXPECT_EQ(c.lines, (std::vector<std::string>{"crea,a", "crea,ba"}));
   EXPECT_EQ(progress.events, (std::vector<std::string>{"entry 0", "run 0.1", "entry 1"}));
-  EXPECT_FALSE(c.ctx.stop.set);  // back to idle
-  EXPECT_EQ(status.texts.back(), c.ctx.text("StatusBar1", "stat1"));
+  EXPECT_EQ(status.texts.back(), "Ready");  // back to idle
 }
 
 TEST_F(RunCommand, AnEmptyListDoesNothing) {
@@ -68,12 +69,10 @@ TEST_F(RunCommand, SaveFilesHoldTheCompiledLinesWithoutSentinels) {
   settings.saveOne = settings.saveSeparate = true;
   RunOutcome o = runEntries(c.ctx, entries({"a.ipf", "b.ipf"}), settings);
   ASSERT_FALSE(o.stopped) << o.message;
-  const std::string s12 = c.ctx.text("Outputs", "s12");
-  EXPECT_EQ(project.read("complete.inp"), "\r\n   " + s12 + ":   " + project.path("a.ipf") +
+  EXPECT_EQ(project.read("complete.inp"), "\r\n   Input file:   " + project.path("a.ipf") +
                                               "\r\ncrea,a1\r\n   marker\r\ncrea,a2\r\n"
-                                              "\r\n\r\n\r\n   " +
-                                              s12 + ":   " + project.path("b.ipf") +
-                                              "\r\ncrea,b1\r\n");
+                                              "\r\n\r\n\r\n   Input file:   " +
+                                              project.path("b.ipf") + "\r\ncrea,b1\r\n");
   EXPECT_EQ(project.read("compiled_a.inp"), "crea,a1\r\n   marker\r\ncrea,a2\r\n");
   EXPECT_EQ(project.read("compiled_b.inp"), "crea,b1\r\n");
 }
@@ -94,8 +93,10 @@ TEST_F(RunCommand, EngineErrorsStopTheRunWithTheEnginesMessage) {
   RunOutcome o = runEntries(c.ctx, entries({"a.ipf", "a.ipf"}), settings);
   EXPECT_TRUE(o.stopped);
   EXPECT_EQ(o.stoppedAt, 0u);
-  EXPECT_NE(o.message.find(c.ctx.text("Messages", "s5")), std::string::npos);
-  EXPECT_NE(o.message.find("line 2: crea,a: refused"), std::string::npos);
+  EXPECT_EQ(o.message,
+            "MX stopped before the end of the input. The MX report shows the failing line.\n"
+            "MX stopped with an error: line 2: crea,a: refused\n" +
+                project.path("a.ipf") + ", line 1");
   // The next run removes the sentinel left behind before it begins.
   c.engine.leaveSentinel = false;
   c.engine.failWith.clear();

@@ -105,7 +105,7 @@ struct WorkbookFiles : ::testing::Test {
     project.write("q.ipf", text);
     return c.compile("q.ipf");
   }
-  std::string failure() const { return c.ctx.failure ? c.ctx.failure->description : "<none>"; }
+  std::string failure() const { return c.failure(); }
   // Runs the Python side; its output goes to python.txt.
   int python(const std::string& step) {
     project.write("check.py", kPython);
@@ -175,9 +175,9 @@ TEST_F(WorkbookFiles, BadWorkbooksSheetsCellsAndValuesEndTheRunAndChangeNothing)
 TEST_F(WorkbookFiles, MacrosNeedExcel) {
   project.write("excel/ditch.xlsx", "");
   EXPECT_FALSE(compile("xlmacro,Book.xlsm!Go,1\r\n"));
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.text("Messages", "s8"));
+  EXPECT_EQ(c.stopMessage(), c.ctx.text("Messages", "s8"));
   EXPECT_FALSE(compile("ditch_pips,T\r\nbasexls=ditch.xlsx\r\n"));
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.text("Messages", "s12"));
+  EXPECT_EQ(c.stopMessage(), c.ctx.text("Messages", "s12"));
 }
 
 // The example project reads its design parameters from excel/design.xlsx and

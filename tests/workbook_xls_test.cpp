@@ -70,7 +70,7 @@ struct XlsWorkbook : ::testing::Test {
     project.write("q.ipf", text);
     return c.compile("q.ipf");
   }
-  std::string failure() const { return c.ctx.failure ? c.ctx.failure->description : "<none>"; }
+  std::string failure() const { return c.failure(); }
 };
 
 TEST_F(XlsWorkbook, XlgetReadsNumbersAndTextsAndXlputEndsTheRunWithTheBookUnchanged) {

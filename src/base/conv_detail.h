@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -43,8 +44,9 @@ void roundToFraction(Decimal& d, int fractionDigits);
 bool digitsToDouble(std::string_view digits, std::int64_t exp10, bool negative, double& out);
 
 // Classic integer rounding: halves go to the even neighbour. Throws Overflow when the rounded
-// value lies outside [lo, hi] or is not finite.
+// value lies outside [lo, hi] or is not finite; roundedHalfEven gives nothing then.
 std::int64_t roundHalfEven(double value, std::int64_t lo, std::int64_t hi);
+std::optional<std::int64_t> roundedHalfEven(double value, std::int64_t lo, std::int64_t hi);
 
 // --- calendar ---------------------------------------------------------------
 // Serials cover 1 January 100 to 31 December 9999, as OLE dates do: day numbers

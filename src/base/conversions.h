@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -37,6 +38,8 @@ class ConversionError : public std::runtime_error {
 // "&HFFFFFFFF" is -1 (Long), "&HFFFF&" is 65535; more than 64 bits is Overflow. A "%" or
 // "&" suffix after a whole number rounds it to Integer/Long (Overflow outside).
 double Val(std::string_view text);
+// Val's value without the exception: nothing where Val fails.
+std::optional<double> TryVal(std::string_view text);
 
 // Strict conversions of "number", "integer" and "long" arguments (CDbl, CInt,
 // CLng). A text that is not a number throws TypeMismatch; integers round halves

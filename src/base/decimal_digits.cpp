@@ -117,15 +117,20 @@ bool digitsToDouble(std::string_view digits, std::int64_t exp10, bool negative, 
   return true;
 }
 
-std::int64_t roundHalfEven(double value, std::int64_t lo, std::int64_t hi) {
-  if (!std::isfinite(value)) fail(ConvErrc::Overflow, "Overflow");
+std::optional<std::int64_t> roundedHalfEven(double value, std::int64_t lo, std::int64_t hi) {
+  if (!std::isfinite(value)) return std::nullopt;
   double fl = std::floor(value);
   double diff = value - fl;
   double r = fl;
   if (diff > 0.5 || (diff == 0.5 && std::fmod(fl, 2.0) != 0)) r = fl + 1;
-  if (r < static_cast<double>(lo) || r > static_cast<double>(hi))
-    fail(ConvErrc::Overflow, "Overflow");
+  if (r < static_cast<double>(lo) || r > static_cast<double>(hi)) return std::nullopt;
   return static_cast<std::int64_t>(r);
+}
+
+std::int64_t roundHalfEven(double value, std::int64_t lo, std::int64_t hi) {
+  const std::optional<std::int64_t> r = roundedHalfEven(value, lo, hi);
+  if (!r) fail(ConvErrc::Overflow, "Overflow");
+  return *r;
 }
 
 }  // namespace korvane::conv::detail

@@ -1,5 +1,6 @@
 // Val: the leading number of a text, as classic BASIC reads operands.
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "base/conv_detail.h"
@@ -21,26 +22,37 @@ int digitValue(char c, int radix) {
   return v < radix ? v : -1;
 }
 
-// A "%" type suffix makes the number an Integer, "&" a Long; both round and range-check.
-double applyIntegerSuffix(double value, char suffix) {
-  if (suffix == '%') return static_cast<double>(detail::roundHalfEven(value, INT16_MIN, INT16_MAX));
-  if (suffix == '&') return static_cast<double>(detail::roundHalfEven(value, INT32_MIN, INT32_MAX));
-  return value;
+// The error Val fails with; nothing when it gives a value.
+using Failure = std::optional<ConvErrc>;
+
+// A "%" type suffix makes the number an Integer, "&" a Long; both round and
+// range-check: false when the value is out of that range.
+bool applyIntegerSuffix(double& value, char suffix) {
+  std::optional<std::int64_t> rounded;
+  if (suffix == '%')
+    rounded = detail::roundedHalfEven(value, INT16_MIN, INT16_MAX);
+  else if (suffix == '&')
+    rounded = detail::roundedHalfEven(value, INT32_MIN, INT32_MAX);
+  else
+    return true;
+  if (rounded) value = static_cast<double>(*rounded);
+  return rounded.has_value();
 }
 
 // "&H..." / "&O..." after the "&". The literal is typed by its size as the BASIC source
 // literal would be: hex with 3-4 significant digits is an Integer (&HFFFF = -1), with 5-8 a Long
 // (&HFFFFFFFF = -1), longer ones a 64-bit value; octal likewise by value. A trailing "%" or "&"
 // forces the Integer or Long type. More than 64 bits is an overflow.
-double radixValue(std::string_view text, std::size_t i) {
-  if (i >= text.size()) return 0;
+Failure radixValue(std::string_view text, std::size_t i, double& out) {
+  out = 0;
+  if (i >= text.size()) return std::nullopt;
   int radix = 0;
   if (text[i] == 'H' || text[i] == 'h')
     radix = 16;
   else if (text[i] == 'O' || text[i] == 'o')
     radix = 8;
   else
-    return 0;
+    return std::nullopt;
   ++i;
   std::uint64_t value = 0;
   int digits = 0;
@@ -51,7 +63,7 @@ double radixValue(std::string_view text, std::size_t i) {
     if (dv < 0) break;
     if (digits == 0 && dv == 0) continue;  // leading zeros do not count towards the type
     if (value > (UINT64_MAX - static_cast<std::uint64_t>(dv)) / static_cast<std::uint64_t>(radix))
-      detail::fail(ConvErrc::Overflow, "Overflow");
+      return ConvErrc::Overflow;
     value = value * static_cast<std::uint64_t>(radix) + static_cast<std::uint64_t>(dv);
     ++digits;
   }
@@ -71,16 +83,11 @@ double radixValue(std::string_view text, std::size_t i) {
     result = static_cast<std::int16_t>(static_cast<std::uint16_t>(value));
   else
     result = static_cast<std::int64_t>(value);
-  return applyIntegerSuffix(static_cast<double>(result), suffix);
+  out = static_cast<double>(result);
+  if (!applyIntegerSuffix(out, suffix)) return ConvErrc::Overflow;
+  return std::nullopt;
 }
 
-}  // namespace
-
-// Blanks (space, TAB, LF, CR) are skipped anywhere; one leading sign; digits with at most one
-// "."; an exponent after "E", "e", "D" or "d" with at most one sign before its digits (no digits
-// means 0). Scanning stops at the first other character. A number ended by a "%" or "&" type
-// suffix must not have digits after the point (error 13) and is rounded to that type. The
-// Single ("!") and Currency ("@") suffixes end the number and leave the Double as it is.
 // Most values of a compile are plain whole numbers: counts, indices, levels
 // written without a point. Read them without the general scan.
 bool plainInteger(std::string_view text, double& value) {
@@ -97,13 +104,18 @@ bool plainInteger(std::string_view text, double& value) {
   return true;
 }
 
-double Val(std::string_view text) {
-  if (double v; plainInteger(text, v)) return v;
+// Blanks (space, TAB, LF, CR) are skipped anywhere; one leading sign; digits with at most one
+// "."; an exponent after "E", "e", "D" or "d" with at most one sign before its digits (no digits
+// means 0). Scanning stops at the first other character. A number ended by a "%" or "&" type
+// suffix must not have digits after the point (error 13) and is rounded to that type. The
+// Single ("!") and Currency ("@") suffixes end the number and leave the Double as it is.
+Failure read(std::string_view text, double& value) {
+  value = 0;
   std::size_t i = 0;
   const std::size_t n = text.size();
   while (i < n && isBlank(text[i])) ++i;
-  if (i >= n) return 0;
-  if (text[i] == '&') return radixValue(text, i + 1);
+  if (i >= n) return std::nullopt;
+  if (text[i] == '&') return radixValue(text, i + 1, value);
 
   bool negative = false;
   if (text[i] == '-' || text[i] == '+') negative = text[i++] == '-';
@@ -146,13 +158,29 @@ double Val(std::string_view text) {
     if (expNegative) exponent = -exponent;
   }
 
-  double value = 0;
   if (!detail::digitsToDouble(digits, exponent - fractionDigits, negative, value))
-    detail::fail(ConvErrc::Overflow, "Overflow");
+    return ConvErrc::Overflow;
   char suffix = i < n ? text[i] : '\0';
-  if ((suffix == '%' || suffix == '&') && fractionDigits > 0)
-    detail::fail(ConvErrc::TypeMismatch, "Type mismatch");
-  return applyIntegerSuffix(value, suffix);
+  if ((suffix == '%' || suffix == '&') && fractionDigits > 0) return ConvErrc::TypeMismatch;
+  if (!applyIntegerSuffix(value, suffix)) return ConvErrc::Overflow;
+  return std::nullopt;
+}
+
+}  // namespace
+
+double Val(std::string_view text) {
+  double v;
+  if (plainInteger(text, v)) return v;
+  if (const Failure e = read(text, v))
+    detail::fail(*e, *e == ConvErrc::Overflow ? "Overflow" : "Type mismatch");
+  return v;
+}
+
+std::optional<double> TryVal(std::string_view text) {
+  double v;
+  if (plainInteger(text, v)) return v;
+  if (read(text, v)) return std::nullopt;
+  return v;
 }
 
 }  // namespace korvane::conv

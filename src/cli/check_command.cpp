@@ -25,12 +25,12 @@ int runCheck(CheckOptions o) {
   if (!session) return status;
   RunContext& ctx = session->ctx;
   Warnings warnings(ctx);
-  bool stopped = false;
+  std::optional<Stopped> stopped;
   for (const auto& entry : entries) {
-    stopped = !ApplyOneFile(ctx, entry);
+    stopped = ApplyOneFile(ctx, entry);
     warnings.print();
     if (stopped) {
-      printError(ctx.stop.message);
+      printError(stopped->message);
       break;
     }
   }

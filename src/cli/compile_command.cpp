@@ -65,10 +65,11 @@ int runCompile(CompileOptions o) {
 
   std::unique_ptr<Warnings> warnings;
   if (o.warnings) warnings = std::make_unique<Warnings>(ctx);
+  std::optional<Stopped> stopped;
   for (const auto& entry : entries) {
-    const bool ok = ApplyOneFile(ctx, entry);
+    stopped = ApplyOneFile(ctx, entry);
     if (warnings) warnings->print();
-    if (!ok) break;
+    if (stopped) break;
   }
   out->flush();
   int result = 0;
@@ -86,8 +87,8 @@ int runCompile(CompileOptions o) {
       result = 1;
     }
   }
-  if (ctx.stop.set) {
-    printError(ctx.stop.message);
+  if (stopped) {
+    printError(stopped->message);
     return 1;
   }
   return result;

@@ -4,10 +4,11 @@
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/text.h"
-#include "commands/commands.h"
+#include "commands/command_rows.h"
 #include "commands/label_order.h"
 #include "commands/query_file.h"
-#include "compiler/compile_failure.h"
+#include "compiler/extension/compile_failure.h"
+#include "compiler/extension/directive_call.h"
 
 namespace korvane::commands {
 namespace {
@@ -33,10 +34,10 @@ bool isRecord(const std::string& line) {
   return !text::startsWith(line, "   ") && cp::upper(text::left(line, 5)) != "GENIO";
 }
 
-}  // namespace
-
-void labelmove(DirectiveCall& d, const std::string& source, const std::string& target) {
+// labelmove,SOURCE,TARGET
+DirectiveResult labelmove(DirectiveCall& d) {
   CallContext& ctx = d.context();
+  const std::string &source = d.argument(1), &target = d.argument(2);
   const std::string orderText = ctx.evaluate("order");
   const std::optional<LabelOrder> order = parseLabelOrder(orderText);
   if (!order) throw RuntimeFailure("order", orderText);
@@ -53,6 +54,17 @@ void labelmove(DirectiveCall& d, const std::string& source, const std::string& t
   }
   file.remove();
   ctx.flushAndRun();
+  return DirectiveResult::Continue;
 }
+
+constexpr DirectiveRow kRows[] = {
+    {"labelmove",
+     {.flushFirst = true, .readKeywordText = true, .defaults = DefaultBlock::WithKeywordText},
+     labelmove},
+};
+
+}  // namespace
+
+extern const DirectiveRows kLabelmoveCommand = kRows;
 
 }  // namespace korvane::commands

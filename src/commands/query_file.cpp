@@ -3,8 +3,8 @@
 #include <optional>
 
 #include "base/fs.h"
-#include "compiler/call_context.h"
-#include "compiler/compile_failure.h"
+#include "compiler/extension/call_context.h"
+#include "compiler/extension/compile_failure.h"
 
 namespace korvane::commands {
 

@@ -5,10 +5,11 @@
 #include "base/conversions.h"
 #include "base/fs.h"
 #include "base/text.h"
-#include "commands/commands.h"
+#include "commands/command_rows.h"
 #include "commands/query_file.h"
 #include "commands/section_trimming.h"
-#include "compiler/compile_failure.h"
+#include "compiler/extension/compile_failure.h"
+#include "compiler/extension/directive_call.h"
 
 namespace korvane::commands {
 namespace {
@@ -40,9 +41,10 @@ BoundaryMasks boundaryMasks(CallContext& ctx) {
   return b;
 }
 
-}  // namespace
-
-void trimsection(CallContext& ctx, const std::string& model) {
+// trimsection,MODEL
+DirectiveResult trimsection(DirectiveCall& d) {
+  CallContext& ctx = d.context();
+  const std::string& model = d.argument(1);
   const std::string selection = ctx.evaluate("inic");
   const BoundaryMasks masks = boundaryMasks(ctx);
   const double dist = distance(ctx);
@@ -78,6 +80,23 @@ void trimsection(CallContext& ctx, const std::string& model) {
   file.remove();
   ctx.writeLine("999");
   ctx.writeLine("   " + ctx.text("Outputs", "s4"));
+  return DirectiveResult::Continue;
 }
+
+// The eight boundary masks match every label unless the keyword text says otherwise.
+constexpr DirectiveRow kRows[] = {
+    {"trimsection",
+     {.flushFirst = true,
+      .readKeywordText = true,
+      .defaults = DefaultBlock::Plain,
+      .assignments = {"mask1=\"????\",mask2=\"????\",mask3=\"????\",mask4=\"????\",",
+                      "mask5=\"????\",mask6=\"????\",mask7=\"????\",mask8=\"????\","},
+      .assignKeywordText = true},
+     trimsection},
+};
+
+}  // namespace
+
+extern const DirectiveRows kTrimsectionCommand = kRows;
 
 }  // namespace korvane::commands

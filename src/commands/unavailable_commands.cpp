@@ -1,13 +1,33 @@
 // Commands whose implementations are not part of this build end the compile
-// run with a clear message instead of succeeding silently.
-#include "commands/commands.h"
-#include "compiler/compile_failure.h"
+// run with a clear message, after their preparation, instead of succeeding
+// silently.
+#include "commands/command_rows.h"
+#include "compiler/extension/compile_failure.h"
 
 namespace korvane::commands {
+namespace {
 
-void superelevation(DirectiveCall&, const std::string&) {
+DirectiveResult superelevation(DirectiveCall&) {
   throw RuntimeFailure("notavail", "superelevation");
 }
-void earthworkToExcel(CallContext&) { throw RuntimeFailure("notavail", "earthwork->excel"); }
+DirectiveResult earthworkToExcel(DirectiveCall&) {
+  throw RuntimeFailure("notavail", "earthwork->excel");
+}
+
+constexpr DirectiveRow kRows[] = {
+    {"superelevation",
+     {.flushFirst = true,
+      .readKeywordText = true,
+      .defaults = DefaultBlock::WithKeywordText,
+      .assignments = {"mref=%1,"}},
+     superelevation},
+    {"earthwork->excel",
+     {.flushFirst = true, .readKeywordText = true, .defaults = DefaultBlock::WithKeywordText},
+     earthworkToExcel},
+};
+
+}  // namespace
+
+extern const DirectiveRows kUnavailableCommands = kRows;
 
 }  // namespace korvane::commands

@@ -1,13 +1,15 @@
-#include "compiler/call_context.h"
+#include "compiler/extension/call_context.h"
 
-#include "compiler/compile_failure.h"
+#include "compiler/compile_internals.h"
 #include "compiler/expression.h"
+#include "compiler/extension/compile_failure.h"
 #include "compiler/flush.h"
 
 namespace korvane {
 
+CallContext::CallContext(RunContext& ctx) : ctx_(ctx), args_(internals(ctx).args.data()) {}
+
 std::string CallContext::evaluate(std::string_view expr) { return Evaluate(ctx_, expr); }
-void CallContext::assign(std::string_view list) { applyAssignments(ctx_, list); }
 std::string CallContext::variable(std::string_view name) const {
   return variableOrName(ctx_, name);
 }
@@ -15,20 +17,43 @@ std::string CallContext::substitute(std::string line) {
   substituteLine(ctx_, line);
   return line;
 }
+
 void CallContext::writeLine(std::string_view line) {
-  if (ctx_.output.channel() == Channel::Print) ctx_.sources.forget();
+  if (ctx_.output.channel() == Channel::Print) internals(ctx_).sources.forget();
   ctx_.output.writeLine(line);
 }
 void CallContext::flushAndRun() { korvane::flushAndRun(ctx_); }
 
-hosts::ExcelHost& CallContext::excel(std::string_view what) const {
-  if (!ctx_.excel) throw RuntimeFailure("notavail", std::string(what));
-  return *ctx_.excel;
+std::string CallContext::text(const char* section, const char* key) const {
+  return ctx_.text(section, key);
 }
+std::string CallContext::format(std::string_view section, std::string_view key, std::string_view a1,
+                                std::string_view a2) const {
+  return ctx_.messages.format(section, key, a1, a2);
+}
+
+const std::string& CallContext::projectFolder() const { return ctx_.projectFolder; }
+std::string CallContext::mxProjectFolder() const { return ctx_.mxProjectFolder(); }
+hosts::MxEngine* CallContext::engine() const { return ctx_.engine; }
+bool CallContext::ask(const std::string& title, const std::string& prompt,
+                      std::string& answer) const {
+  return ctx_.prompt && ctx_.prompt->ask(title, prompt, answer);
+}
+void CallContext::writeLog(const std::string& line) const { ctx_.writeLog(line); }
+
+std::vector<std::string>& CallContext::selection() { return internals(ctx_).selection; }
+QueryState& CallContext::query() { return internals(ctx_).query; }
 
 hosts::AutoObject CallContext::autocad() {
   if (!ctx_.autocad) throw StopMessage("s15", "");  // no AutoCAD on this machine
   return ctx_.autocad(ctx_);
 }
+
+hosts::ExcelHost& CallContext::excel(std::string_view what) const {
+  if (!ctx_.excel) throw RuntimeFailure("notavail", std::string(what));
+  return *ctx_.excel;
+}
+hosts::ExcelHost* CallContext::excelHost() const { return ctx_.excel; }
+void CallContext::fileWritten(const std::string& path) { ctx_.filesWritten.insert(path); }
 
 }  // namespace korvane

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "compiler/compile_pass.h"
+#include "compiler/extension/directive_call.h"
 #include "compiler/line_reader.h"
 
 namespace korvane {
@@ -30,6 +31,9 @@ struct CompileCall {
   // Reads the next line of this call's file; false at its end.
   bool readLine(std::string& line) { return reader.readLine(line); }
 };
+
+// The compile state of the call that met a directive.
+inline CompileCall& compileCallOf(DirectiveCall& d) { return d.call_; }
 
 // True when `repeat` now evaluates to `word`.
 bool repeatIs(RunContext& ctx, const char* word);

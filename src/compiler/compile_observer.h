@@ -3,7 +3,9 @@
 // points below; an observer never changes what is compiled.
 #pragma once
 
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace korvane {
@@ -29,7 +31,7 @@ class CompileObserver {
   // An extended command's keyword text after its default block ran;
   // `fixed` are the assignment lists the command itself makes.
   virtual void commandKeywordText(const std::string& /*keyword*/, const std::string& /*text*/,
-                                  const std::vector<std::string>& /*fixed*/) {}
+                                  std::span<const std::string_view> /*fixed*/) {}
   // The default block of an extended command is about to run.
   virtual void defaultBlockOpening() {}
   // The data rows of a "single" or "double" repetition reached the end of

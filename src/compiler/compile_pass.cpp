@@ -7,9 +7,9 @@
 #include "base/fs.h"
 #include "base/text.h"
 #include "compiler/compile_call.h"
-#include "compiler/compile_failure.h"
-#include "compiler/directive_call.h"
+#include "compiler/compile_internals.h"
 #include "compiler/expression.h"
+#include "compiler/extension/compile_failure.h"
 #include "compiler/file_search.h"
 #include "compiler/flush.h"
 #include "compiler/language.h"
@@ -38,21 +38,21 @@ struct ObservedFile {
 };
 
 struct DepthGuard {
-  RunContext& ctx;
-  explicit DepthGuard(RunContext& c) : ctx(c) { ++ctx.depth; }
+  CompileInternals& in;
+  explicit DepthGuard(CompileInternals& i) : in(i) { ++in.depth; }
   ~DepthGuard() {
-    --ctx.depth;
-    ctx.whereOwner = nullptr;  // the next line read names its file again
+    --in.depth;
+    in.whereOwner = nullptr;  // the next line read names its file again
   }
 };
 
-void noteWhere(RunContext& ctx, const CompileCall& call) {
-  if (ctx.whereOwner != &call) {
-    ctx.whereFile = call.reader.fullName();
-    ctx.whereOwner = &call;
+void noteWhere(CompileInternals& in, const CompileCall& call) {
+  if (in.whereOwner != &call) {
+    in.whereFile = call.reader.fullName();
+    in.whereOwner = &call;
   }
-  ctx.whereLine = call.reader.lineNumber();
-  ctx.sourceMap.atLine(ctx.whereLine);
+  in.whereLine = call.reader.lineNumber();
+  in.sourceMap.atLine(in.whereLine);
 }
 
 // Reads on until a line that begins with `prefix` (ignoring case).
@@ -82,7 +82,8 @@ void rewriteLine(std::string& line) {
 // (where they are Enter keystrokes). Both tests apply one after the other.
 void writePlainLine(RunContext& ctx, const std::string& line) {
   const bool blank = line.find_first_not_of(' ') == std::string::npos;
-  if (ctx.output.channel() == Channel::Print) ctx.sources.forget();  // it may be an input too
+  if (ctx.output.channel() == Channel::Print)
+    internals(ctx).sources.forget();  // it may be an input too
   if (!ctx.output.baseIsTmpinput() || !blank) ctx.output.writeLine(line);
   if (ctx.output.extensionIsScr() && blank) ctx.output.writeLine(line);
 }
@@ -94,30 +95,23 @@ void defaultBlock(RunContext& ctx, const std::string& keyword, const std::string
               CompileMode::Whole);
 }
 
-void prepare(RunContext& ctx, DirectiveCall& d, const std::string& keyword, const Preparation& p) {
+void prepare(CompileCall& call, DirectiveCall& d, const std::string& keyword,
+             const Preparation& p) {
+  RunContext& ctx = call.ctx;
   if (p.announce)
     ctx.output.writeLine("   " + ctx.messages.format("Outputs", p.announce, d.argument(1)));
   if (p.flushFirst) flushAndRun(ctx);
-  if (p.readKeywordText) d.setKeywordText(d.compileCall().readKeywordText());
+  if (p.readKeywordText) d.setKeywordText(call.readKeywordText());
   if (p.defaults != DefaultBlock::None) {
     ctx.observers.notify([](CompileObserver& w) { w.defaultBlockOpening(); });
     defaultBlock(ctx, keyword, p.defaults == DefaultBlock::WithKeywordText ? d.keywordText() : "");
   }
-  for (const std::string& list : p.assignments)
-    applyAssignments(ctx, replaceAll(list, "%1", d.argument(1)));
+  for (const std::string_view list : p.assignments)
+    if (!list.empty()) applyAssignments(ctx, replaceAll(std::string(list), "%1", d.argument(1)));
   if (p.assignKeywordText) applyAssignments(ctx, d.keywordText());
   if (p.defaults != DefaultBlock::None)
     ctx.observers.notify(
         [&](CompileObserver& w) { w.commandKeywordText(keyword, d.keywordText(), p.assignments); });
-}
-
-const DirectiveTable& directives(const RunContext& ctx) {
-  static const DirectiveTable compilerOnly = [] {
-    DirectiveTable t;
-    addCompilerDirectives(t);
-    return t;
-  }();
-  return ctx.language ? ctx.language->directives : compilerOnly;
 }
 
 // The value of a variable named by a literal, or the name itself when it has
@@ -138,20 +132,20 @@ bool compileLine(CompileCall& call, const std::string& raw) {
   splitFields(ctx, line);
   // A line that begins with three blanks is MX data, never a directive; no
   // keyword is longer than the longest one in the table.
-  const std::string& first = ctx.fields[0];
+  const std::string& first = internals(ctx).fields[0];
   const bool mayBeKeyword =
       !first.empty() && first.size() <= kLongestKeyword && !text::startsWith(line, "   ");
   char lowered[kLongestKeyword];
   if (mayBeKeyword) std::transform(first.begin(), first.end(), lowered, cp::toLower);
   const std::string_view keyword(lowered, mayBeKeyword ? first.size() : 0);
-  const DirectiveRow* row = keyword.empty() ? nullptr : directives(ctx).find(keyword);
+  const DirectiveRow* row = keyword.empty() ? nullptr : ctx.language->directives.find(keyword);
   if (!row) {
     ctx.observers.notify([&](CompileObserver& w) { w.plainLine(mayBeKeyword ? first : ""); });
     writePlainLine(ctx, line);
     return false;
   }
   DirectiveCall d(call, line);
-  prepare(ctx, d, std::string(keyword), row->preparation);
+  prepare(call, d, std::string(keyword), row->preparation);
   return row->handler(d) == DirectiveResult::EndCall;
 }
 
@@ -162,10 +156,10 @@ void locate(CompileFailure& f, const CompileCall& call) {
   f.file = call.reader.fullName();
   f.line = call.reader.lineNumber();
   f.lineText = call.rawLine;
-  f.trail = call.ctx.sourceMap.chainHere();
+  f.trail = internals(call.ctx).sourceMap.chainHere();
 }
 
-using Reentry = CompileState::CallStorage::Reentry;
+using Reentry = CompileInternals::CallStorage::Reentry;
 
 // Notes where a call's first line to compile begins, for the next call at its
 // depth; only a text the source cache holds can be read again from there.
@@ -178,7 +172,7 @@ void rememberStart(Reentry& again, const CompileCall& call, const std::string& f
   again.baseFolder = baseFolder;
   again.currentFile = currentFile;
   again.mode = static_cast<int>(call.mode);
-  again.generation = call.ctx.sources.generation();
+  again.generation = internals(call.ctx).sources.generation();
   again.found = &found;
   again.start = call.reader.mark();
 }
@@ -186,6 +180,15 @@ void rememberStart(Reentry& again, const CompileCall& call, const std::string& f
 }  // namespace
 
 bool repeatIs(RunContext& ctx, const char* word) { return valueOrName(ctx, "repeat") == word; }
+
+void beginEntry(RunContext& ctx) {
+  CompileInternals& in = internals(ctx);
+  in.tempCounter = 0;
+  in.engineRuns = 0;
+  in.sources.forget();  // files may have changed since the last entry
+  in.whereFile.clear();
+  in.sourceMap.clearNodes();
+}
 
 std::string CompileCall::readKeywordText() {
   std::string line;
@@ -201,22 +204,22 @@ std::string CompileCall::readKeywordText() {
 
 DirectiveCall::DirectiveCall(CompileCall& call, std::string line)
     : call_(call), line_(std::move(line)), context_(call.ctx) {
-  const auto& fields = call.ctx.fields;
-  used_ = static_cast<int>(std::min(fields.size(), call.ctx.fieldsUsed));
+  const CompileInternals& in = internals(call.ctx);
+  const auto& fields = in.fields;
+  used_ = static_cast<int>(std::min(fields.size(), in.fieldsUsed));
   while (used_ > 0 && fields[used_ - 1].empty()) --used_;
   for (int k = 0; k < used_; ++k) fields_[k] = fields[k];
 }
 
 bool DirectiveCall::readLine(std::string& line) { return call_.readLine(line); }
-const std::string& DirectiveCall::fileName() const { return call_.reader.fullName(); }
 
 void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string& baseFolder,
                  const std::string& currentFile, const std::string& assignText, CompileMode mode) {
-  DepthGuard guard(ctx);
+  CompileInternals& in = internals(ctx);
+  DepthGuard guard(in);
 
-  while (ctx.callStorage.size() <= static_cast<std::size_t>(ctx.depth))
-    ctx.callStorage.emplace_back();
-  CompileState::CallStorage& storage = ctx.callStorage[ctx.depth];
+  while (in.callStorage.size() <= static_cast<std::size_t>(in.depth)) in.callStorage.emplace_back();
+  CompileInternals::CallStorage& storage = in.callStorage[in.depth];
   CompileCall call{ctx,  storage.reader,           storage.folder, storage.name, storage.assignText,
                    mode, storage.lastInsertAssign, false,          storage.raw,  storage.work};
   call.assignText = assignText;
@@ -233,14 +236,14 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     call.name = text::rtrim(fileSpec.substr(0, b));
   }
   const std::string& name = call.name.empty() ? currentFile : call.name;
-  if (ctx.depth > kMaxCompileDepth)
+  if (in.depth > kMaxCompileDepth)
     throw RuntimeFailure("depth", std::to_string(kMaxCompileDepth), name);
 
   // The same file, named from the same place, as the last call at this depth
   // (the next pass of a repeated part): while the source cache holds what it
   // held then, the file is where it was found then and its text the same.
   auto& again = storage.again;
-  const bool reentering = again.held && again.generation == ctx.sources.generation() &&
+  const bool reentering = again.held && again.generation == in.sources.generation() &&
                           again.mode == static_cast<int>(mode) && again.fileSpec == fileSpec &&
                           again.baseFolder == baseFolder && again.currentFile == currentFile;
   // Held by the source cache: used only before the first line compiles, since
@@ -248,13 +251,13 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   const FoundFile& found = reentering ? *again.found : findInputFile(ctx, name, baseFolder);
   if (reentering)
     call.reader.reopen(found.fullName, again.held, again.start);
-  else if (!found.found || !call.reader.open(found.fullName, &ctx.sources))
+  else if (!found.found || !call.reader.open(found.fullName, &in.sources))
     throw StopMessage("s9", found.shownName);
   call.folder = found.folder;
   // A repeated part is read once a pass; `count` has just been set to the pass.
   const long pass =
       mode == CompileMode::Repeating ? static_cast<long>(conv::Val(valueOrName(ctx, "count"))) : 0;
-  SourceFrame frame(ctx.sourceMap, found.fullName, pass);
+  SourceFrame frame(in.sourceMap, found.fullName, pass);
 
   try {
     if (!reentering) {
@@ -275,7 +278,7 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
       call.rawLine.clear();  // a line the reader refuses has no text to show
       if (!call.readLine(line)) return;
       call.rawLine = line;
-      noteWhere(ctx, call);
+      noteWhere(in, call);
       ctx.observers.notify([&](CompileObserver& w) { w.lineRead(call.reader.lineNumber(), line); });
       if (!line.empty() && line[0] == '[') return;
       if (compileLine(call, line)) return;
@@ -283,16 +286,8 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   } catch (CompileFailure& f) {
     locate(f, call);
     throw;
-  } catch (const conv::ConversionError& e) {
-    RuntimeFailure f = failureFromConversion(e);
-    locate(f, call);
-    throw f;
-  } catch (const hosts::AutomationError& e) {
-    RuntimeFailure f = failureFromAutomation(ctx.messages, e);
-    locate(f, call);
-    throw f;
-  } catch (const hosts::WorkbookError& e) {
-    RuntimeFailure f = failureFromWorkbook(e);
+  } catch (...) {
+    RuntimeFailure f = foreignFailure();  // anything else goes on as it is
     locate(f, call);
     throw f;
   }

@@ -5,7 +5,7 @@
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/text.h"
-#include "compiler/compile_failure.h"
+#include "compiler/extension/compile_failure.h"
 
 namespace korvane {
 namespace {

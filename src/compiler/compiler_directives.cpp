@@ -1,8 +1,8 @@
-// The directive table rows of the compiler's own directives. Inclusion and
-// repetition, conditions and the output channels have files of their own.
+// The compiler's own directives and their rows. Inclusion and repetition,
+// conditions and the output channels have files of their own.
 #include "base/fs.h"
 #include "compiler/compile_call.h"
-#include "compiler/directive_call.h"
+#include "compiler/compile_internals.h"
 #include "compiler/directives.h"
 #include "compiler/expression.h"
 #include "compiler/language.h"
@@ -17,7 +17,7 @@ R nothing(DirectiveCall&) { return R::Continue; }
 
 // A `default` line assigns its keyword text, then what the caller passed down.
 R defaultLine(DirectiveCall& d) {
-  CompileCall& call = d.compileCall();
+  CompileCall& call = compileCallOf(d);
   call.ctx.observers.notify([&](CompileObserver& w) { w.defaultsApplied(d.keywordText()); });
   applyAssignments(call.ctx, d.keywordText());
   applyAssignments(call.ctx, call.assignText);
@@ -25,69 +25,69 @@ R defaultLine(DirectiveCall& d) {
 }
 
 R repeatLine(DirectiveCall& d) {
-  return d.compileCall().mode == CompileMode::Leading ? R::EndCall : R::Continue;
+  return compileCallOf(d).mode == CompileMode::Leading ? R::EndCall : R::Continue;
 }
 
 R endrepeatLine(DirectiveCall& d) {
-  return d.compileCall().mode == CompileMode::Repeating ? R::EndCall : R::Continue;
+  return compileCallOf(d).mode == CompileMode::Repeating ? R::EndCall : R::Continue;
 }
 
 R reset(DirectiveCall& d) {
-  d.compileCall().ctx.vars.clear();
+  compileCallOf(d).ctx.vars.clear();
   return R::Continue;
 }
 
 R let(DirectiveCall& d) {
-  RunContext& ctx = d.compileCall().ctx;
+  RunContext& ctx = compileCallOf(d).ctx;
   const std::string& line = d.line();
   applyAssignments(ctx, line.size() > 4 ? std::string_view(line).substr(4) : std::string_view());
   return repeatIs(ctx, "skip") ? R::EndCall : R::Continue;
 }
 
 R condition(DirectiveCall& d) {
-  conditionDirective(d.compileCall(), d.line());
-  return repeatIs(d.compileCall().ctx, "skip") ? R::EndCall : R::Continue;
+  CompileCall& call = compileCallOf(d);
+  conditionDirective(call, d.line());
+  return repeatIs(call.ctx, "skip") ? R::EndCall : R::Continue;
 }
 
 R insert(DirectiveCall& d) {
-  insertDirective(d.compileCall(), d.argument(1));
+  insertDirective(compileCallOf(d), d.argument(1));
   return R::Continue;
 }
 
 // Failures of kill and copyfile are ignored. kill deletes files, never folders.
 R kill(DirectiveCall& d) {
-  const std::string path = d.context().projectFolder() + d.argument(1);
+  RunContext& ctx = compileCallOf(d).ctx;
+  const std::string path = ctx.projectFolder + d.argument(1);
   if (fs::fileExists(path)) fs::removeFile(path);
-  d.compileCall().ctx.sources.forget();
+  internals(ctx).sources.forget();
   return R::Continue;
 }
 
 R copyfile(DirectiveCall& d) {
-  const std::string& folder = d.context().projectFolder();
-  fs::copyFile(folder + d.argument(1), folder + d.argument(2));
-  d.compileCall().ctx.sources.forget();
+  RunContext& ctx = compileCallOf(d).ctx;
+  fs::copyFile(ctx.projectFolder + d.argument(1), ctx.projectFolder + d.argument(2));
+  internals(ctx).sources.forget();
   return R::Continue;
 }
 
+constexpr DirectiveRow kRows[] = {
+    {"fini", {}, fini},
+    {"insert", {}, insert},
+    {"option", {}, nothing},
+    {"rem", {}, nothing},
+    {"repeat", {}, repeatLine},
+    {"endrepeat", {}, endrepeatLine},
+    {"reset", {}, reset},
+    {"let", {}, let},
+    {"if", {}, condition},
+    {"default", {.readKeywordText = true}, defaultLine},
+    {"kill", {.flushFirst = true}, kill},
+    {"copyfile", {.flushFirst = true}, copyfile},
+};
+
 }  // namespace
 
-void addCompilerDirectives(DirectiveTable& t) {
-  // Directives that need nothing done before their handler.
-  const std::pair<const char*, DirectiveHandler> plain[] = {
-      {"fini", fini},   {"insert", insert},     {"option", nothing},
-      {"rem", nothing}, {"repeat", repeatLine}, {"endrepeat", endrepeatLine},
-      {"reset", reset}, {"let", let},           {"if", condition},
-  };
-  for (const auto& [keyword, handler] : plain) t.add(keyword, Preparation{}, handler);
-
-  Preparation keywordText;
-  keywordText.readKeywordText = true;
-  t.add("default", keywordText, defaultLine);
-  Preparation flush;
-  flush.flushFirst = true;
-  t.add("kill", flush, kill);
-  t.add("copyfile", flush, copyfile);
-  addChannelDirectives(t);
-}
+extern const DirectiveRows kCompilerDirectives = kRows;
 
 }  // namespace korvane

@@ -5,9 +5,10 @@
 #include "base/conversions.h"
 #include "base/text.h"
 #include "compiler/compile_call.h"
-#include "compiler/compile_failure.h"
+#include "compiler/compile_internals.h"
 #include "compiler/directives.h"
 #include "compiler/expression.h"
+#include "compiler/extension/compile_failure.h"
 
 namespace korvane {
 namespace {
@@ -50,8 +51,9 @@ bool existCondition(CompileCall& call, const std::string& condition, bool& appli
   RunContext& ctx = call.ctx;
   evaluateArguments(ctx, std::string_view(c).substr(6, c.size() - 7));
   if (!ctx.engine) return false;
-  if (ctx.argCount == 1) return ctx.engine->configuration().modelExists(ctx.args[0]);
-  if (ctx.argCount == 2) return ctx.engine->configuration().stringExists(ctx.args[0], ctx.args[1]);
+  const CompileInternals& in = internals(ctx);
+  if (in.argCount == 1) return ctx.engine->configuration().modelExists(in.args[0]);
+  if (in.argCount == 2) return ctx.engine->configuration().stringExists(in.args[0], in.args[1]);
   return call.lastCondition;
 }
 

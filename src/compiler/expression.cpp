@@ -7,8 +7,9 @@
 
 #include "base/conversions.h"
 #include "base/text.h"
-#include "compiler/compile_failure.h"
+#include "compiler/compile_internals.h"
 #include "compiler/expression_tree.h"
+#include "compiler/extension/compile_failure.h"
 #include "compiler/field_scanner.h"
 #include "compiler/function_dispatch.h"
 
@@ -46,10 +47,6 @@ double arithmetic(char op, double l, double r, std::string_view expr) {
 
 }  // namespace
 
-void checkTextLength(std::size_t length) {
-  if (length > kMaxTextLength) throw RuntimeFailure("textlen", std::to_string(kMaxTextLength));
-}
-
 std::string variableOrName(const RunContext& ctx, std::string_view name) {
   const std::string* v = ctx.vars.find(name);
   return v ? *v : std::string(name);
@@ -57,7 +54,7 @@ std::string variableOrName(const RunContext& ctx, std::string_view name) {
 
 std::string newTemporaryName(RunContext& ctx) {
   char buf[24];
-  std::snprintf(buf, sizeof buf, "zTMP%05d", static_cast<int>(++ctx.tempCounter));
+  std::snprintf(buf, sizeof buf, "zTMP%05d", static_cast<int>(++internals(ctx).tempCounter));
   return buf;
 }
 
@@ -173,8 +170,8 @@ struct InBars {
 // that looks like a name and has no value.
 Operand word(RunContext& ctx, std::string_view w, bool nameLike, const ExpressionNode* node) {
   if (const std::string* v = ctx.vars.find(w)) return Operand::inPlace(*v);
-  if (nameLike && !ctx.observers.empty() && ctx.rowDepth == 0) {
-    const bool inBars = ctx.barDepth > 0;
+  if (nameLike && !ctx.observers.empty() && internals(ctx).rowDepth == 0) {
+    const bool inBars = internals(ctx).barDepth > 0;
     ctx.observers.notify([&](CompileObserver& w2) { w2.unassignedName(std::string(w), inBars); });
   }
   return node ? Operand::literal(w, *node) : Operand::inPlace(w);
@@ -183,8 +180,8 @@ Operand word(RunContext& ctx, std::string_view w, bool nameLike, const Expressio
 Operand value(RunContext& ctx, const ExpressionTree& t, std::uint32_t i);
 
 // One side of an operator is one level deeper.
-Operand side(RunContext& ctx, const ExpressionTree& t, std::uint32_t i) {
-  Level level(ctx.expressionDepth);
+Operand side(RunContext& ctx, int& depth, const ExpressionTree& t, std::uint32_t i) {
+  Level level(depth);
   return value(ctx, t, i);
 }
 
@@ -200,8 +197,9 @@ Operand value(RunContext& ctx, const ExpressionTree& t, std::uint32_t i) {
     case ExpressionNode::Kind::Operator:
       break;
   }
-  Operand l = side(ctx, t, n.left);
-  Operand r = side(ctx, t, n.right);
+  int& depth = internals(ctx).expressionDepth;
+  Operand l = side(ctx, depth, t, n.left);
+  Operand r = side(ctx, depth, t, n.right);
   if (n.op == '&') {
     std::string joined = std::move(l).text();
     const std::string right = r.isNumber() ? std::move(r).text() : std::string();
@@ -215,7 +213,8 @@ Operand value(RunContext& ctx, const ExpressionTree& t, std::uint32_t i) {
 }  // namespace
 
 std::string Evaluate(RunContext& ctx, std::string& expr) {
-  Level level(ctx.expressionDepth);
+  CompileInternals& in = internals(ctx);
+  Level level(in.expressionDepth);
   const std::string_view t = trimmed(expr);
   if (t.size() != expr.size()) expr = std::string(t);
   // A quoted text is taken literally, everything between the outer quotes.
@@ -234,7 +233,7 @@ std::string Evaluate(RunContext& ctx, std::string& expr) {
     called = true;
   }
   // A text with temporaries in it never comes again: it is not kept.
-  const ExpressionTree& tree = called ? ctx.expressions.scratch(expr) : ctx.expressions.tree(expr);
+  const ExpressionTree& tree = called ? in.expressions.scratch(expr) : in.expressions.tree(expr);
   return value(ctx, tree, 0).text();
 }
 
@@ -297,7 +296,7 @@ void substituteLine(RunContext& ctx, std::string& line) {
     if (b == std::string::npos) throw RuntimeFailure("bar");
     if (++rounds > kMaxSubstitutions) throw RuntimeFailure("bar");
     std::string inner = line.substr(a + 1, b - a - 1);
-    InBars bars(ctx.barDepth);
+    InBars bars(internals(ctx).barDepth);
     std::string value = Evaluate(ctx, inner);
     line.replace(a, b - a + 1, value);
     if (line.size() > kMaxTextLength)
@@ -306,45 +305,47 @@ void substituteLine(RunContext& ctx, std::string& line) {
 }
 
 void splitFields(RunContext& ctx, std::string_view line) {
+  CompileInternals& in = internals(ctx);
   std::size_t pos = 0, n = 0;
   do {
-    if (n == ctx.fields.size()) throw RuntimeFailure("fields");
+    if (n == in.fields.size()) throw RuntimeFailure("fields");
     const std::string_view f = trimmed(nextFieldView(line, pos));
-    std::string& field = ctx.fields[n++];
-    if (n > ctx.fieldsUsed) ctx.fieldsUsed = n;  // fields from here on are empty
+    std::string& field = in.fields[n++];
+    if (n > in.fieldsUsed) in.fieldsUsed = n;  // fields from here on are empty
     if (f.size() >= 2 && f.front() == '|' && f.back() == '|') {
-      InBars bars(ctx.barDepth);
+      InBars bars(in.barDepth);
       field = Evaluate(ctx, f.substr(1, f.size() - 2));
     } else
       field.assign(f);  // keeps the slot's storage
     if (field.size() == 2 && field[0] == 'i' && field[1] == 'f') break;
   } while (pos < line.size());
-  for (; n < ctx.fields.size() && n < ctx.fieldsUsed; ++n) ctx.fields[n].clear();
-  ctx.fieldsUsed = n;
+  for (; n < in.fields.size() && n < in.fieldsUsed; ++n) in.fields[n].clear();
+  in.fieldsUsed = n;
 }
 
 void evaluateArguments(RunContext& ctx, std::string_view argumentText) {
+  CompileInternals& in = internals(ctx);
   // Arguments are often plain words (model names, labels), even inside |...|.
-  const int bars = ctx.barDepth;
-  ctx.barDepth = 0;
+  const int bars = in.barDepth;
+  in.barDepth = 0;
   struct Restore {
     int& depth;
     int value;
     ~Restore() { depth = value; }
-  } restore{ctx.barDepth, bars};
-  ctx.args.fill(std::string());
+  } restore{in.barDepth, bars};
+  for (std::string& a : in.args) a.clear();
   std::size_t pos = 0;
   int n = 0;
   while (pos < argumentText.size() || (n == 0 && pos == 0)) {
-    if (n == static_cast<int>(ctx.args.size())) throw RuntimeFailure("args");
+    if (n == static_cast<int>(in.args.size())) throw RuntimeFailure("args");
     std::string f = nextField(argumentText, pos);
     // A call inside the argument clears and refills the shared array: slots this
     // call filled before it are lost, as the language has always behaved.
     std::string value = Evaluate(ctx, f);
-    ctx.args[n++] = std::move(value);
+    in.args[n++] = std::move(value);
     if (pos > argumentText.size()) break;
   }
-  ctx.argCount = n;
+  in.argCount = n;
 }
 
 }  // namespace korvane

@@ -6,18 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "compiler/extension/text_length.h"
 #include "compiler/run_context.h"
 
 namespace korvane {
 
 // How deeply operators and parentheses may nest in one expression.
 constexpr int kMaxExpressionDepth = 500;
-// The longest text a value, or a line after substitution, may hold: a few
-// lines that double a text would otherwise take all memory.
-constexpr std::size_t kMaxTextLength = 16 * 65535;
-
-// A run-time failure when a text would have more than kMaxTextLength characters.
-void checkTextLength(std::size_t length);
 
 // The value of an expression. Texts in quotes come back unquoted, function
 // calls are replaced by temporaries, then the expression is split at the last
@@ -38,11 +33,12 @@ std::vector<std::string> assignmentNames(std::string_view list);
 // start after each replacement.
 void substituteLine(RunContext& ctx, std::string& line);
 
-// Splits a line into ctx.fields (15 at most; a field between bars is
-// evaluated; splitting stops after a field "if").
+// Splits a line into the compile's fields (15 at most; a field between bars
+// is evaluated; splitting stops after a field "if").
 void splitFields(RunContext& ctx, std::string_view line);
 
-// Evaluates the comma-separated arguments into ctx.args and ctx.argCount.
+// Evaluates the comma-separated arguments into the argument array of the
+// function call being dispatched.
 void evaluateArguments(RunContext& ctx, std::string_view argumentText);
 
 // A new temporary name: "zTMP" and the run's counter as five digits.

@@ -86,10 +86,9 @@ class Splitter {
     n.kind = kind;
     n.begin = static_cast<std::uint32_t>(begin);
     n.length = static_cast<std::uint32_t>(length);
-    try {
-      n.number = conv::Val(text_.substr(begin, length));
+    if (const std::optional<double> v = conv::TryVal(text_.substr(begin, length))) {
+      n.number = *v;
       n.hasNumber = true;
-    } catch (const conv::ConversionError&) {
     }
     return add(n);
   }

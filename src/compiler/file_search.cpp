@@ -3,6 +3,7 @@
 #include <array>
 
 #include "base/fs.h"
+#include "compiler/compile_internals.h"
 
 namespace korvane {
 
@@ -48,8 +49,9 @@ FoundFile search(const RunContext& ctx, const std::string& name, const std::stri
 
 const FoundFile& findInputFile(RunContext& ctx, const std::string& name,
                                const std::string& baseFolder) {
-  if (const FoundFile* known = ctx.sources.found(name, baseFolder)) return *known;
-  return ctx.sources.rememberFound(name, baseFolder, search(ctx, name, baseFolder));
+  SourceCache& sources = internals(ctx).sources;
+  if (const FoundFile* known = sources.found(name, baseFolder)) return *known;
+  return sources.rememberFound(name, baseFolder, search(ctx, name, baseFolder));
 }
 
 }  // namespace korvane

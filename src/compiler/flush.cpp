@@ -4,7 +4,8 @@
 
 #include "base/fs.h"
 #include "base/text.h"
-#include "compiler/compile_failure.h"
+#include "compiler/compile_internals.h"
+#include "compiler/extension/compile_failure.h"
 
 namespace korvane {
 namespace {
@@ -25,7 +26,7 @@ void reopenFresh(RunContext& ctx, const std::string& name) {
   fs::removeFile(name);
   try {
     ctx.output.open(name);
-  } catch (...) {
+  } catch (const RuntimeFailure&) {
     // A fresh script that cannot be opened fails at its first line instead.
   }
 }
@@ -118,13 +119,14 @@ void saveCompiledOutput(RunContext& ctx) noexcept {
 }
 
 void runCompiledOutput(RunContext& ctx) {
-  ctx.sources.forget();  // MX may write any file
+  CompileInternals& in = internals(ctx);
+  in.sources.forget();  // MX may write any file
   const std::string name = ctx.output.fullName();
   copyToSaveFiles(ctx, name);
   if (onlySentinels(name)) return;
   ctx.status(ctx.text("StatusBar1", "stat3"));
-  ++ctx.engineRuns;
-  if (ctx.onEngineRun) ctx.onEngineRun(ctx.engineRuns);
+  ++in.engineRuns;
+  if (ctx.onEngineRun) ctx.onEngineRun(in.engineRuns);
   hosts::MxRunResult result;
   if (ctx.engine) result = ctx.engine->configuration().run("input", name);
   ctx.status(ctx.text("StatusBar1", "stat2"));
@@ -133,10 +135,10 @@ void runCompiledOutput(RunContext& ctx) {
     ctx.status(ctx.text("StatusBar1", "stat4"));
     StopMessage stop("s5");
     stop.engineError = result.error;
-    stop.whereFile = ctx.whereFile;
-    stop.whereLine = ctx.whereLine;
+    stop.whereFile = in.whereFile;
+    stop.whereLine = in.whereLine;
     if (result.errorLine > 0) {
-      stop.mxSource = ctx.sourceMap.chain(ctx.output.originOfLine(result.errorLine));
+      stop.mxSource = in.sourceMap.chain(ctx.output.originOfLine(result.errorLine));
       stop.mxLine = fileLine(name, result.errorLine);
     }
     removeSentinel(ctx, result);
@@ -145,7 +147,7 @@ void runCompiledOutput(RunContext& ctx) {
 }
 
 void flushAndRun(RunContext& ctx) {
-  ctx.sources.forget();  // MX, AutoCAD or MicroStation may write any file
+  internals(ctx).sources.forget();  // MX, AutoCAD or MicroStation may write any file
   const std::string name = ctx.output.fullName();
   switch (channelOf(name)) {
     case Channel::Mx:

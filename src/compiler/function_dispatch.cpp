@@ -1,9 +1,9 @@
 #include "compiler/function_dispatch.h"
 
 #include "base/codepage.h"
-#include "compiler/call_context.h"
-#include "compiler/compile_failure.h"
 #include "compiler/expression.h"
+#include "compiler/extension/call_context.h"
+#include "compiler/extension/compile_failure.h"
 #include "compiler/language.h"
 
 namespace korvane {
@@ -33,7 +33,7 @@ std::string FunctionDispatch(RunContext& ctx, const std::string& expr, std::size
   std::string name = cp::lower(std::string_view(expr).substr(start, open - start));
   open = start;
   evaluateArguments(ctx, inner);
-  FunctionHandler handler = ctx.language ? ctx.language->functions.find(name) : nullptr;
+  const FunctionHandler handler = ctx.language->functions.find(name);
   if (!handler) {
     ctx.observers.notify([&](CompileObserver& w) { w.unknownFunction(name); });
     return {};

@@ -4,7 +4,7 @@
 
 #include "base/codepage.h"
 #include "base/fs.h"
-#include "compiler/compile_failure.h"
+#include "compiler/extension/compile_failure.h"
 #include "compiler/source_cache.h"
 
 namespace korvane {

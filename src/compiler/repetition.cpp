@@ -6,9 +6,10 @@
 #include "base/conversions.h"
 #include "base/text.h"
 #include "compiler/compile_call.h"
-#include "compiler/compile_failure.h"
+#include "compiler/compile_internals.h"
 #include "compiler/directives.h"
 #include "compiler/expression.h"
+#include "compiler/extension/compile_failure.h"
 
 namespace korvane {
 namespace {
@@ -45,10 +46,10 @@ void assignRow(RunContext& ctx, const std::string& row, const char* suffix) {
     int& depth;
     explicit InRow(int& d) : depth(d) { ++depth; }
     ~InRow() { --depth; }
-  } inRow(ctx.rowDepth);
+  } inRow(internals(ctx).rowDepth);
   splitFields(ctx, row);
   for (int i = 1; i <= kRowFields; ++i)
-    applyAssignments(ctx, fieldName(i, suffix) + "=" + ctx.fields[i - 1] + ",");
+    applyAssignments(ctx, fieldName(i, suffix) + "=" + internals(ctx).fields[i - 1] + ",");
 }
 
 void countUp(RunContext& ctx, const std::string& r) {
@@ -71,9 +72,10 @@ void counted(const Insert& in, const std::string& r, bool eachMode) {
     else
       applyAssignments(ctx, "repeat=" + r + ",");
     if (eachMode) {
-      if (static_cast<std::size_t>(i) > ctx.selection.size())
+      const std::vector<std::string>& selection = internals(ctx).selection;
+      if (static_cast<std::size_t>(i) > selection.size())
         throw RuntimeFailure("subscript", "each(" + std::to_string(i) + ")");
-      applyAssignments(ctx, "each=" + ctx.selection[i - 1] + ",");
+      applyAssignments(ctx, "each=" + selection[i - 1] + ",");
     }
     in.compile(CompileMode::Repeating);
     if (repeatIs(ctx, "end")) break;

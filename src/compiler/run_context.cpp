@@ -1,8 +1,16 @@
 #include "compiler/run_context.h"
 
 #include "base/fs.h"
+#include "compiler/compile_internals.h"
 
 namespace korvane {
+
+RunContext::RunContext() : internals_(std::make_unique<CompileInternals>()) {
+  output.setSourceMap(&internals_->sourceMap);
+}
+
+// The output outlives the source map it notes its lines in.
+RunContext::~RunContext() { output.setSourceMap(nullptr); }
 
 std::string RunEnvironment::projectMacros() const {
   return engine ? engine->configuration().setting("ProjectMacros") : std::string();

@@ -1,17 +1,17 @@
 // What a compile run shares, split by what it is:
 //  - RunEnvironment: the run's settings and hosts, set up once by the shell;
-//  - CompileState: what the compile pass, the expressions, the functions and
-//    the commands change as the run goes on.
-// The compiler works on RunContext, which is both. Functions and extended
-// commands see the narrower CallContext (compiler/call_context.h).
+//  - CompileState: what the compile changes as the run goes on and the front
+//    ends read: variables, compiled output, save files, files written,
+//    observers;
+//  - the compiler's own part (compiler/compile_internals.h), which nothing
+//    outside the compiler sees.
+// Functions and extended commands see the narrower CallContext
+// (compiler/extension/call_context.h).
 #pragma once
 
-#include <array>
 #include <atomic>
-#include <cstdint>
-#include <deque>
 #include <functional>
-#include <optional>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -19,10 +19,6 @@
 #include "base/messages.h"
 #include "compiler/compile_observer.h"
 #include "compiler/compiled_output.h"
-#include "compiler/expression_tree.h"
-#include "compiler/line_reader.h"
-#include "compiler/source_cache.h"
-#include "compiler/source_map.h"
 #include "compiler/variable_table.h"
 #include "hosts/automation.h"
 #include "hosts/excel.h"
@@ -32,30 +28,6 @@ namespace korvane {
 
 struct RunContext;
 struct LanguageTables;
-
-// The stop state: set by the driver when a failure ended the run, with the
-// message to show; the Run command reads it and ends the run.
-struct StopState {
-  bool set = false;
-  std::string message;
-  void raise(std::string text) {
-    set = true;
-    message = std::move(text);
-  }
-  void clear() {
-    set = false;
-    message.clear();
-  }
-};
-
-// Where and why a run-time failure ended the compile, for front ends that
-// show more than the message.
-struct FailureReport {
-  std::string description;  // the language file's text for the failure
-  std::string file;
-  long line = 0;
-  std::string lineText;
-};
 
 // Receives the texts of the status panel while a run goes on.
 class StatusSink {
@@ -90,15 +62,6 @@ struct SaveFiles {
   std::string inputName;      // the input file now compiled, as it is announced
   std::string lastAnnounced;  // the name announced last in the collecting file
   std::string lastCombinedLine, lastSeparateLine;
-};
-
-// The answer of the model queries, shared by the functions and commands that
-// read MX data: the status word of the last data-access call, the point
-// record it filled and the point count of the last string-information query.
-struct QueryState {
-  std::int32_t status = 0;
-  hosts::PointRecord record;
-  std::int32_t pointCount = 0;
 };
 
 // Reaches the running AutoCAD for the AutoCAD getters: its application
@@ -140,61 +103,34 @@ struct RunEnvironment {
   }
 };
 
+// What the compile changes as it goes and the front ends read.
 struct CompileState {
-  CompileState() { output.setSourceMap(&sourceMap); }
+  CompileState() = default;
   CompileState(const CompileState&) = delete;
   CompileState& operator=(const CompileState&) = delete;
 
   VariableTable vars;
-  StopState stop;
-  std::optional<FailureReport> failure;  // the run-time failure that set the stop state
-  std::array<std::string, 15> fields;
-  std::size_t fieldsUsed = 0;        // fields beyond this many are empty
-  std::array<std::string, 15> args;  // the arguments of the function call being dispatched
-  int argCount = 0;
-  std::vector<std::string> selection;  // string labels that `repeat=each...` iterates
-  QueryState query;
-  std::int32_t tempCounter = 0;
-  int depth = 0;  // nesting of the compile pass
-  // What each depth of the compile pass keeps from one call to the next (a
-  // deque: growing keeps the storage of the calls under way where it is), so
-  // that a part read pass after pass allocates nothing for its names and lines.
-  struct CallStorage {
-    LineReader reader;
-    std::string folder, name, assignText, lastInsertAssign;
-    std::string read, raw, work;
-    // The file the last call at this depth read, and where its first line to
-    // compile began: a part read pass after pass is found and searched once
-    // while the source cache holds its text.
-    struct Reentry {
-      std::string fileSpec, baseFolder, currentFile;
-      int mode = -1;
-      std::uint64_t generation = 0;
-      const FoundFile* found = nullptr;
-      std::shared_ptr<const SourceCache::HeldFile> held;
-      LineReader::Mark start;
-    } again;
-  };
-  std::deque<CallStorage> callStorage;
-  int expressionDepth = 0;  // nesting of the expression evaluator
-  ExpressionCache expressions;
-  // Where the compile stands: the file and line read last, for messages about
-  // MX runs that a flush started there.
-  std::string whereFile;
-  long whereLine = 0;
-  const void* whereOwner = nullptr;
-  SourceMap sourceMap;  // where each compiled line came from
   CompiledOutput output;
-  SourceCache sources;  // input files read in this run, until something may change them
   SaveFiles save;
   // Files written besides the compiled output (workbooks), by path.
   std::set<std::string> filesWritten;
-  int engineRuns = 0;          // MX runs of the current entry
   CompileObservers observers;  // diagnostics and progress
-  int barDepth = 0;            // inside |...| of a line
-  int rowDepth = 0;            // in the values of a data row, which are text, not names
 };
 
-struct RunContext : RunEnvironment, CompileState {};
+// The compile pass's and the evaluator's own state, and the compiler's way to
+// it: both defined in compiler/compile_internals.h.
+struct CompileInternals;
+inline CompileInternals& internals(RunContext& ctx);
+inline const CompileInternals& internals(const RunContext& ctx);
+
+struct RunContext : RunEnvironment, CompileState {
+  RunContext();
+  ~RunContext();
+
+ private:
+  friend CompileInternals& internals(RunContext& ctx);
+  friend const CompileInternals& internals(const RunContext& ctx);
+  std::unique_ptr<CompileInternals> internals_;
+};
 
 }  // namespace korvane

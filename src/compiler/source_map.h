@@ -12,15 +12,9 @@
 #include <unordered_map>
 #include <vector>
 
-namespace korvane {
+#include "compiler/extension/source_place.h"
 
-// One step of a chain: a line of a file, and the repetition it was read in
-// (0 outside a repetition).
-struct SourcePlace {
-  std::string file;
-  long line = 0;
-  long repetition = 0;
-};
+namespace korvane {
 
 // A line of one reading of a file; node kNone for no place.
 struct SourceOrigin {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "compiler/compile_failure.h"
 #include "compiler/expression.h"
+#include "compiler/extension/compile_failure.h"
 
 namespace korvane {
 

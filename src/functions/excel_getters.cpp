@@ -2,9 +2,9 @@
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "base/text.h"
-#include "compiler/compile_failure.h"
-#include "compiler/workbook_path.h"
-#include "functions/functions.h"
+#include "compiler/extension/compile_failure.h"
+#include "compiler/extension/workbook_path.h"
+#include "functions/function_rows.h"
 
 namespace korvane {
 namespace {
@@ -12,12 +12,10 @@ namespace {
 // The data columns of a getname table are B to IV; column 1 is B.
 constexpr std::int32_t kDataColumns = 255;
 
-}  // namespace
-
 // xlget(workbook, cell or range[, worksheet]): the worksheet is the first
 // when none is named.
 std::string fnXlget(CallContext& ctx) {
-  const std::string book = arg(ctx, 1), reference = arg(ctx, 2), sheet = arg(ctx, 3);
+  const std::string book = ctx.arg(1), reference = ctx.arg(2), sheet = ctx.arg(3);
   const std::string path = resolveWorkbook(ctx, book);
   if (path.empty()) return {};
   return ctx.excel("xlget").worksheet(path, sheet)->value(reference);
@@ -27,7 +25,7 @@ std::string fnXlget(CallContext& ctx) {
 // key[, worksheet]): the row whose key column (A) holds the key, trimmed and
 // in any letter case, gives the value of its data column (1 = B).
 std::string fnGetname(CallContext& ctx) {
-  const std::string book = arg(ctx, 1), a2 = arg(ctx, 2), a3 = arg(ctx, 3), sheet = arg(ctx, 4);
+  const std::string book = ctx.arg(1), a2 = ctx.arg(2), a3 = ctx.arg(3), sheet = ctx.arg(4);
   const bool columnLast = conv::IsNumeric(a3);
   if (!columnLast && !conv::IsNumeric(a2)) throw RuntimeFailure("badarg", "getname");
   const std::string& key = columnLast ? a2 : a3;
@@ -43,5 +41,11 @@ std::string fnGetname(CallContext& ctx) {
       return ws->cellValue(row, column + 1);
   return {};
 }
+
+constexpr FunctionRow kRows[] = {{"xlget", fnXlget}, {"getname", fnGetname}};
+
+}  // namespace
+
+extern const FunctionRows kExcelGetters = kRows;
 
 }  // namespace korvane

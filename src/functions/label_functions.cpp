@@ -1,8 +1,8 @@
 // getnextlabel and getfreelabel: string labels for new strings of a model,
 // from the data-access object's label queries.
 #include "base/codepage.h"
-#include "compiler/model_queries.h"
-#include "functions/functions.h"
+#include "compiler/extension/model_queries.h"
+#include "functions/function_rows.h"
 #include "functions/label_arithmetic.h"
 
 namespace korvane {
@@ -37,10 +37,8 @@ std::string freeLabel(CallContext& ctx, const std::string& model, const std::str
   return {};
 }
 
-}  // namespace
-
 std::string fnGetnextlabel(CallContext& ctx) {
-  const std::string model = arg(ctx, 1), prefix = arg(ctx, 2);
+  const std::string model = ctx.arg(1), prefix = ctx.arg(2);
   if (!labelQueryPossible(ctx, "getnextlabel", model, prefix)) return {};
   std::string label;
   ctx.query().status = ctx.engine()->dataAccess().nextLabel(model, prefix, label);
@@ -48,9 +46,18 @@ std::string fnGetnextlabel(CallContext& ctx) {
 }
 
 std::string fnGetfreelabel(CallContext& ctx) {
-  const std::string model = arg(ctx, 1), prefix = cp::lower(arg(ctx, 2));
+  const std::string model = ctx.arg(1), prefix = cp::lower(ctx.arg(2));
   if (!labelQueryPossible(ctx, "getfreelabel", model, prefix)) return {};
   return freeLabel(ctx, model, prefix);
 }
+
+constexpr FunctionRow kRows[] = {
+    {"getnextlabel", fnGetnextlabel},
+    {"getfreelabel", fnGetfreelabel},
+};
+
+}  // namespace
+
+extern const FunctionRows kLabelFunctions = kRows;
 
 }  // namespace korvane

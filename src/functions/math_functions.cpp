@@ -2,11 +2,13 @@
 // is not a number, a logarithm of zero or an overflow ends the compile run.
 #include <cmath>
 
-#include "compiler/compile_failure.h"
+#include "compiler/extension/call_context.h"
+#include "compiler/extension/compile_failure.h"
 #include "functions/argument_conversion.h"
-#include "functions/functions.h"
+#include "functions/function_rows.h"
 
 namespace korvane {
+namespace {
 
 std::string fnAbs(CallContext& ctx) { return numberResult(std::fabs(numberArg(ctx, 1)), "abs"); }
 std::string fnInt(CallContext& ctx) { return numberResult(std::floor(numberArg(ctx, 1)), "int"); }
@@ -29,14 +31,23 @@ std::string fnAtn(CallContext& ctx) { return numberResult(std::atan(numberArg(ct
 
 std::string fnLn(CallContext& ctx) {
   double x = numberArg(ctx, 1);
-  if (x <= 0) throw RuntimeFailure("badarg", "ln(" + arg(ctx, 1) + ")");
+  if (x <= 0) throw RuntimeFailure("badarg", "ln(" + ctx.arg(1) + ")");
   return numberResult(std::log(x), "ln");
 }
 
 std::string fnLg(CallContext& ctx) {
   double x = numberArg(ctx, 1);
-  if (x <= 0) throw RuntimeFailure("badarg", "lg(" + arg(ctx, 1) + ")");
+  if (x <= 0) throw RuntimeFailure("badarg", "lg(" + ctx.arg(1) + ")");
   return numberResult(std::log(x) / std::log(10.0), "lg");
 }
+
+constexpr FunctionRow kRows[] = {
+    {"abs", fnAbs}, {"int", fnInt}, {"sqr", fnSqr}, {"sgn", fnSgn}, {"exp", fnExp}, {"sin", fnSin},
+    {"cos", fnCos}, {"tan", fnTan}, {"atn", fnAtn}, {"ln", fnLn},   {"lg", fnLg},
+};
+
+}  // namespace
+
+extern const FunctionRows kMathFunctions = kRows;
 
 }  // namespace korvane

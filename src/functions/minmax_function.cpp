@@ -6,8 +6,9 @@
 #include "base/conversions.h"
 #include "base/fs.h"
 #include "base/text.h"
-#include "compiler/compile_failure.h"
-#include "functions/functions.h"
+#include "compiler/extension/call_context.h"
+#include "compiler/extension/compile_failure.h"
+#include "functions/function_rows.h"
 
 namespace korvane {
 namespace {
@@ -22,8 +23,8 @@ float levelOf(const std::string& line) {
   const std::string field = line.size() > 24 ? line.substr(24, 12) : std::string();
   try {
     return static_cast<float>(conv::Val(field));
-  } catch (const conv::ConversionError& e) {
-    throw failureFromConversion(e, field);
+  } catch (const conv::ConversionError&) {
+    throw foreignFailure(field);
   }
 }
 
@@ -41,10 +42,8 @@ std::vector<std::string> linesOf(const std::string& data) {
   return lines;
 }
 
-}  // namespace
-
 std::string fnGetminmax(CallContext& ctx) {
-  const std::string model = arg(ctx, 1), label = arg(ctx, 2);
+  const std::string model = ctx.arg(1), label = ctx.arg(2);
   const std::string file = fs::join(ctx.mxProjectFolder(), kMinMaxFile);
   ctx.writeLine("over," + file + ",genio");
   ctx.writeLine("geni," + model);
@@ -84,5 +83,11 @@ std::string fnGetminmax(CallContext& ctx) {
   std::snprintf(result, sizeof result, "Pmin:%6ld,Pmax:%6ld", minAt, maxAt);
   return result;
 }
+
+constexpr FunctionRow kRows[] = {{"getminmax", fnGetminmax}};
+
+}  // namespace
+
+extern const FunctionRows kMinmaxFunction = kRows;
 
 }  // namespace korvane

@@ -8,10 +8,10 @@
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "base/text.h"
-#include "compiler/compile_failure.h"
-#include "compiler/model_queries.h"
+#include "compiler/extension/compile_failure.h"
+#include "compiler/extension/model_queries.h"
 #include "functions/argument_conversion.h"
-#include "functions/functions.h"
+#include "functions/function_rows.h"
 
 namespace korvane {
 namespace {
@@ -65,12 +65,10 @@ PointOrCode libraryPoint(CallContext& ctx, const std::string& model, const std::
   return {data[at], data[at + 1], data[at + 2], 0};
 }
 
-}  // namespace
-
 std::string fnGetdata(CallContext& ctx) {
   const std::int16_t n = integerArg(ctx, 1);
-  const bool text = startsLower(arg(ctx, 2), "txt");
-  const std::string field = arg(ctx, 3);
+  const bool text = startsLower(ctx.arg(2), "txt");
+  const std::string field = ctx.arg(3);
   ctx.flushAndRun();
   QueryState& q = ctx.query();
   q.status = queryEngine(ctx, "getdata").dataAccess().record(n, q.record);
@@ -78,7 +76,7 @@ std::string fnGetdata(CallContext& ctx) {
 }
 
 std::string fnGetchain(CallContext& ctx) {
-  const std::string model = arg(ctx, 1), label = arg(ctx, 2);
+  const std::string model = ctx.arg(1), label = ctx.arg(2);
   const std::int32_t n = longArg(ctx, 3);
   ctx.flushAndRun();
   loadPoint(ctx, model, label, n);
@@ -86,9 +84,8 @@ std::string fnGetchain(CallContext& ctx) {
 }
 
 std::string fnGetpoint(CallContext& ctx) {
-  const std::string model = arg(ctx, 1), label = arg(ctx, 2), kind = arg(ctx, 4),
-                    field = arg(ctx, 5);
-  const std::int32_t n = arg(ctx, 3).empty() ? 0 : longArg(ctx, 3);
+  const std::string model = ctx.arg(1), label = ctx.arg(2), kind = ctx.arg(4), field = ctx.arg(5);
+  const std::int32_t n = ctx.arg(3).empty() ? 0 : longArg(ctx, 3);
   ctx.flushAndRun();
   if (loadPoint(ctx, model, label, n) != 0) {
     ctx.writeLine("   " + ctx.text("Outputs", "s7") + "(" + text::rtrim(model) + "," + label + ")");
@@ -102,8 +99,8 @@ std::string fnGetpoint(CallContext& ctx) {
 }
 
 std::string fnGetdist(CallContext& ctx) {
-  const std::string m1 = arg(ctx, 1), s1 = arg(ctx, 2), m2 = arg(ctx, 4), s2 = arg(ctx, 5);
-  const bool slope = text::left(arg(ctx, 7), 4) == "slop";
+  const std::string m1 = ctx.arg(1), s1 = ctx.arg(2), m2 = ctx.arg(4), s2 = ctx.arg(5);
+  const bool slope = text::left(ctx.arg(7), 4) == "slop";
   const std::int32_t p1 = longArg(ctx, 3), p2 = longArg(ctx, 6);
   ctx.flushAndRun();
   const PointOrCode a = libraryPoint(ctx, m1, s1, p1, -10);
@@ -115,8 +112,8 @@ std::string fnGetdist(CallContext& ctx) {
 }
 
 std::string fnGetlength(CallContext& ctx) {
-  const std::string model = arg(ctx, 1), label = arg(ctx, 2);
-  const bool plan = cp::lower(arg(ctx, 3)) == "plan";
+  const std::string model = ctx.arg(1), label = ctx.arg(2);
+  const bool plan = cp::lower(ctx.arg(3)) == "plan";
   ctx.flushAndRun();
   auto s = libraryModel(ctx, "getlength", model)->string(label);
   if (!s) throw RuntimeFailure("nostring", model, label);
@@ -134,8 +131,8 @@ std::string fnGetlength(CallContext& ctx) {
 }
 
 std::string fnEach(CallContext& ctx) {
-  const std::string model = arg(ctx, 1);
-  std::string pattern = text::left(arg(ctx, 2), 4);
+  const std::string model = ctx.arg(1);
+  std::string pattern = text::left(ctx.arg(2), 4);
   pattern.resize(4, ' ');
   for (char& c : pattern)
     if (c == ' ') c = '?';
@@ -150,8 +147,8 @@ std::string fnEach(CallContext& ctx) {
     bool match = false;
     try {
       match = conv::Like(name, pattern);
-    } catch (const conv::ConversionError& e) {
-      throw failureFromConversion(e, pattern);
+    } catch (const conv::ConversionError&) {
+      throw foreignFailure(pattern);
     }
     if (match) list.push_back(label);
   }
@@ -159,5 +156,15 @@ std::string fnEach(CallContext& ctx) {
   std::snprintf(result, sizeof result, "each%07zu", list.size());
   return result;
 }
+
+constexpr FunctionRow kRows[] = {
+    {"getdata", fnGetdata}, {"getchain", fnGetchain},   {"getpoint", fnGetpoint},
+    {"getdist", fnGetdist}, {"getdistance", fnGetdist}, {"getlength", fnGetlength},
+    {"each", fnEach},
+};
+
+}  // namespace
+
+extern const FunctionRows kModelQueryFunctions = kRows;
 
 }  // namespace korvane

@@ -1,9 +1,11 @@
 // date, time, sheets and input.
 #include "base/conversions.h"
 #include "base/fs.h"
-#include "functions/functions.h"
+#include "compiler/extension/call_context.h"
+#include "functions/function_rows.h"
 
 namespace korvane {
+namespace {
 
 std::string fnDate(CallContext&) { return conv::ShortDate(conv::NowSerial()); }
 std::string fnTime(CallContext&) { return conv::LongTime(conv::NowSerial()); }
@@ -11,7 +13,7 @@ std::string fnTime(CallContext&) { return conv::LongTime(conv::NowSerial()); }
 // The number of sheets of a long-section parameter set: byte 121 of its
 // drawing parameter file. A file that cannot be read gives "0".
 std::string fnSheets(CallContext& ctx) {
-  std::string set = arg(ctx, 1);
+  std::string set = ctx.arg(1);
   if (set.empty()) return "0";
   ctx.flushAndRun();
   std::string path = fs::join(ctx.mxProjectFolder(), set + ".dpf");
@@ -21,12 +23,19 @@ std::string fnSheets(CallContext& ctx) {
 }
 
 std::string fnInput(CallContext& ctx) {
-  std::string question = arg(ctx, 1);
+  std::string question = ctx.arg(1);
   ctx.flushAndRun();
   std::string prompt = ctx.text("Messages", "s10") + "\r\n\r\n" + question;
   std::string answer;
-  if (!ctx.prompt() || !ctx.prompt()->ask("Korvane", prompt, answer)) return {};
+  if (!ctx.ask("Korvane", prompt, answer)) return {};
   return answer;
 }
+
+constexpr FunctionRow kRows[] = {
+    {"date", fnDate}, {"time", fnTime}, {"sheets", fnSheets}, {"input", fnInput}};
+
+}  // namespace
+
+extern const FunctionRows kOtherFunctions = kRows;
 
 }  // namespace korvane

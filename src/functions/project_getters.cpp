@@ -3,8 +3,9 @@
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/text.h"
-#include "compiler/model_queries.h"
-#include "functions/functions.h"
+#include "compiler/extension/model_queries.h"
+#include "compiler/extension/trap.h"
+#include "functions/function_rows.h"
 
 namespace korvane {
 namespace {
@@ -26,24 +27,21 @@ std::string currentDpf(CallContext& ctx) {
   return from < data->size() ? text::trim(std::string_view(*data).substr(from, 256)) : "";
 }
 
-// Runs `read` on the running AutoCAD's active document; empty text when
-// AutoCAD has no document or refuses a call. No AutoCAD at all ends the run
-// with the lookup's message.
+// Runs `read` on the running AutoCAD's active document, under the error
+// trap: empty text when AutoCAD has no document or refuses a call. No AutoCAD
+// at all ends the run with the lookup's message.
 template <typename F>
 std::string fromActiveDocument(CallContext& ctx, F read) {
   hosts::AutoObject acad = ctx.autocad();
-  try {
-    hosts::AutoObject doc = acad ? acad->get("ActiveDocument").object() : nullptr;
-    return doc ? read(*doc) : std::string();
-  } catch (const hosts::AutomationError&) {
-    return {};
-  }
+  return trapped([&]() -> std::optional<std::string> {
+           hosts::AutoObject doc = acad ? acad->get("ActiveDocument").object() : nullptr;
+           return doc ? read(*doc) : std::string();
+         })
+      .value_or("");
 }
 
-}  // namespace
-
 std::string fnGetparam(CallContext& ctx) {
-  const std::string raw = arg(ctx, 1);
+  const std::string raw = ctx.arg(1);
   const std::string name = cp::lower(text::trim(raw));
   if (name == "projectdir") return ctx.mxProjectFolder();
   if (name == "mmdname") {
@@ -61,7 +59,7 @@ std::string fnGetparam(CallContext& ctx) {
 }
 
 std::string fnGetlispvar(CallContext& ctx) {
-  const std::string expression = arg(ctx, 1);
+  const std::string expression = ctx.arg(1);
   return fromActiveDocument(ctx, [&](hosts::AutomationObject& doc) {
     // AutoCAD evaluates the expression and keeps its value, as text, in USERS5.
     doc.call("SendCommand",
@@ -72,10 +70,20 @@ std::string fnGetlispvar(CallContext& ctx) {
 }
 
 std::string fnGetacadvar(CallContext& ctx) {
-  const std::string variable = arg(ctx, 1);
+  const std::string variable = ctx.arg(1);
   return fromActiveDocument(ctx, [&](hosts::AutomationObject& doc) {
     return doc.call("GetVariable", {variable}).text();
   });
 }
+
+constexpr FunctionRow kRows[] = {
+    {"getparam", fnGetparam},
+    {"getlispvar", fnGetlispvar},
+    {"getacadvar", fnGetacadvar},
+};
+
+}  // namespace
+
+extern const FunctionRows kProjectGetters = kRows;
 
 }  // namespace korvane

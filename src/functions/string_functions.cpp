@@ -1,29 +1,27 @@
-// Text functions. They run under an error trap: a count or position that is not
-// a number, a negative count or a start below 1 leaves the result empty and
-// writes the failure, with the number of arguments the function takes, to the
-// run's log.
+// Text functions. They run under the error trap: a count or position that is
+// not a number, a negative count or a start below 1 leaves the result empty
+// and writes the failure, with the number of arguments the function takes, to
+// the run's log.
+#include <optional>
 #include <string>
 
 #include "base/conversions.h"
-#include "compiler/compile_failure.h"
-#include "compiler/expression.h"
+#include "compiler/extension/call_context.h"
+#include "compiler/extension/text_length.h"
+#include "compiler/extension/trap.h"
 #include "functions/argument_conversion.h"
-#include "functions/functions.h"
+#include "functions/function_rows.h"
 
 namespace korvane {
 namespace {
 
-struct Trapped {};
+using Result = std::optional<std::string>;  // nothing: the arguments are wrong
 
+// `body`'s value under the trap, which takes a body without a value as it
+// takes a failure.
 template <typename F>
-std::string trapped(CallContext& ctx, const char* name, int expected, F body) {
-  try {
-    return body();
-  } catch (const RuntimeFailure&) {
-    // only run-time failures are trapped; a message that ends the run goes on
-  } catch (const conv::ConversionError&) {
-  } catch (const Trapped&) {
-  }
+std::string underTrap(CallContext& ctx, const char* name, int expected, F body) {
+  if (Result value = trapped(body)) return std::move(*value);
   ctx.writeLog(ctx.format("Runtime", "strfunc", name, std::to_string(expected)));
   return {};
 }
@@ -39,18 +37,16 @@ std::size_t replacedLength(const std::string& s, const std::string& what, const 
   return n;
 }
 
-}  // namespace
-
 std::string fnLen(CallContext& ctx) {
-  return trapped(ctx, "len", 1, [&] { return std::to_string(arg(ctx, 1).size()); });
+  return underTrap(ctx, "len", 1, [&]() -> Result { return std::to_string(ctx.arg(1).size()); });
 }
 
 std::string fnReplace(CallContext& ctx) {
   // A result past the longest text ends the run rather than being trapped.
-  checkTextLength(replacedLength(arg(ctx, 1), arg(ctx, 2), arg(ctx, 3)));
-  return trapped(ctx, "replace", 3, [&] {
-    std::string s = arg(ctx, 1);
-    const std::string &what = arg(ctx, 2), &by = arg(ctx, 3);
+  checkTextLength(replacedLength(ctx.arg(1), ctx.arg(2), ctx.arg(3)));
+  return underTrap(ctx, "replace", 3, [&]() -> Result {
+    std::string s = ctx.arg(1);
+    const std::string &what = ctx.arg(2), &by = ctx.arg(3);
     if (what.empty()) return s;
     std::string out;
     std::size_t from = 0;
@@ -61,16 +57,16 @@ std::string fnReplace(CallContext& ctx) {
 }
 
 std::string fnFind(CallContext& ctx) {
-  bool fromEnd = !arg(ctx, 3).empty();
-  return trapped(ctx, "find", fromEnd ? 3 : 2, [&]() -> std::string {
-    const std::string &s = arg(ctx, 1), &what = arg(ctx, 2);
+  bool fromEnd = !ctx.arg(3).empty();
+  return underTrap(ctx, "find", fromEnd ? 3 : 2, [&]() -> Result {
+    const std::string &s = ctx.arg(1), &what = ctx.arg(2);
     if (!fromEnd) {
       std::size_t at = s.find(what);
       return at == std::string::npos ? "0" : std::to_string(position1(at));
     }
     // Only -1 (search from the end) is honoured; any other third argument
     // gives empty text.
-    if (integerArg(ctx, 3) != -1) return {};
+    if (integerArg(ctx, 3) != -1) return "";
     if (what.empty()) return std::to_string(s.size());
     std::size_t at = s.rfind(what);
     return at == std::string::npos ? "0" : std::to_string(position1(at));
@@ -78,18 +74,18 @@ std::string fnFind(CallContext& ctx) {
 }
 
 std::string fnLeft(CallContext& ctx) {
-  return trapped(ctx, "left", 2, [&] {
+  return underTrap(ctx, "left", 2, [&]() -> Result {
     int n = integerArg(ctx, 2);
-    if (n < 0) throw Trapped{};
-    return arg(ctx, 1).substr(0, static_cast<std::size_t>(n));
+    if (n < 0) return std::nullopt;
+    return ctx.arg(1).substr(0, static_cast<std::size_t>(n));
   });
 }
 
 std::string fnRight(CallContext& ctx) {
-  return trapped(ctx, "right", 2, [&] {
+  return underTrap(ctx, "right", 2, [&]() -> Result {
     int n = integerArg(ctx, 2);
-    if (n < 0) throw Trapped{};
-    const std::string& s = arg(ctx, 1);
+    if (n < 0) return std::nullopt;
+    const std::string& s = ctx.arg(1);
     std::size_t k = std::min<std::size_t>(static_cast<std::size_t>(n), s.size());
     return s.substr(s.size() - k);
   });
@@ -98,17 +94,26 @@ std::string fnRight(CallContext& ctx) {
 // `mid` and `char`: with a length, that many characters from the start; without
 // one, the single character at the start.
 std::string fnMid(CallContext& ctx) {
-  bool withLength = !arg(ctx, 3).empty();
-  return trapped(ctx, "mid", withLength ? 3 : 2, [&] {
+  bool withLength = !ctx.arg(3).empty();
+  return underTrap(ctx, "mid", withLength ? 3 : 2, [&]() -> Result {
     std::int32_t start = longArg(ctx, 2);
     std::int32_t length = withLength ? longArg(ctx, 3) : 1;
-    if (start < 1 || length < 0) throw Trapped{};
-    const std::string& s = arg(ctx, 1);
-    if (static_cast<std::size_t>(start) > s.size()) return std::string();
+    if (start < 1 || length < 0) return std::nullopt;
+    const std::string& s = ctx.arg(1);
+    if (static_cast<std::size_t>(start) > s.size()) return "";
     return s.substr(static_cast<std::size_t>(start) - 1, static_cast<std::size_t>(length));
   });
 }
 
-std::string fnFormat(CallContext& ctx) { return conv::Format(arg(ctx, 1), arg(ctx, 2)); }
+std::string fnFormat(CallContext& ctx) { return conv::Format(ctx.arg(1), ctx.arg(2)); }
+
+constexpr FunctionRow kRows[] = {
+    {"len", fnLen},     {"replace", fnReplace}, {"find", fnFind}, {"left", fnLeft},
+    {"right", fnRight}, {"mid", fnMid},         {"char", fnMid},  {"format", fnFormat},
+};
+
+}  // namespace
+
+extern const FunctionRows kStringFunctions = kRows;
 
 }  // namespace korvane

@@ -5,8 +5,8 @@
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "base/text.h"
-#include "compiler/compile_failure.h"
 #include "compiler/expression.h"
+#include "compiler/extension/compile_failure.h"
 
 namespace korvane {
 namespace {

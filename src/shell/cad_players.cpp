@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "base/fs.h"
-#include "compiler/compile_failure.h"
+#include "compiler/extension/compile_failure.h"
 #include "shell/autocad_lookup.h"
 
 namespace korvane {

@@ -173,11 +173,11 @@ void Diagnostics::defaultsApplied(const std::string& defaults) {
 }
 
 void Diagnostics::commandKeywordText(const std::string& keyword, const std::string& text,
-                                     const std::vector<std::string>& fixed) {
+                                     std::span<const std::string_view> fixed) {
   blockOpen_ = false;
   if (defaults_.empty()) return;  // a block without a `default` line names nothing
   std::vector<std::string> known = defaults_;
-  for (const std::string& list : fixed)
+  for (const std::string_view list : fixed)
     for (std::string& n : assignmentNames(list)) known.push_back(std::move(n));
   const Frame* p = place();
   for (const std::string& name : assignmentNames(text)) {

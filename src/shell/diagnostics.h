@@ -57,7 +57,7 @@ class Diagnostics final : public CompileObserver {
   void defaultBlockOpening() override;
   void defaultsApplied(const std::string& defaults) override;
   void commandKeywordText(const std::string& keyword, const std::string& text,
-                          const std::vector<std::string>& fixed) override;
+                          std::span<const std::string_view> fixed) override;
   void rowsWithoutEnd() override;
   void sectionMissing(const std::string& fullName, const std::string& label) override;
 

@@ -2,9 +2,9 @@
 
 #include "base/conversions.h"
 #include "base/text.h"
-#include "compiler/compile_failure.h"
 #include "compiler/compile_pass.h"
 #include "compiler/expression.h"
+#include "compiler/failure_message.h"
 #include "compiler/flush.h"
 
 namespace korvane {
@@ -26,20 +26,22 @@ std::string entryFileSpec(const RunEntry& entry) {
   return entry.section.empty() ? entry.path : entry.path + " [" + entry.section + "]";
 }
 
+namespace {
+
+// Starts an input file: keeps only the "g_" variables, removes a sentinel
+// model left by a failed run, and opens the MX input with the sentinel
+// creation line.
 void beginInputFile(RunContext& ctx) {
   std::string carried;
   for (const auto& [name, value] : ctx.vars.entries())
     if (text::startsWith(name, "g_")) carried += name + "=\"" + value + "\",";
   ctx.vars.clear();
-  ctx.tempCounter = 0;
-  ctx.sources.forget();  // files may have changed since the last entry
+  beginEntry(ctx);
   applyAssignments(ctx, carried);
   // A "g_" variable that an earlier entry left keeps its value.
   for (const auto& [name, value] : ctx.presets)
     if (!text::startsWith(name, "g_") || !ctx.vars.find(name)) ctx.vars.set(name, value);
 
-  ctx.whereFile.clear();
-  ctx.sourceMap.clearNodes();
   ctx.output.setName(mxOutputName(ctx));
   if (ctx.engine && ctx.engine->configuration().modelExists(kSentinelModel)) {
     ctx.output.open(mxOutputName(ctx));
@@ -51,10 +53,10 @@ void beginInputFile(RunContext& ctx) {
 }
 
 // Ends the entry after a failure: closes the output, keeping what was compiled
-// in the save files, and sets the stop state with the failure's message. A
-// message ends the MX input as a finished compile would, without running it;
-// a run-time failure leaves it where the compile stood.
-void endAfterFailure(RunContext& ctx, const CompileFailure& f) {
+// in the save files, and describes the failure. A message ends the MX input
+// as a finished compile would, without running it; a run-time failure leaves
+// it where the compile stood.
+Stopped endAfterFailure(RunContext& ctx, const CompileFailure& f) {
   try {
     const bool mx = ctx.output.isOpen() && ctx.output.isMxChannel();
     if (mx && f.kind() == CompileFailure::Kind::Message) ctx.output.writeLine(kSentinelDelete);
@@ -63,16 +65,14 @@ void endAfterFailure(RunContext& ctx, const CompileFailure& f) {
   } catch (const CompileFailure&) {
     ctx.output.close();  // the first failure is the one to show
   }
-  if (f.kind() == CompileFailure::Kind::Runtime)
-    ctx.failure = FailureReport{ctx.messages.format("Runtime", f.key(), f.arg1(), f.arg2()), f.file,
-                                f.line, f.lineText};
-  ctx.stop.raise(describeFailure(ctx.messages, f));
+  return Stopped{f, describeFailure(ctx.messages, f)};
 }
 
-bool ApplyOneFile(RunContext& ctx, const std::string& entryText) {
+}  // namespace
+
+std::optional<Stopped> ApplyOneFile(RunContext& ctx, const std::string& entryText) {
   const RunEntry entry = parseRunEntry(entryText);
   ctx.save.inputName = entryText;
-  ctx.engineRuns = 0;
   try {
     beginInputFile(ctx);
     CompileFile(ctx, entryFileSpec(entry), "", "", "", CompileMode::Whole);
@@ -87,15 +87,11 @@ bool ApplyOneFile(RunContext& ctx, const std::string& entryText) {
       ctx.output.close();
     }
   } catch (const CompileFailure& f) {
-    endAfterFailure(ctx, f);
-  } catch (const conv::ConversionError& e) {
-    endAfterFailure(ctx, failureFromConversion(e));
-  } catch (const hosts::AutomationError& e) {
-    endAfterFailure(ctx, failureFromAutomation(ctx.messages, e));
-  } catch (const hosts::WorkbookError& e) {
-    endAfterFailure(ctx, failureFromWorkbook(e));
+    return endAfterFailure(ctx, f);
+  } catch (...) {
+    return endAfterFailure(ctx, foreignFailure());  // anything else goes on as it is
   }
-  return !ctx.stop.set;
+  return std::nullopt;
 }
 
 }  // namespace korvane

@@ -3,8 +3,10 @@
 // output is closed and run through MX.
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "compiler/extension/compile_failure.h"
 #include "compiler/run_context.h"
 
 namespace korvane {
@@ -19,14 +21,15 @@ RunEntry parseRunEntry(const std::string& entry);
 // What the compile pass takes for an entry: the file name and its section label.
 std::string entryFileSpec(const RunEntry& entry);
 
-// Starts an input file: keeps only the "g_" variables, resets the temporary
-// counter, removes a sentinel model left by a failed run, and opens the MX
-// input with the sentinel creation line.
-void beginInputFile(RunContext& ctx);
+// How a failure ended a run entry: the failure, with the place where the
+// compile stood, and its text as it is shown.
+struct Stopped {
+  CompileFailure failure;
+  std::string message;
+};
 
-// Compiles and runs one entry. Returns false when a failure ended it: the
-// stop state then holds the language file's message for it. What was
-// compiled before a failure stays written.
-bool ApplyOneFile(RunContext& ctx, const std::string& entry);
+// Compiles and runs one entry; what stopped it, or nothing when it ran to its
+// end. What was compiled before a failure stays written.
+std::optional<Stopped> ApplyOneFile(RunContext& ctx, const std::string& entry);
 
 }  // namespace korvane

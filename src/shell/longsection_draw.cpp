@@ -1,7 +1,7 @@
 #include "shell/longsection_draw.h"
 
 #include "base/fs.h"
-#include "compiler/compile_failure.h"
+#include "compiler/extension/compile_failure.h"
 #include "longsection/svg_writer.h"
 #include "shell/driver.h"
 
@@ -22,8 +22,8 @@ bool drawLongsectionWithoutCad(const RunEnvironment& env, const std::string& inp
     auto data = fs::readFile(file);
     if (!data || !fs::appendFile(kept, *data)) throw RuntimeFailure("write", kept);
   };
-  if (!ApplyOneFile(ctx, input)) {
-    error = ctx.stop.message;
+  if (const std::optional<Stopped> stopped = ApplyOneFile(ctx, input)) {
+    error = stopped->message;
     return false;
   }
   if (!fs::fileExists(out.script)) {

@@ -23,7 +23,6 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
                       const RunSettings& settings, RunProgress* progress) {
   RunOutcome outcome;
   if (entries.empty()) return outcome;
-  ctx.failure.reset();
 
   SaveFiles& save = ctx.save;
   save = SaveFiles{};
@@ -44,19 +43,18 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
     ctx.onEngineRun = [&](int run) {
       if (progress) progress->engineRun(i, run);
     };
-    const bool ok = ApplyOneFile(ctx, entries[i]);
+    const std::optional<Stopped> stopped = ApplyOneFile(ctx, entries[i]);
     ctx.onEngineRun = nullptr;
-    if (progress) progress->entryFinished(i, ok);
-    if (ctx.stop.set) {
+    if (progress) progress->entryFinished(i, !stopped);
+    if (stopped) {
       outcome.stopped = true;
       outcome.stoppedAt = i;
-      outcome.message = ctx.stop.message;
+      outcome.message = stopped->message;
       break;
     }
     ++outcome.entriesRun;
   }
   // Back to idle.
-  ctx.stop.clear();
   ctx.status(ctx.text("StatusBar1", "stat1"));
   return outcome;
 }

@@ -1,6 +1,6 @@
 // The Run command: works through a list of run entries from top to bottom,
-// handing each to ApplyOneFile, with the save modes, the first-file marker and
-// the stop state. Shared by the command line and the desktop window.
+// handing each to ApplyOneFile, with the save modes and the first-file marker,
+// until one stops. Shared by the command line and the desktop window.
 #pragma once
 
 #include <string>

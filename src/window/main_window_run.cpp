@@ -64,7 +64,6 @@ void MainWindow::onRunFinished() {
 }
 
 void MainWindow::idleReset() {
-  session_.ctx.stop.clear();
   if (!running()) viewer_->fill(session_.ctx.vars.viewerItems(), session_.log.text());
   if (inps_->count() > 0 && inps_->selectedItems().isEmpty()) inps_->setCurrentRow(0);
   if (!batch_) focusInputs();

@@ -7,10 +7,9 @@
 
 #include "base/fs.h"
 #include "compiler/compiled_output.h"
-#include "engine/embedded_engine.h"
-#include "shell/driver.h"
 #include "compiler/expression.h"
-#include "shell/driver.h"
+#include "compiler/failure_message.h"
+#include "engine/embedded_engine.h"
 #include "shell/standard_language.h"
 #include "support/process.h"
 
@@ -74,6 +73,12 @@ std::string RecordingEngine::setting(std::string_view name) {
   return it == settings_.end() ? std::string() : it->second;
 }
 
+bool RecordingEngine::modelExists(std::string_view model) {
+  if (!unreadable.empty() && model == unreadable)
+    throw hosts::MxError("the store of " + unreadable + " is damaged");
+  return models.count(std::string(model)) > 0;
+}
+
 hosts::MxRunResult RecordingEngine::run(std::string_view, const std::string& fullName) {
   runs.push_back(fs::readFile(fullName).value_or("<unreadable>"));
   // MX that stops early leaves the sentinel model; one that reaches the end deletes it.
@@ -109,9 +114,15 @@ Compiler::Compiler(const TempProject& p, std::map<std::string, std::string> sett
 }
 
 bool Compiler::compile(const std::string& entry) {
-  ctx.stop.clear();  // each call is a run of its own
-  ctx.failure.reset();
-  return ApplyOneFile(ctx, fs::isAbsolute(entry) ? entry : project.path(entry));
+  stopped = ApplyOneFile(ctx, fs::isAbsolute(entry) ? entry : project.path(entry));
+  return !stopped;
+}
+
+std::string Compiler::stopMessage() const { return stopped ? stopped->message : std::string(); }
+
+std::string Compiler::failure() const {
+  if (!stopped || stopped->failure.kind() != CompileFailure::Kind::Runtime) return "<none>";
+  return runtimeText(ctx.messages, stopped->failure);
 }
 
 Evaluator::Evaluator() {

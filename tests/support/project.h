@@ -11,6 +11,7 @@
 
 #include "compiler/run_context.h"
 #include "hosts/mx/null_engine.h"
+#include "shell/driver.h"
 
 namespace korvane::test {
 
@@ -46,7 +47,7 @@ class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, ho
 
   std::string setting(std::string_view name) override;
   hosts::MxRunResult run(std::string_view verb, const std::string& fullName) override;
-  bool modelExists(std::string_view model) override { return models.count(std::string(model)) > 0; }
+  bool modelExists(std::string_view model) override;
   bool stringExists(std::string_view model, std::string_view label) override {
     return strings.count(std::string(model) + "/" + std::string(label)) > 0;
   }
@@ -59,6 +60,7 @@ class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, ho
   bool leaveSentinel = false;  // simulate MX stopping before the end
   std::string failWith;        // error text the next runs report
   long failLine = 0;           // the input line the next runs name as refused
+  std::string unreadable;      // a model whose store cannot be read: asking throws MxError
 
  private:
   hosts::NullEngine null_;
@@ -77,6 +79,13 @@ struct Compiler {
   // " [section]") as a run of its own; returns false when the run stopped.
   // Variables carry over as between the entries of one run.
   bool compile(const std::string& entry);
+  // How the last compile stopped; nothing when it ran to its end.
+  std::optional<Stopped> stopped;
+  // The message it stopped with, as shown; empty when it ran to its end.
+  std::string stopMessage() const;
+  // The "Runtime" text of the run-time failure it stopped with, without its
+  // place; "<none>" when no run-time failure stopped it.
+  std::string failure() const;
   // The MX lines of the run so far, without sentinel lines.
   std::vector<std::string> lines;
   std::string var(const std::string& name) const;

@@ -7,7 +7,7 @@
 
 #include <map>
 
-#include "compiler/compile_failure.h"
+#include "compiler/extension/compile_failure.h"
 #include "hosts/automation/windows/com_system.h"
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"

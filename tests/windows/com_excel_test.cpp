@@ -9,8 +9,8 @@
 #include <algorithm>
 
 #include "base/fs.h"
-#include "hosts/excel.h"
 #include "hosts/automation/windows/com_system.h"
+#include "hosts/excel.h"
 #include "support/project.h"
 #include "windows/fake_servers.h"
 
@@ -65,7 +65,7 @@ struct ComExcel : ::testing::Test {
     project.write("q.ipf", text);
     return c.compile("q.ipf");
   }
-  std::string failure() const { return c.ctx.failure ? c.ctx.failure->description : "<none>"; }
+  std::string failure() const { return c.failure(); }
 };
 
 TEST_F(ComExcel, XlgetReadsTheValueAndXlputPutsTheFormulaWithoutSaving) {

@@ -8,10 +8,10 @@
 
 #include "base/fs.h"
 #include "base/profile.h"
-#include "shell/engine_choice.h"
 #include "hosts/automation/windows/com_system.h"
 #include "hosts/mx/windows/mx_engine.h"
 #include "shell/driver.h"
+#include "shell/engine_choice.h"
 #include "support/project.h"
 #include "windows/fake_servers.h"
 
@@ -154,14 +154,14 @@ TEST_F(ComMx, ACompileRunThroughMxEndsWithTheSentinelGoneOrStopsWithS5) {
   test::Compiler c(project);
   c.ctx.engine = mx.get();
   project.write("road.ipf", "crea,ROAD\r\n");
-  EXPECT_TRUE(c.compile("road.ipf")) << c.ctx.stop.message;
+  EXPECT_TRUE(c.compile("road.ipf")) << c.stopMessage();
   EXPECT_TRUE(mx->configuration().modelExists("ROAD"));
   EXPECT_FALSE(mx->configuration().modelExists("it is just a flag model"));
 
   project.write("stops.ipf", "fake,stop\r\ncrea,NEVER\r\n");  // MX stops at a line it refuses
   EXPECT_FALSE(c.compile("stops.ipf"));
-  EXPECT_NE(c.ctx.stop.message.find(c.ctx.messages.text("Messages", "s5")), std::string::npos)
-      << c.ctx.stop.message;
+  EXPECT_NE(c.stopMessage().find(c.ctx.messages.text("Messages", "s5")), std::string::npos)
+      << c.stopMessage();
   EXPECT_FALSE(mx->configuration().modelExists("NEVER"));
   mx->configuration().run(
       "input", project.write("clean.txt", "dele,ROAD\r\ndele,it is just a flag model\r\n"));
@@ -173,9 +173,9 @@ TEST_F(ComMx, AnErrorMxRaisesEndsTheRunWithTheMemberAndMxsWords) {
   config->call("FakeRaise", {"ModelExists", "MX is busy with another project"});
   project.write("road.ipf", "crea,ROAD2\r\n");
   EXPECT_FALSE(c.compile("road.ipf"));
-  EXPECT_NE(c.ctx.stop.message.find("ModelExists"), std::string::npos) << c.ctx.stop.message;
-  EXPECT_NE(c.ctx.stop.message.find("MX is busy with another project"), std::string::npos)
-      << c.ctx.stop.message;
+  EXPECT_NE(c.stopMessage().find("ModelExists"), std::string::npos) << c.stopMessage();
+  EXPECT_NE(c.stopMessage().find("MX is busy with another project"), std::string::npos)
+      << c.stopMessage();
 }
 
 TEST_F(ComMx, TheCommandLineRunsThroughTheMxThatKorvaneIniNamesInMxsProject) {

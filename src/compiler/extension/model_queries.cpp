@@ -1,8 +1,8 @@
-#include "compiler/model_queries.h"
+#include "compiler/extension/model_queries.h"
 
 #include "base/codepage.h"
 #include "base/conversions.h"
-#include "compiler/compile_failure.h"
+#include "compiler/extension/compile_failure.h"
 
 namespace korvane {
 
@@ -34,8 +34,8 @@ double chainageArgument(CallContext& ctx, const std::string& argument, std::stri
   }
   try {
     return conv::Val(argument);
-  } catch (const conv::ConversionError& e) {
-    throw failureFromConversion(e, argument);
+  } catch (const conv::ConversionError&) {
+    throw foreignFailure(argument);
   }
 }
 

@@ -1,29 +1,32 @@
 // What a function or an extended command may see and do while a compile runs:
 // its arguments, the variables and expressions, the compiled output and its
 // flush-and-run step, the hosts, the texts of the language file and the
-// shared query state. The compile pass's own bookkeeping stays out of reach.
+// shared query state. The run context itself, and the compile pass's own
+// bookkeeping, stay out of reach.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "compiler/run_context.h"
+#include "hosts/automation.h"
+#include "hosts/excel.h"
+#include "hosts/mx.h"
 
 namespace korvane {
 
+struct RunContext;
+struct QueryState;
+
 class CallContext {
  public:
-  explicit CallContext(RunContext& ctx) : ctx_(ctx) {}
+  explicit CallContext(RunContext& ctx);
 
-  // Argument k (1-based) of the function call being dispatched; the count.
-  const std::string& arg(int k) const { return ctx_.args[k - 1]; }
-  int argCount() const { return ctx_.argCount; }
+  // Argument k (1-based) of the function call being dispatched.
+  const std::string& arg(int k) const { return args_[k - 1]; }
 
   // Variables and expressions.
   std::string evaluate(std::string_view expr);
-  void assign(std::string_view list);  // "name=expr,name=expr,"
   // The value of a variable, or its name when it is not defined.
   std::string variable(std::string_view name) const;
   // The line with every |expr| replaced by its value, as the compile pass
@@ -35,26 +38,24 @@ class CallContext {
   void flushAndRun();
 
   // Texts of the language file.
-  std::string text(const char* section, const char* key) const { return ctx_.text(section, key); }
+  std::string text(const char* section, const char* key) const;
   std::string format(std::string_view section, std::string_view key, std::string_view a1 = {},
-                     std::string_view a2 = {}) const {
-    return ctx_.messages.format(section, key, a1, a2);
-  }
+                     std::string_view a2 = {}) const;
 
   // Folders and hosts.
-  const std::string& projectFolder() const { return ctx_.projectFolder; }  // ends with a separator
-  std::string mxProjectFolder() const { return ctx_.mxProjectFolder(); }
-  const std::string& settingsPath() const { return ctx_.settingsPath; }
-  hosts::MxEngine* engine() const { return ctx_.engine; }
-  InputPrompt* prompt() const { return ctx_.prompt; }
-  void writeLog(const std::string& line) const { ctx_.writeLog(line); }
-  void status(const std::string& text) const { ctx_.status(text); }
+  const std::string& projectFolder() const;  // ends with a separator
+  std::string mxProjectFolder() const;
+  hosts::MxEngine* engine() const;
+  // Asks the user for a text; false when nobody can be asked or the question
+  // was cancelled.
+  bool ask(const std::string& title, const std::string& prompt, std::string& answer) const;
+  void writeLog(const std::string& line) const;
 
   // The string labels that `repeat=each...` iterates.
-  std::vector<std::string>& selection() { return ctx_.selection; }
+  std::vector<std::string>& selection();
 
-  // The shared answer of the model queries (status, point record, point count).
-  QueryState& query() { return ctx_.query; }
+  // The shared answer of the model queries (compiler/extension/model_queries.h).
+  QueryState& query();
 
   // The running AutoCAD's application object; a StopMessage when there is none.
   hosts::AutoObject autocad();
@@ -62,13 +63,14 @@ class CallContext {
   // naming `what` when this build has neither.
   hosts::ExcelHost& excel(std::string_view what) const;
   // Excel, or null when this build has none.
-  hosts::ExcelHost* excelHost() const { return ctx_.excel; }
+  hosts::ExcelHost* excelHost() const;
   // A file the run wrote besides its compiled output (a workbook), for the
   // run's summary.
-  void fileWritten(const std::string& path) { ctx_.filesWritten.insert(path); }
+  void fileWritten(const std::string& path);
 
  private:
   RunContext& ctx_;
+  const std::string* args_;
 };
 
 }  // namespace korvane

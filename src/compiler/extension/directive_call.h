@@ -7,11 +7,16 @@
 #include <array>
 #include <string>
 
-#include "compiler/call_context.h"
+#include "compiler/extension/call_context.h"
 
 namespace korvane {
 
 struct CompileCall;
+class DirectiveCall;
+
+// The compile pass's own state, for the compiler's own directives: defined in
+// compiler/compile_call.h; an extension has the call context alone.
+inline CompileCall& compileCallOf(DirectiveCall& d);
 
 class DirectiveCall {
  public:
@@ -26,14 +31,12 @@ class DirectiveCall {
 
   // The next line of the file being compiled; false at its end.
   bool readLine(std::string& line);
-  // The full name of the file being compiled.
-  const std::string& fileName() const;
 
   CallContext& context() { return context_; }
-  // The compile pass's own state, for the compiler's directives.
-  CompileCall& compileCall() { return call_; }
 
  private:
+  friend CompileCall& compileCallOf(DirectiveCall& d);
+
   CompileCall& call_;
   static inline const std::string kEmpty;
   std::array<std::string, 15> fields_;

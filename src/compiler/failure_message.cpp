@@ -1,32 +1,8 @@
-#include "compiler/compile_failure.h"
+#include "compiler/failure_message.h"
 
 #include "compiler/line_reader.h"
 
 namespace korvane {
-
-RuntimeFailure failureFromAutomation(const Messages& messages, const hosts::AutomationError& e) {
-  if (e.subject.empty()) return RuntimeFailure("automation", e.what(), "");
-  return RuntimeFailure("automation", e.subject,
-                        messages.format("Automation", hosts::reasonKey(e.reason), e.detail));
-}
-
-RuntimeFailure failureFromWorkbook(const hosts::WorkbookError& e) {
-  return RuntimeFailure(hosts::WorkbookError::key(e.reason), e.subject, e.detail);
-}
-
-RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string subject) {
-  if (subject.empty()) subject = e.what();
-  switch (e.code()) {
-    case conv::ConvErrc::Overflow:
-      return RuntimeFailure("overflow", subject);
-    case conv::ConvErrc::TypeMismatch:
-      return RuntimeFailure("mismatch", subject);
-    case conv::ConvErrc::InvalidPattern:
-      return RuntimeFailure("pattern", subject);
-    default:
-      return RuntimeFailure("badarg", subject);
-  }
-}
 
 std::string quotedText(std::string_view text) {
   if (text.size() <= kQuotedTextLength) return std::string(text);
@@ -44,6 +20,12 @@ std::string inputLineText(const std::string& file, long n) {
     // A file that cannot be read back has no text to show.
   }
   return {};
+}
+
+std::string runtimeText(const Messages& messages, const CompileFailure& f) {
+  const std::string a2 =
+      f.reasonKey() ? messages.format("Automation", f.reasonKey(), f.arg2()) : f.arg2();
+  return messages.format("Runtime", f.key(), quotedText(f.arg1()), quotedText(a2));
 }
 
 std::string describeTrail(const Messages& messages, const std::vector<SourcePlace>& trail) {
@@ -81,8 +63,7 @@ std::string describeFailure(const Messages& messages, const CompileFailure& f) {
     }
     return m;
   }
-  std::string m = messages.text("Runtime", "title") + ": " +
-                  messages.format("Runtime", f.key(), quotedText(f.arg1()), quotedText(f.arg2()));
+  std::string m = messages.text("Runtime", "title") + ": " + runtimeText(messages, f);
   if (!f.file.empty())
     m += "\n" + messages.format("Runtime", "where", f.file, std::to_string(f.line));
   if (!f.lineText.empty()) m += "\n" + messages.format("Runtime", "text", quotedText(f.lineText));

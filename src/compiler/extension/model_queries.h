@@ -7,9 +7,19 @@
 #include <string>
 #include <string_view>
 
-#include "compiler/call_context.h"
+#include "compiler/extension/call_context.h"
+#include "hosts/mx.h"
 
 namespace korvane {
+
+// The answer of the model queries, shared by the functions and commands that
+// read MX data: the status word of the last data-access call, the point
+// record it filled and the point count of the last string-information query.
+struct QueryState {
+  std::int32_t status = 0;
+  hosts::PointRecord record;
+  std::int32_t pointCount = 0;
+};
 
 // The engine that answers model queries; a run-time failure naming `function`
 // when the run has none.

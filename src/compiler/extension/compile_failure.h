@@ -1,23 +1,21 @@
 // The one way a compile run ends before its end: a CompileFailure thrown from
 // wherever the run cannot go on, unwinding every level of the compile pass to
-// the driver, which turns it into the language file's message (describe()) and
-// sets the stop state. Two kinds:
+// the driver, which turns it into the language file's message. Two kinds:
 //  - a message of the "Messages" section, shown as it stands: a file or
 //    section that is not there, MX stopping early, no AutoCAD;
 //  - a run-time failure of the "Runtime" section (bad arithmetic, too many
 //    fields, a full variable table, a feature that is not available), shown
 //    with the file, line and line text where the compile stood.
+// An error of the layers below (a conversion, a call to another program, a
+// workbook, an engine that cannot answer) becomes its run-time failure in one
+// place, foreignFailure().
 #pragma once
 
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "base/conversions.h"
-#include "base/messages.h"
-#include "compiler/source_map.h"
-#include "hosts/automation.h"
-#include "hosts/excel.h"
+#include "compiler/extension/source_place.h"
 
 namespace korvane {
 
@@ -30,6 +28,9 @@ class CompileFailure : public std::runtime_error {
   const std::string& key() const { return key_; }
   const std::string& arg1() const { return a1_; }
   const std::string& arg2() const { return a2_; }
+  // For a call to another program that failed: the key of the "Automation"
+  // text that says why, which stands for "%2" with arg2() as its own "%1".
+  const char* reasonKey() const { return reason_; }
 
   // Where the compile stood; filled by the innermost compile level.
   bool located = false;
@@ -50,23 +51,27 @@ class CompileFailure : public std::runtime_error {
   std::vector<SourcePlace> mxSource;
 
  protected:
-  CompileFailure(Kind kind, std::string key, std::string a1, std::string a2)
+  CompileFailure(Kind kind, std::string key, std::string a1, std::string a2,
+                 const char* reason = nullptr)
       : std::runtime_error(key),
         kind_(kind),
         key_(std::move(key)),
         a1_(std::move(a1)),
-        a2_(std::move(a2)) {}
+        a2_(std::move(a2)),
+        reason_(reason) {}
 
  private:
   Kind kind_;
   std::string key_, a1_, a2_;
+  const char* reason_;
 };
 
 // A run-time failure; `key` names the message in the "Runtime" section.
 class RuntimeFailure : public CompileFailure {
  public:
-  explicit RuntimeFailure(std::string key, std::string a1 = {}, std::string a2 = {})
-      : CompileFailure(Kind::Runtime, std::move(key), std::move(a1), std::move(a2)) {}
+  explicit RuntimeFailure(std::string key, std::string a1 = {}, std::string a2 = {},
+                          const char* reason = nullptr)
+      : CompileFailure(Kind::Runtime, std::move(key), std::move(a1), std::move(a2), reason) {}
 };
 
 // A message of the "Messages" section that ends the run.
@@ -76,34 +81,13 @@ class StopMessage : public CompileFailure {
       : CompileFailure(Kind::Message, std::move(key), std::move(a1), std::move(a2)) {}
 };
 
-// The run-time failure for a conversion error; `subject` replaces the text the
-// error names when given (a function names its argument).
-RuntimeFailure failureFromConversion(const conv::ConversionError& e, std::string subject = {});
-
-// The run-time failure for a call to another program that failed: the object
-// and member, and why in the language file's words.
-RuntimeFailure failureFromAutomation(const Messages& messages, const hosts::AutomationError& e);
-
-// The run-time failure for a workbook that cannot be used as asked.
-RuntimeFailure failureFromWorkbook(const hosts::WorkbookError& e);
-
-// How much of a line or a value a message quotes: longer ones are cut and
-// "..." added, so that a failure on a line of 64 KB is a message of a few lines.
-constexpr std::size_t kQuotedTextLength = 200;
-std::string quotedText(std::string_view text);
-
-// The full text shown for a failure: a message as it stands (with MX's error and
-// the place of the flush for a run MX did not finish); a run-time failure with
-// its title, the file and line, and the line's text.
-std::string describeFailure(const Messages& messages, const CompileFailure& f);
-
-// The lines that tell how the compile came to a place: each outer place of
-// `trail` (innermost first) as "inserted by FILE, line N", with the pass of a
-// repetition.
-std::string describeTrail(const Messages& messages, const std::vector<SourcePlace>& trail);
-
-// The text of line n (1-based) of an input file, as the compile pass reads it;
-// empty when the file or the line is not there.
-std::string inputLineText(const std::string& file, long n);
+// Called inside a catch block: the run-time failure for the error being
+// handled when it is an error of the layers below — a conversion (naming
+// `subject` instead of the error's own text when one is given: a function
+// names its argument), a call to another program, a workbook that cannot be
+// used as asked, an engine that cannot answer at all. Anything else is
+// rethrown as it is: a CompileFailure, and what is no failure of the input
+// (bad_alloc, a logic error).
+RuntimeFailure foreignFailure(std::string subject = {});
 
 }  // namespace korvane

@@ -1,4 +1,4 @@
-#include "compiler/workbook_path.h"
+#include "compiler/extension/workbook_path.h"
 
 #include "base/fs.h"
 

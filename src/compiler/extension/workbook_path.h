@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "compiler/call_context.h"
+#include "compiler/extension/call_context.h"
 
 namespace korvane {
 

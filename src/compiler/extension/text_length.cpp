@@ -1,0 +1,13 @@
+#include "compiler/extension/text_length.h"
+
+#include <string>
+
+#include "compiler/extension/compile_failure.h"
+
+namespace korvane {
+
+void checkTextLength(std::size_t length) {
+  if (length > kMaxTextLength) throw RuntimeFailure("textlen", std::to_string(kMaxTextLength));
+}
+
+}  // namespace korvane

@@ -1,0 +1,17 @@
+// Functions whose implementations are not part of this build (the
+// superelevation query) end the run with a clear message.
+#include "compiler/extension/compile_failure.h"
+#include "functions/function_rows.h"
+
+namespace korvane {
+namespace {
+
+std::string fnPls(CallContext&) { throw RuntimeFailure("notavail", "pls"); }
+
+constexpr FunctionRow kRows[] = {{"pls", fnPls}};
+
+}  // namespace
+
+extern const FunctionRows kUnavailableFunctions = kRows;
+
+}  // namespace korvane
