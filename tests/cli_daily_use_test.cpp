@@ -59,7 +59,8 @@ TEST_F(DailyUse, LanguageChosenOnTheCommandLineOrInTheEnvironment) {
   EXPECT_EQ(runKorvane(project.folder(), "compile --home '" + home + "'", "KORVANE_LANG=en"), 2);
   EXPECT_EQ(err(), "korvane: ENTRY is missing\nSee: korvane help [COMMAND]\n");
   EXPECT_EQ(run("compile --lang hu"), 2);
-  EXPECT_EQ(err(), asShown("korvane: Hi\xE1nyzik: ENTRY\nSeg\xEDts\xE9g: korvane help [PARANCS]\n"));
+  EXPECT_EQ(err(),
+            asShown("korvane: Hi\xE1nyzik: ENTRY\nSeg\xEDts\xE9g: korvane help [PARANCS]\n"));
 }
 
 TEST_F(DailyUse, HelpVersionAndMistypedCommands) {

@@ -7,15 +7,14 @@
 #include <map>
 
 #include "base/fs.h"
-#include "hosts/excel.h"
-#include "support/project.h"
+#include "support/excel_project.h"
 
-using namespace korvane;
+namespace korvane::test {
+namespace {
+
 using hosts::AutoObject;
 using hosts::AutoValue;
 using Lines = std::vector<std::string>;
-
-namespace {
 
 // Logs every member used; `objects` answers calls and gets that give objects.
 struct Recorder : hosts::AutomationObject {
@@ -71,24 +70,18 @@ struct Automation : hosts::AutomationSystem {
   std::vector<std::string> registrySubkeys(const std::string&) override { return {}; }
 };
 
-struct ExcelOverAutomation : ::testing::Test {
-  test::TempProject project;
-  test::Compiler c{project, {}, test::EngineChoice::Embedded};
+struct ExcelOverAutomation : ExcelProject {
   Lines log;
   Automation system{log};
-  std::unique_ptr<hosts::ExcelHost> excel = hosts::makeAutomationExcel(system);
   std::shared_ptr<Recorder> app = std::make_shared<Recorder>(log, "excel");
 
-  void SetUp() override { c.ctx.excel = excel.get(); }
+  ExcelOverAutomation() : ExcelProject(EngineChoice::Embedded) {
+    use(hosts::makeAutomationExcel(system));
+  }
   std::string book(const std::string& name) {
     project.write("excel/" + name, "");
     return project.path("excel") + fs::kSep + name;
   }
-  bool compile(const std::string& text) {
-    project.write("q.ipf", text);
-    return c.compile("q.ipf");
-  }
-  std::string failure() const { return c.ctx.failure ? c.ctx.failure->description : "<none>"; }
 };
 
 TEST_F(ExcelOverAutomation, CellsAreReachedThroughTheWorkbookOfThePath) {
@@ -137,9 +130,10 @@ TEST_F(ExcelOverAutomation, TheDitchMacrosRunInTheRunningExcelWithArgumentsByRef
 TEST_F(ExcelOverAutomation, NoRunningExcelIsTheAddInMessage) {
   book("ditch.xls");
   EXPECT_FALSE(compile("ditch_pips,T\r\nbasexls=ditch\r\n"));
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.text("Messages", "s12"));
+  EXPECT_EQ(c.ctx.stop.message,
+            "The Excel macro call failed. Is Excel running with the Tabulon.xla add-in loaded?");
   EXPECT_FALSE(compile("xlmacro,Book.xlsm!Go\r\n"));  // no excel.exe process
-  EXPECT_EQ(c.ctx.stop.message, c.ctx.text("Messages", "s8"));
+  EXPECT_EQ(c.ctx.stop.message, "xlmacro needs a running Excel. Start Excel and run again.");
   system.processes = {"EXCEL.EXE"};
   system.running["Excel.Application"] = app;
   ASSERT_TRUE(compile("xlmacro,Book.xlsm!Go,1,x\r\n")) << failure();
@@ -147,3 +141,4 @@ TEST_F(ExcelOverAutomation, NoRunningExcelIsTheAddInMessage) {
 }
 
 }  // namespace
+}  // namespace korvane::test

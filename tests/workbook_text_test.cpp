@@ -12,12 +12,10 @@
 #include "hosts/excel/workbook/formula_shift.h"
 #include "hosts/excel/workbook/typed_entry.h"
 #include "hosts/excel/workbook/xlsx_workbook.h"
-#include "support/process.h"
-#include "support/project.h"
+#include "support/excel_project.h"
+#include "support/vectors.h"
 
-using namespace korvane;
-using hosts::workbook::CellAddress;
-
+namespace korvane::test {
 namespace {
 
 // Writes book.xlsx as Excel would store it: A1:A3 hold 1, 2, 3; B1:B3 the
@@ -73,21 +71,9 @@ assert '<t>cr_x000D_here _x005F_x0042_</t>' in sst, sst
 print('read back')
 )py";
 
-struct WorkbookText : ::testing::Test {
-  test::TempProject project;
-  std::string book;
-
-  void SetUp() override {
-    project.write("check.py", kPython);
-    book = project.path("book.xlsx");
-    ASSERT_EQ(python("make"), 0) << project.read("python.txt");
-  }
-  int python(const std::string& step) {
-    test::ProgramRun run;
-    run.argv = {"/usr/bin/python3", project.path("check.py"), step, book};
-    run.out = run.err = project.path("python.txt");
-    return test::runProgram(run);
-  }
+struct WorkbookText : ExcelProject {
+  std::string book = project.path("book.xlsx");
+  void SetUp() override { ASSERT_EQ(python(kPython, {"make", book}), 0) << python(); }
 };
 
 TEST_F(WorkbookText, AFormulaFilledDownAndEscapedCharactersReadAsExcelShowsThem) {
@@ -117,19 +103,15 @@ TEST_F(WorkbookText, OverwritingTheFirstCellOfAFilledFormulaKeepsTheOthersAndEsc
   }
   hosts::workbook::XlsxWorkbook wb(book);
   EXPECT_EQ(wb.value(0, {4, 1}), "cr\rhere _x0042_");
-  EXPECT_EQ(python("check"), 0) << project.read("python.txt");
+  EXPECT_EQ(python(kPython, {"check", book}), 0) << python();
 }
 
 TEST(FormulaShift, ReferencesMoveAsExcelMovesThemWhenItFills) {
-  using hosts::workbook::shiftFormula;
-  EXPECT_EQ(shiftFormula("SUM(A1:B2)*$C$3", 1, 2), "SUM(C2:D3)*$C$3");
-  EXPECT_EQ(shiftFormula("$A1+A$1", 2, 3), "$A3+D$1");
-  EXPECT_EQ(shiftFormula("Data!B3+'Munka 1'!B3", 1, 0), "Data!B4+'Munka 1'!B4");
-  EXPECT_EQ(shiftFormula("\"A1\"&LOG10(A1)&Table1[Col1]", 0, 1), "\"A1\"&LOG10(B1)&Table1[Col1]");
-  EXPECT_EQ(shiftFormula("SUM(A:B)+SUM(2:3)", 1, 1), "SUM(B:C)+SUM(3:4)");
-  EXPECT_EQ(shiftFormula("A1+XFD1", 0, 1), "B1+#REF!");
-  EXPECT_EQ(shiftFormula("A2-A1", -1, 0), "A1-#REF!");
-  EXPECT_EQ(shiftFormula("TRUE+ABCD1+A1B", 5, 5), "TRUE+ABCD1+A1B");
+  for (const auto& v : readVectors("formula_shift.txt", 4))
+    EXPECT_EQ(
+        hosts::workbook::shiftFormula(v.fields[0], std::stoi(v.fields[1]), std::stoi(v.fields[2])),
+        v.fields[3])
+        << v.where;
 }
 
 TEST(EscapedCellText, ReadAndWrittenAsExcelDoes) {
@@ -146,5 +128,6 @@ TEST(EscapedCellText, ReadAndWrittenAsExcelDoes) {
 }
 
 }  // namespace
+}  // namespace korvane::test
 
 #endif

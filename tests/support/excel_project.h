@@ -1,0 +1,49 @@
+// Test support: input texts compiled in a throw-away project with the Excel
+// host under test, and Python scripts that make workbooks as other programs
+// store them and check what Korvane wrote into them.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hosts/excel.h"
+#include "support/process.h"
+#include "support/project.h"
+
+namespace korvane::test {
+
+struct ExcelProject : ::testing::Test {
+  TempProject project;
+  Compiler c;
+  std::unique_ptr<hosts::ExcelHost> excel;
+
+  explicit ExcelProject(EngineChoice engine = EngineChoice::Recording) : c{project, {}, engine} {
+    project.write("excel/.keep", "");  // the project's workbook folder
+  }
+  void use(std::unique_ptr<hosts::ExcelHost> host) {
+    excel = std::move(host);
+    c.ctx.excel = excel.get();
+  }
+  // Compiles `text` as the input q.ipf; false when the run stopped.
+  bool compile(const std::string& text) {
+    project.write("q.ipf", text);
+    return c.compile("q.ipf");
+  }
+  std::string failure() const { return c.ctx.failure ? c.ctx.failure->description : "<none>"; }
+
+  // Runs the Python `script` with `args`; what it prints is python().
+  int python(const std::string& script, std::vector<std::string> args) {
+    project.write("script.py", script);
+    ProgramRun run;
+    run.argv = {"/usr/bin/python3", project.path("script.py")};
+    run.argv.insert(run.argv.end(), args.begin(), args.end());
+    run.out = run.err = project.path("python.txt");
+    return runProgram(run);
+  }
+  std::string python() const { return project.read("python.txt"); }
+};
+
+}  // namespace korvane::test
