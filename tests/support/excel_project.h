@@ -1,6 +1,6 @@
 // Test support: input texts compiled in a throw-away project with the Excel
-// host under test, and Python scripts that make workbooks as other programs
-// store them and check what Korvane wrote into them.
+// host under test, and the Python scripts of tests/workbooks/ that make
+// workbooks as other programs store them and check what Korvane wrote.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -34,11 +34,11 @@ struct ExcelProject : ::testing::Test {
   }
   std::string failure() const { return c.ctx.failure ? c.ctx.failure->description : "<none>"; }
 
-  // Runs the Python `script` with `args`; what it prints is python().
+  // Runs the Python script tests/workbooks/`script` with `args`; what it
+  // prints is python().
   int python(const std::string& script, std::vector<std::string> args) {
-    project.write("script.py", script);
     ProgramRun run;
-    run.argv = {"/usr/bin/python3", project.path("script.py")};
+    run.argv = {"/usr/bin/python3", sourceDir() + "/tests/workbooks/" + script};
     run.argv.insert(run.argv.end(), args.begin(), args.end());
     run.out = run.err = project.path("python.txt");
     return runProgram(run);
