@@ -6,7 +6,7 @@
 
 #include "base/fs.h"
 
-using namespace korvane;
+namespace korvane::test {
 
 namespace {
 
@@ -115,3 +115,5 @@ TEST(ToRunDelete, CurrentPositionSurvivesAndCopyAllUsesCrLf) {
   two.clear();
   EXPECT_EQ(two.copyAllText(), "");
 }
+
+}  // namespace korvane::test

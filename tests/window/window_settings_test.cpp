@@ -9,7 +9,7 @@
 #include "base/profile.h"
 #include "support/project.h"
 
-using namespace korvane;
+namespace korvane::test {
 
 namespace {
 
@@ -20,7 +20,7 @@ std::string ini(const std::string& position) {
 }  // namespace
 
 TEST(WindowSettingsFile, ValuesReadAs16BitIntegersOrNotAtAll) {
-  test::TempProject p;
+  TempProject p;
   const std::string file = p.write(
       "Korvane.ini", ini("Top=-200\r\nLeft=abc\r\nWidth=70000\r\nHeight= 480 \r\ndirWidth=2400\r\n"
                          "inpWidth=1.5e3\r\nDir=true\r\nSaveSingleFile=1\r\nSaveSeparateFiles=7\r\n"
@@ -44,7 +44,7 @@ TEST(WindowSettingsFile, ValuesReadAs16BitIntegersOrNotAtAll) {
 }
 
 TEST(WindowSettingsFile, WrittenInOrderAndReadBack) {
-  test::TempProject p;
+  TempProject p;
   const std::string file = p.write("Korvane.ini", ini("; layout\r\nTop=1\r\n"));
   WindowState st;
   st.top = 600;
@@ -116,3 +116,5 @@ TEST(FolderPanel, StartUpRuleAndSlideSteps) {
   EXPECT_EQ(slideClosedWidths(500), (std::vector<int>{500, 380, 260, 150}));
   EXPECT_EQ(slideClosedWidths(100), (std::vector<int>{150}));
 }
+
+}  // namespace korvane::test
