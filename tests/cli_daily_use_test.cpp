@@ -1,10 +1,11 @@
 // The command line as engineers use it every day: the project folder found
 // from the entries, the same engine for compile and run, the language chosen
 // on the command line, help, version, presets, sections, input files in
-// UTF-8 and the summary of the files a run wrote.
+// UTF-8, accented folder names and the summary of the files a run wrote.
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 
 #include "base/fs.h"
 #include "support/cli.h"
@@ -95,6 +96,30 @@ TEST_F(DailyUse, AUtf8FileWithoutAMarkIsReadAsUtf8AndOutputsStayWindows1250) {
   EXPECT_EQ(project.read("tmpinput.txt").find("\xC5\x90"), std::string::npos);
   ASSERT_EQ(run("run u.ipf"), 0) << err();
   ASSERT_EQ(run("models delete '\xC5\x90SZI \xC3\x9CTEM'"), 0) << err();  // by its name as typed
+}
+
+// Hungarian engineers name folders "Útépítés": a project folder and input
+// files with accented names work on every path that touches the disk.
+TEST_F(DailyUse, RunAndModelsWorkInAnAccentedProjectFolder) {
+  namespace stdfs = std::filesystem;
+  // "Útépítés" and "főút.ipf" in the users' code page; "ő" is not in Latin-1.
+  const std::string folder = project.path("\xDAt\xE9p\xEDt\xE9s");
+  const std::string entry = fs::join(fs::join(folder, "inputs"), "f\xF5\xFAt.ipf");
+  const stdfs::path root = fs::native(folder);
+  stdfs::create_directories(root / "inputs");
+  std::ofstream(fs::native(entry), std::ios::binary) << "crea,ROAD\r\n";
+  const std::string where = " --project '" + asShown(folder) + "'";
+
+  EXPECT_EQ(run("run '" + asShown(entry) + "'" + where), 0) << err();
+  EXPECT_TRUE(stdfs::exists(root / "korvane-models.db"));
+  EXPECT_TRUE(stdfs::exists(root / "tmpinput.txt"));
+  EXPECT_EQ(run("models list" + where), 0) << err();
+  EXPECT_NE(out().find("ROAD"), std::string::npos);
+  // Nothing was made under a mangled name beside it.
+  int entries = 0;
+  for (const auto& e : stdfs::directory_iterator(fs::native(project.folder())))
+    entries += e.is_directory();
+  EXPECT_EQ(entries, 2);  // the accented folder and the fixture's inputs folder
 }
 
 // The files the summary of the last run lists. The shell's redirections of

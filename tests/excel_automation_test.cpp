@@ -104,19 +104,13 @@ TEST_F(ExcelOverAutomation, CellsAreReachedThroughTheWorkbookOfThePath) {
                         "sheets.Item(1)", "sheet.Range(B2)", "cell.Value"}));
 }
 
-// Model T's string S1 runs (10,10) (13,14) (19,22): chainages 0, 5 and 15.
-const char* const kModel =
-    "geni,T\r\n001format(3f12.3)\r\n080,S1,,7=3\r\n"
-    "00000010.00000000010.00000000000.000\r\n00000013.00000000014.00000000000.000\r\n"
-    "00000019.00000000022.00000000000.000\r\n00000000.00000000000.00000000000.000\r\n999\r\n";
-
 TEST_F(ExcelOverAutomation, TheDitchMacrosRunInTheRunningExcelWithArgumentsByReference) {
   const std::string path = book("ditch.xls");
   system.running["Excel.Application"] = app;
   app->onRun = [](std::vector<AutoValue>& args) {
     if (args.size() > 3) args[3] = AutoValue("crea,FROM MACRO");  // the result text
   };
-  ASSERT_TRUE(compile(std::string(kModel) + "ditch_list,T\r\nmast=S1,\xE1xe=9\r\n" +
+  ASSERT_TRUE(compile(std::string(kDitchModel) + "ditch_list,T\r\nmast=S1,\xE1xe=9\r\n" +
                       "ditch_pips,t\r\nbasexls=ditch\r\n"))
       << failure();
   EXPECT_EQ(log, (Lines{"running Excel.Application",

@@ -15,6 +15,13 @@
 
 namespace korvane::test {
 
+// GENIO lines that make the model T, whose string S1 runs (10,10) (13,14)
+// (19,22): chainages 0, 5 and 15, a master for the ditch commands.
+inline constexpr const char* kDitchModel =
+    "geni,T\r\n001format(3f12.3)\r\n080,S1,,7=3\r\n"
+    "00000010.00000000010.00000000000.000\r\n00000013.00000000014.00000000000.000\r\n"
+    "00000019.00000000022.00000000000.000\r\n00000000.00000000000.00000000000.000\r\n999\r\n";
+
 struct ExcelProject : ::testing::Test {
   TempProject project;
   Compiler c;

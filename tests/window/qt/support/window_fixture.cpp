@@ -130,12 +130,8 @@ BoxCatcher::BoxCatcher() {
       ++boxes;
       title = input->windowTitle();
       text = input->labelText();
-      if (cancel) {
-        input->reject();
-      } else {
-        input->setTextValue(answer);
-        input->accept();
-      }
+      input->setTextValue(answer);
+      input->accept();
     }
   });
   timer_.start();

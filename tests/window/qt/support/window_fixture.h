@@ -65,14 +65,13 @@ class WindowFixture {
 };
 
 // Waits for modal boxes and answers them: message boxes with their first
-// button, input boxes with `answer` (or cancels them when `cancel`).
+// button, input boxes with `answer`.
 class BoxCatcher : public QObject {
  public:
   BoxCatcher();
   QString title, text;
   int boxes = 0;
   QString answer;
-  bool cancel = false;
   // Called with each box before it is answered (screenshots).
   std::function<void(QWidget*)> onBox;
 
