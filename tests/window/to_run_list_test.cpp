@@ -58,12 +58,6 @@ TEST(ToRunPick, SectionsPrivateSectionsAndWholeFiles) {
   EXPECT_TRUE(isPrivateSection("_x"));
   EXPECT_FALSE(isPrivateSection("x_"));
   EXPECT_FALSE(isPrivateSection(""));
-
-  // Duplicates are allowed.
-  ToRunList l;
-  l.add(pickedEntry(kFolder, "road.ipf", true, &main));
-  l.add(pickedEntry(kFolder, "road.ipf", true, &main));
-  EXPECT_EQ(l.entries, (Entries{kRoad + " [main]", kRoad + " [main]"}));
 }
 
 TEST(ToRunList, MovesAndDeletes) {

@@ -74,33 +74,23 @@ TEST(WindowSettingsFile, WrittenInOrderAndReadBack) {
   EXPECT_EQ(ReadProfileString("Position", "Dir", file), "True");
 }
 
+// A window designed at 600, 600, 9000 by 6000 twips on a screen of 19200 by 10800.
 TEST(WindowGeometry, KeptOnTheScreen) {
-  const Geometry designed{600, 600, 9000, 6000};
-  WindowSettings s;
-  s.top = -200;
-  s.left = 20000;  // beyond the 19200-twip screen
-  Geometry g = restoredGeometry(s, designed, 19200, 10800);
-  EXPECT_EQ(g.top, 0);
-  EXPECT_EQ(g.left, 0);
-  EXPECT_EQ(g.width, 9000);
-
-  s = {};
-  s.top = 9000;
-  s.left = 15000;
-  s.width = 25000;  // wider than the screen: cut, then moved left to fit
-  s.height = 4000;
-  g = restoredGeometry(s, designed, 19200, 10800);
-  EXPECT_EQ(g.width, 19200);
-  EXPECT_EQ(g.left, 0);
-  EXPECT_EQ(g.height, 4000);
-  EXPECT_EQ(g.top, 10800 - 4000);  // moved up so that the bottom is on the screen
-
-  s = {};
-  s.width = -5;  // a size that cannot be: the designed one stays
-  s.height = 0;
-  g = restoredGeometry(s, designed, 19200, 10800);
-  EXPECT_EQ(g.width, 9000);
-  EXPECT_EQ(g.height, 6000);
+  using V = std::optional<std::int16_t>;
+  const auto placed = [](V top, V left, V width, V height) {
+    WindowSettings s;
+    s.top = top;
+    s.left = left;
+    s.width = width;
+    s.height = height;
+    const Geometry g = restoredGeometry(s, {600, 600, 9000, 6000}, 19200, 10800);
+    return std::to_string(g.top) + "," + std::to_string(g.left) + " " + std::to_string(g.width) +
+           "x" + std::to_string(g.height);
+  };
+  EXPECT_EQ(placed(-200, 20000, {}, {}), "0,0 9000x6000");  // off the screen: at its edge
+  // Wider than the screen: cut, then moved left and up to fit.
+  EXPECT_EQ(placed(9000, 15000, 25000, 4000), "6800,0 19200x4000");
+  EXPECT_EQ(placed({}, {}, -5, 0), "600,600 9000x6000");  // sizes that cannot be: as designed
 }
 
 TEST(FolderPanel, StartUpRuleAndSlideSteps) {
