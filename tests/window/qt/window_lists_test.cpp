@@ -177,35 +177,27 @@ void WindowListsTest::fileMenuStates() {
   f.write("a.ipf", "[main]\r\n[end]\r\n");
   f.write("b.ipf", "crea,b\r\n");
   MainWindow& w = f.open();
-  auto* menu = child<QMenu>(&w, "mnuFile");
-  auto enabled = [&](const char* name) {
-    emit menu->aboutToShow();
-    return w.action(name)->isEnabled();
+  // The File menu's entries as it shows them, "-" before those that are disabled.
+  const auto menu = [&] {
+    emit child<QMenu>(&w, "mnuFile")->aboutToShow();
+    QString shown;
+    for (const char* a : {"Edit", "Select", "SelectAll", "Delete", "DeleteAll"})
+      shown += QString(w.action(QString("mnu") + a)->isEnabled() ? " " : " -") + a;
+    return shown.trimmed();
   };
-
-  // A file with sections, none selected.
-  QVERIFY(enabled("mnuEdit"));
-  QVERIFY(!enabled("mnuSelect"));
-  QVERIFY(enabled("mnuSelectAll"));
-  QVERIFY(!enabled("mnuDelete"));
-  QVERIFY(!enabled("mnuDeleteAll"));
+  // A file with sections, none selected; then a section picked and an entry selected.
+  QCOMPARE(menu(), QString("Edit -Select SelectAll -Delete -DeleteAll"));
   clickOn(f.list("subs"), 0);
-  QVERIFY(enabled("mnuSelect"));
+  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete -DeleteAll"));
   w.action("mnuSelect")->trigger();
-  QVERIFY(enabled("mnuDeleteAll"));
-  QVERIFY(!enabled("mnuDelete"));
+  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete DeleteAll"));
   f.list("ToRun")->item(0)->setSelected(true);
-  QVERIFY(enabled("mnuDelete"));
-
-  // A file without sections can be picked whole; Select all has nothing to do.
+  QCOMPARE(menu(), QString("Edit Select SelectAll Delete DeleteAll"));
+  // A file without sections is picked whole; no input file selected.
   clickOn(f.list("inps"), 1);
-  QVERIFY(enabled("mnuSelect"));
-  QVERIFY(!enabled("mnuSelectAll"));
-
-  // No input file selected.
+  QCOMPARE(menu(), QString("Edit Select -SelectAll Delete DeleteAll"));
   f.list("inps")->clearSelection();
-  QVERIFY(!enabled("mnuEdit"));
-  QVERIFY(!enabled("mnuSelect"));
+  QCOMPARE(menu(), QString("-Edit -Select -SelectAll Delete DeleteAll"));
 }
 
 void WindowListsTest::homeWithAndWithoutInputs() {
