@@ -1,5 +1,7 @@
 // `korvane run` end to end with the embedded engine, on the example project
-// (the settings found through KORVANE_HOME) and on inputs that end badly.
+// (the settings found through KORVANE_HOME) and on inputs that end badly. How
+// an engine error is reported is tests/source_map_test.cpp; that the entries
+// after it do not run, tests/run_command_test.cpp.
 #include <gtest/gtest.h>
 
 #include <regex>
@@ -57,18 +59,6 @@ TEST_F(CliRun, TheExampleRelabelsIntoTheDrawingAndTrimsItsSections) {
   EXPECT_NE(out().find("'MAST'"), std::string::npos) << out();
   EXPECT_NE(out().find("'E000'"), std::string::npos) << out();
   EXPECT_EQ(out().find("'GRND'"), std::string::npos) << out();  // the run beyond the edge went
-}
-
-TEST_F(CliRun, AnEngineErrorStopsWithTheEnginesMessageAndTheNextRunStartsCleanly) {
-  project.write("bad.ipf", "crea,A\nnonsense,record\ncrea,B\n");
-  project.write("good.ipf", "crea,C\n");
-  EXPECT_EQ(run("run bad.ipf good.ipf --save-sep"), 1);
-  EXPECT_NE(err().find("nonsense,record"), std::string::npos) << err();
-  EXPECT_EQ(out().find("[2/2]"), std::string::npos);  // the second entry never ran
-  EXPECT_EQ(project.read("compiled_bad.inp"), "crea,A\r\nnonsense,record\r\ncrea,B\r\n");
-  EXPECT_EQ(run("run good.ipf"), 0) << err();
-  EXPECT_TRUE(listed("C", 0, 0)) << out();
-  EXPECT_EQ(out().find("it is just a flag model"), std::string::npos) << out();
 }
 
 // SQLite's files beside the store that are still there: none may stay once
