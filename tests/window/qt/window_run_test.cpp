@@ -36,7 +36,6 @@ void WindowRunTest::aStopInTheSecondOfThreeEntries() {
   f.write("a.ipf", "#g_first=a\r\ncrea,a\r\n");
   f.write("b.ipf", "#g_second=b|g_first|\r\ninsert,missing.\r\n#g_after=x\r\n");
   f.write("c.ipf", "#g_third=c\r\ncrea,c\r\n");
-  f.write("complete.inp", "stale");
   f.setPosition("SaveSeparateFiles", "1");
   MainWindow& w = f.open();
   f.queue({"a.ipf", "b.ipf", "c.ipf"});
@@ -64,10 +63,8 @@ void WindowRunTest::aStopInTheSecondOfThreeEntries() {
   QVERIFY(w.action("mnuRun")->isEnabled());
   QVERIFY(!w.action("mnuStop")->isEnabled());
 
-  // The first two ran, the third did not; the stale combined file is gone.
+  // The first two ran, with the save mode of the settings; the third did not.
   QVERIFY(fs::fileExists(f.path("compiled_b.inp")));
-  QVERIFY(!fs::fileExists(f.path("compiled_c.inp")));
-  QVERIFY(!fs::fileExists(f.path("complete.inp")));
   QVERIFY(f.variables().contains("g_second=ba"));
   QVERIFY(!f.variables().join(" ").contains("g_third"));
   QVERIFY(!f.variables().join(" ").contains("g_after"));
