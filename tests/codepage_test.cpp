@@ -2,7 +2,8 @@
 
 #include <gtest/gtest.h>
 
-using namespace korvane;
+namespace korvane::test {
+namespace {
 
 TEST(CodePage, HungarianLettersChangeCase) {
   // "ÁÉÍÓÖŐÚÜŰ" in Windows-1250
@@ -24,3 +25,6 @@ TEST(CodePage, Utf8RoundTrip) {
   EXPECT_FALSE(cp::looksLikeUtf8(cp1250));
   EXPECT_EQ(cp::fromUtf8("\xE2\x82\xAC \xE4\xB8\xAD"), "\x80 ?");  // euro maps, CJK does not
 }
+
+}  // namespace
+}  // namespace korvane::test

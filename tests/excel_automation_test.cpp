@@ -7,15 +7,14 @@
 #include <map>
 
 #include "base/fs.h"
-#include "hosts/excel.h"
-#include "support/project.h"
+#include "support/excel_project.h"
 
-using namespace korvane;
+namespace korvane::test {
+namespace {
+
 using hosts::AutoObject;
 using hosts::AutoValue;
 using Lines = std::vector<std::string>;
-
-namespace {
 
 // Logs every member used; `objects` answers calls and gets that give objects.
 struct Recorder : hosts::AutomationObject {
@@ -71,24 +70,18 @@ struct Automation : hosts::AutomationSystem {
   std::vector<std::string> registrySubkeys(const std::string&) override { return {}; }
 };
 
-struct ExcelOverAutomation : ::testing::Test {
-  test::TempProject project;
-  test::Compiler c{project, {}, test::EngineChoice::Embedded};
+struct ExcelOverAutomation : ExcelProject {
   Lines log;
   Automation system{log};
-  std::unique_ptr<hosts::ExcelHost> excel = hosts::makeAutomationExcel(system);
   std::shared_ptr<Recorder> app = std::make_shared<Recorder>(log, "excel");
 
-  void SetUp() override { c.ctx.excel = excel.get(); }
+  ExcelOverAutomation() : ExcelProject(EngineChoice::Embedded) {
+    use(hosts::makeAutomationExcel(system));
+  }
   std::string book(const std::string& name) {
     project.write("excel/" + name, "");
     return project.path("excel") + fs::kSep + name;
   }
-  bool compile(const std::string& text) {
-    project.write("q.ipf", text);
-    return c.compile("q.ipf");
-  }
-  std::string failure() const { return c.failure(); }
 };
 
 TEST_F(ExcelOverAutomation, CellsAreReachedThroughTheWorkbookOfThePath) {
@@ -111,19 +104,13 @@ TEST_F(ExcelOverAutomation, CellsAreReachedThroughTheWorkbookOfThePath) {
                         "sheets.Item(1)", "sheet.Range(B2)", "cell.Value"}));
 }
 
-// Model T's string S1 runs (10,10) (13,14) (19,22): chainages 0, 5 and 15.
-const char* const kModel =
-    "geni,T\r\n001format(3f12.3)\r\n080,S1,,7=3\r\n"
-    "00000010.00000000010.00000000000.000\r\n00000013.00000000014.00000000000.000\r\n"
-    "00000019.00000000022.00000000000.000\r\n00000000.00000000000.00000000000.000\r\n999\r\n";
-
 TEST_F(ExcelOverAutomation, TheDitchMacrosRunInTheRunningExcelWithArgumentsByReference) {
   const std::string path = book("ditch.xls");
   system.running["Excel.Application"] = app;
   app->onRun = [](std::vector<AutoValue>& args) {
     if (args.size() > 3) args[3] = AutoValue("crea,FROM MACRO");  // the result text
   };
-  ASSERT_TRUE(compile(std::string(kModel) + "ditch_list,T\r\nmast=S1,\xE1xe=9\r\n" +
+  ASSERT_TRUE(compile(std::string(kDitchModel) + "ditch_list,T\r\nmast=S1,\xE1xe=9\r\n" +
                       "ditch_pips,t\r\nbasexls=ditch\r\n"))
       << failure();
   EXPECT_EQ(log, (Lines{"running Excel.Application",
@@ -137,9 +124,10 @@ TEST_F(ExcelOverAutomation, TheDitchMacrosRunInTheRunningExcelWithArgumentsByRef
 TEST_F(ExcelOverAutomation, NoRunningExcelIsTheAddInMessage) {
   book("ditch.xls");
   EXPECT_FALSE(compile("ditch_pips,T\r\nbasexls=ditch\r\n"));
-  EXPECT_EQ(c.stopMessage(), c.ctx.text("Messages", "s12"));
+  EXPECT_EQ(c.stopMessage(),
+            "The Excel macro call failed. Is Excel running with the Tabulon.xla add-in loaded?");
   EXPECT_FALSE(compile("xlmacro,Book.xlsm!Go\r\n"));  // no excel.exe process
-  EXPECT_EQ(c.stopMessage(), c.ctx.text("Messages", "s8"));
+  EXPECT_EQ(c.stopMessage(), "xlmacro needs a running Excel. Start Excel and run again.");
   system.processes = {"EXCEL.EXE"};
   system.running["Excel.Application"] = app;
   ASSERT_TRUE(compile("xlmacro,Book.xlsm!Go,1,x\r\n")) << failure();
@@ -147,3 +135,4 @@ TEST_F(ExcelOverAutomation, NoRunningExcelIsTheAddInMessage) {
 }
 
 }  // namespace
+}  // namespace korvane::test

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "base/conversions.h"
 #include "compiler/compile_internals.h"
 #include "compiler/expression_tree.h"
@@ -50,10 +52,15 @@ TEST_F(ExpressionTest, Vectors) {
 // The split reads a literal's number without an exception: Val's value where
 // Val gives one, nothing where Val fails.
 TEST(TryVal, GivesValsValueOrNothing) {
-  for (const auto& v : test::readVectors("val.txt", 2))
-    EXPECT_EQ(conv::TryVal(v.fields[0]), conv::Val(v.fields[0])) << v.where;
-  for (const char* failing : {"50.5%", "1.0&", "40000%", "1e309", "&H10000000000000000"})
-    EXPECT_EQ(conv::TryVal(failing), std::nullopt) << failing;
+  for (const auto& v : test::readVectors("val.txt", 2)) {
+    std::optional<double> val;
+    try {
+      val = conv::Val(v.fields[0]);
+    } catch (const conv::ConversionError&) {
+      // the lines that give Val's errors: TryVal gives nothing
+    }
+    EXPECT_EQ(conv::TryVal(v.fields[0]), val) << v.where;
+  }
 }
 
 // A text's split is kept for the next time the text comes (a repeated line);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/messages.h"
+#include "longsection/generated_input.h"
 #include "longsection/panel_file.h"
 #include "longsection/validation.h"
 #include "support/project.h"
@@ -30,9 +31,12 @@ TEST(LongsectionPanelFile, EveryParameterComesBackAsWritten) {
   p.horizontalScale = 500;
   p.verticalScale = 50;
   p.sheetSize = "Custom";
+  p.landscape = false;
   p.sheetWidth = 1000.5;
   p.sheetHeight = 300;
   p.marginLeft = 25;
+  p.marginRight = 5;
+  p.marginTop = 12;
   p.marginBottom = 7.5;
   p.startChainage = "20";
   p.endChainage = "";
@@ -40,29 +44,19 @@ TEST(LongsectionPanelFile, EveryParameterComesBackAsWritten) {
   p.gradeChangeColumns = false;
   p.datumLevel = "95.5";
   p.textHeight = 3;
+  p.bandHeight = 18;
+  p.bandTitleWidth = 40;
+  p.groundLineType = "DOTTED";
   p.designLineType = "DASHED";
   const std::string file = project.path("road.ipd");
   ASSERT_TRUE(longsection::writePanelFile(file, p));
 
-  Parameters back = longsection::readPanelFile(file);
-  EXPECT_EQ(back.referenceModel, "DESIGN M1");
-  EXPECT_EQ(back.groundString, "LGND");
-  EXPECT_EQ(back.designString, "LDES");
-  ASSERT_EQ(back.extras.size(), 2u);
-  EXPECT_EQ(back.extras[0].lineType, "DASHED");
-  EXPECT_EQ(back.extras[0].layer, "KERB");
-  EXPECT_EQ(back.extras[1].label, "DR01");
-  EXPECT_EQ(back.horizontalScale, 500);
-  EXPECT_EQ(back.verticalScale, 50);
+  // The macro gets every parameter but the sheet's name and orientation.
+  const Parameters back = longsection::readPanelFile(file);
+  EXPECT_EQ(longsection::generatedInput(back, "road", english()),
+            longsection::generatedInput(p, "road", english()));
   EXPECT_EQ(back.sheetSize, "Custom");
-  EXPECT_EQ(back.sheetWidth, 1000.5);
-  EXPECT_EQ(back.marginBottom, 7.5);
-  EXPECT_EQ(back.startChainage, "20");
-  EXPECT_EQ(back.endChainage, "");
-  EXPECT_EQ(back.chainageInterval, 25);
-  EXPECT_FALSE(back.gradeChangeColumns);
-  EXPECT_EQ(back.datumLevel, "95.5");
-  EXPECT_EQ(back.designLineType, "DASHED");
+  EXPECT_FALSE(back.landscape);
 
   // Saving again over the same file changes nothing.
   const std::string first = project.read("road.ipd");
@@ -102,22 +96,20 @@ TEST(LongsectionValidation, EachProblemGetsItsMessage) {
   p.sheetSize = "Custom";
   p.sheetHeight = 80;  // margins 20, bands 100: no room for the graph
   p.referenceModel.clear();
-  const auto problems = longsection::validate(p, nullptr, texts);
-  const std::vector<std::string> expected = {texts.text("Longsection", "nomodel"),
-                                             texts.text("Longsection", "scale"),
-                                             texts.format("Longsection", "sheetsmall", "420", "80"),
-                                             texts.format("Longsection", "range", "120", "80")};
-  EXPECT_EQ(problems, expected);
+  EXPECT_EQ(longsection::validate(p, nullptr, texts),
+            (std::vector<std::string>{
+                "No reference model is given.", "The scales must be greater than 0.",
+                "The sheet (420 x 80 mm) is too small for the bands and the graph.",
+                "The start chainage 120 is not before the end chainage 80."}));
 
   p = drawable();
   p.startChainage = "km 3";
   p.designString = "";
   p.masterString = "MA\"S";
-  const auto more = longsection::validate(p, nullptr, texts);
-  ASSERT_EQ(more.size(), 3u);
-  EXPECT_EQ(more[0], texts.format("Longsection", "badname", "MA\"S"));
-  EXPECT_EQ(more[1], texts.format("Longsection", "nostring", texts.text("Longsection", "design")));
-  EXPECT_EQ(more[2], texts.format("Longsection", "chainage", "km 3"));
+  EXPECT_EQ(longsection::validate(p, nullptr, texts),
+            (std::vector<std::string>{"A name must not hold double quotes, bars or commas: MA\"S",
+                                      "No design long-section string is chosen.",
+                                      "Not a chainage: km 3"}));
 }
 
 TEST(LongsectionSheets, TheRangeIsCutIntoWholeSheets) {

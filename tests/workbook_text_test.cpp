@@ -12,81 +12,18 @@
 #include "hosts/excel/workbook/formula_shift.h"
 #include "hosts/excel/workbook/typed_entry.h"
 #include "hosts/excel/workbook/xlsx_workbook.h"
-#include "support/process.h"
-#include "support/project.h"
+#include "support/excel_project.h"
+#include "support/vectors.h"
 
-using namespace korvane;
-using hosts::workbook::CellAddress;
-
+namespace korvane::test {
 namespace {
 
-// Writes book.xlsx as Excel would store it: A1:A3 hold 1, 2, 3; B1:B3 the
-// formula "=A1*2+$A$1" filled down (stored once, with the values Excel
-// calculated: 3, 5, 7); C1 a shared text with a line break, C2 an inline text
-// with a tab, C3 a formula's text result, D1 a text that holds "_x0041_" as
-// it stands. "check" then asserts what openpyxl sees after our writes.
-const char* const kPython = R"py(
-import sys, zipfile
-book = sys.argv[2]
-MAIN = 'http://schemas.openxmlformats.org/spreadsheetml/2006/main'
-R = 'http://schemas.openxmlformats.org/officeDocument/2006/relationships'
-P = 'http://schemas.openxmlformats.org/package/2006/relationships'
-XML = '<?xml version="1.0" encoding="UTF-8" standalone="yes"?>\n'
-CT = 'application/vnd.openxmlformats-officedocument.spreadsheetml.'
-if sys.argv[1] == 'make':
-    parts = {
-        '[Content_Types].xml': '<Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">'
-            '<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>'
-            '<Default Extension="xml" ContentType="application/xml"/>'
-            '<Override PartName="/xl/workbook.xml" ContentType="' + CT + 'sheet.main+xml"/>'
-            '<Override PartName="/xl/worksheets/sheet1.xml" ContentType="' + CT + 'worksheet+xml"/>'
-            '<Override PartName="/xl/sharedStrings.xml" ContentType="' + CT + 'sharedStrings+xml"/></Types>',
-        '_rels/.rels': '<Relationships xmlns="' + P + '"><Relationship Id="rId1" Type="' + R +
-            '/officeDocument" Target="xl/workbook.xml"/></Relationships>',
-        'xl/workbook.xml': '<workbook xmlns="' + MAIN + '" xmlns:r="' + R + '"><sheets>'
-            '<sheet name="Data" sheetId="1" r:id="rId1"/></sheets></workbook>',
-        'xl/_rels/workbook.xml.rels': '<Relationships xmlns="' + P + '">'
-            '<Relationship Id="rId1" Type="' + R + '/worksheet" Target="worksheets/sheet1.xml"/>'
-            '<Relationship Id="rId2" Type="' + R + '/sharedStrings" Target="sharedStrings.xml"/></Relationships>',
-        'xl/sharedStrings.xml': '<sst xmlns="' + MAIN + '" count="2" uniqueCount="2">'
-            '<si><t>first_x000D__x000A_second</t></si><si><t>_x005F_x0041_ as typed</t></si></sst>',
-        'xl/worksheets/sheet1.xml': '<worksheet xmlns="' + MAIN + '"><dimension ref="A1:D3"/><sheetData>'
-            '<row r="1"><c r="A1"><v>1</v></c><c r="B1"><f t="shared" ref="B1:B3" si="0">A1*2+$A$1</f><v>3</v></c>'
-            '<c r="C1" t="s"><v>0</v></c><c r="D1" t="s"><v>1</v></c></row>'
-            '<row r="2"><c r="A2"><v>2</v></c><c r="B2"><f t="shared" si="0"/><v>5</v></c>'
-            '<c r="C2" t="inlineStr"><is><t>tab_x0009_end</t></is></c></row>'
-            '<row r="3"><c r="A3"><v>3</v></c><c r="B3"><f t="shared" si="0"/><v>7</v></c>'
-            '<c r="C3" t="str"><f>"x"&amp;CHAR(13)</f><v>x_x000D_</v></c></row>'
-            '</sheetData></worksheet>',
-    }
-    with zipfile.ZipFile(book, 'w', zipfile.ZIP_DEFLATED) as z:
-        for name, data in parts.items():
-            z.writestr(name, XML + data)
-    sys.exit(0)
-import openpyxl
-ws = openpyxl.load_workbook(book)['Data']
-got = [ws[a].value for a in ('B1', 'B2', 'B3')]
-assert got == [10, '=A2*2+$A$1', '=A3*2+$A$1'], got
-with zipfile.ZipFile(book) as z:
-    sst = z.read('xl/sharedStrings.xml').decode()
-assert '<t>cr_x000D_here _x005F_x0042_</t>' in sst, sst
-print('read back')
-)py";
-
-struct WorkbookText : ::testing::Test {
-  test::TempProject project;
-  std::string book;
-
+// book.xlsx as Excel stores it: 1, 2, 3 in A1:A3, "=A1*2+$A$1" filled down
+// B1:B3 (stored once, with the values 3, 5, 7), escaped texts in C1:C3 and D1.
+struct WorkbookText : ExcelProject {
+  std::string book = project.path("book.xlsx");
   void SetUp() override {
-    project.write("check.py", kPython);
-    book = project.path("book.xlsx");
-    ASSERT_EQ(python("make"), 0) << project.read("python.txt");
-  }
-  int python(const std::string& step) {
-    test::ProgramRun run;
-    run.argv = {"/usr/bin/python3", project.path("check.py"), step, book};
-    run.out = run.err = project.path("python.txt");
-    return test::runProgram(run);
+    ASSERT_EQ(python("filled_formula_book.py", {"make", book}), 0) << python();
   }
 };
 
@@ -117,19 +54,15 @@ TEST_F(WorkbookText, OverwritingTheFirstCellOfAFilledFormulaKeepsTheOthersAndEsc
   }
   hosts::workbook::XlsxWorkbook wb(book);
   EXPECT_EQ(wb.value(0, {4, 1}), "cr\rhere _x0042_");
-  EXPECT_EQ(python("check"), 0) << project.read("python.txt");
+  EXPECT_EQ(python("filled_formula_book.py", {"check", book}), 0) << python();
 }
 
 TEST(FormulaShift, ReferencesMoveAsExcelMovesThemWhenItFills) {
-  using hosts::workbook::shiftFormula;
-  EXPECT_EQ(shiftFormula("SUM(A1:B2)*$C$3", 1, 2), "SUM(C2:D3)*$C$3");
-  EXPECT_EQ(shiftFormula("$A1+A$1", 2, 3), "$A3+D$1");
-  EXPECT_EQ(shiftFormula("Data!B3+'Munka 1'!B3", 1, 0), "Data!B4+'Munka 1'!B4");
-  EXPECT_EQ(shiftFormula("\"A1\"&LOG10(A1)&Table1[Col1]", 0, 1), "\"A1\"&LOG10(B1)&Table1[Col1]");
-  EXPECT_EQ(shiftFormula("SUM(A:B)+SUM(2:3)", 1, 1), "SUM(B:C)+SUM(3:4)");
-  EXPECT_EQ(shiftFormula("A1+XFD1", 0, 1), "B1+#REF!");
-  EXPECT_EQ(shiftFormula("A2-A1", -1, 0), "A1-#REF!");
-  EXPECT_EQ(shiftFormula("TRUE+ABCD1+A1B", 5, 5), "TRUE+ABCD1+A1B");
+  for (const auto& v : readVectors("formula_shift.txt", 4))
+    EXPECT_EQ(
+        hosts::workbook::shiftFormula(v.fields[0], std::stoi(v.fields[1]), std::stoi(v.fields[2])),
+        v.fields[3])
+        << v.where;
 }
 
 TEST(EscapedCellText, ReadAndWrittenAsExcelDoes) {
@@ -146,5 +79,6 @@ TEST(EscapedCellText, ReadAndWrittenAsExcelDoes) {
 }
 
 }  // namespace
+}  // namespace korvane::test
 
 #endif

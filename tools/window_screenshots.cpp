@@ -4,10 +4,8 @@
 // and the variables viewer. QT_SCALE_FACTOR=2 gives the 200 % pictures.
 #include <QApplication>
 #include <QDir>
-#include <QProcess>
 #include <QScreen>
 #include <QtTest>
-#include <filesystem>
 
 #include "base/fs.h"
 #include "longsection/panel_file.h"
@@ -17,7 +15,7 @@
 
 using namespace korvane;
 using namespace korvane::window;
-using namespace korvane::window::test;
+using namespace korvane::test;
 
 namespace {
 
@@ -40,19 +38,13 @@ void shoot(QWidget* w, const QString& name) {
 }
 
 void copyExample(const WindowFixture& f) {
-  namespace stdfs = std::filesystem;
-  const stdfs::path from = stdfs::path(KORVANE_SOURCE_DIR) / "examples" / "road";
-  stdfs::copy(from, fs::native(f.project()), stdfs::copy_options::recursive);
+  f.copyExample();
   f.write("inputs/ditches.ipf",
           "[left]\r\ninsert,ditch_profile\r\n[right]\r\ninsert,ditch_profile\r\n");
   f.write("inputs/labels.ipf", "#g_first=|left(GR03,x)|\r\n#g_side=|right(GR03,1)|\r\n");
   f.write("inputs/long.ipf", "insert,loop\r\nrepeat=3000000\r\n");
   f.write("inputs/loop.ipm", "repeat\r\n#g_n=|count|\r\nendrepeat\r\n");
-  QProcess import;
-  import.setWorkingDirectory(fromCore(f.project()));
-  import.start(KORVANE_BIN_DIR "/korvane",
-               {"models", "import", "survey/ground.genio", "GROUND", "--home", fromCore(f.home())});
-  import.waitForFinished(60000);
+  f.korvane({"models", "import", "survey/ground.genio", "GROUND"});
 }
 
 MainWindow& openOn(WindowFixture& f) {
@@ -122,12 +114,7 @@ void runAndStop() {
 void longsectionPanel() {
   WindowFixture f("Hungarian", "embedded");
   copyExample(f);
-  QProcess run;
-  run.setWorkingDirectory(fromCore(f.project()));
-  run.start(KORVANE_BIN_DIR "/korvane",
-            {"run", "inputs/road.ipf [main]", "inputs/profile_strings.ipf", "--home",
-             fromCore(f.home())});
-  run.waitForFinished(60000);
+  f.korvane({"run", "inputs/road.ipf [main]", "inputs/profile_strings.ipf"});
   MainWindow& w = openOn(f);
   w.action("mnuLongDraw")->trigger();
   LongsectionPanel* panel = w.longsectionPanel();

@@ -35,16 +35,33 @@ inline std::string errorText(std::string text) {
 struct CliProject : ::testing::Test {
   TempProject project;
   std::string home = sourceDir() + "/data";
+  bool homeFromEnvironment = false;  // KORVANE_HOME=HOME instead of --home HOME
 
   // A project as engineers lay it out: the folder holds an "inputs" folder.
   CliProject() { std::filesystem::create_directories(project.path("inputs")); }
 
-  // Runs `korvane ARGS --home HOME` in the project; standard output goes to
-  // out.txt and standard error to err.txt there.
-  int run(const std::string& args) {
-    return runKorvane(project.folder(), args + " --home '" + home + "'");
+  // Runs `korvane ARGS --home HOME` in the project, or in its `folder`;
+  // standard output goes to out.txt and standard error to err.txt there.
+  int run(const std::string& args, const std::string& folder = "") {
+    const std::string where = folder.empty() ? project.folder() : project.path(folder);
+    if (homeFromEnvironment) return runKorvane(where, args, "KORVANE_HOME='" + home + "'");
+    return runKorvane(where, args + " --home '" + home + "'");
   }
-  std::string err() const { return errorText(project.read("err.txt")); }
+  std::string out(const std::string& folder = ".") const {
+    return project.read(folder + "/out.txt");
+  }
+  std::string err(const std::string& folder = ".") const {
+    return errorText(project.read(folder + "/err.txt"));
+  }
+};
+
+// The example project (examples/road) in the project folder.
+struct ExampleProject : CliProject {
+  ExampleProject() {
+    std::filesystem::copy(sourceDir() + "/examples/road", project.folder(),
+                          std::filesystem::copy_options::recursive |
+                              std::filesystem::copy_options::overwrite_existing);
+  }
 };
 
 }  // namespace korvane::test

@@ -9,7 +9,7 @@
 #include "shell/project_folder.h"
 #include "support/project.h"
 
-using namespace korvane;
+namespace korvane::test {
 using Names = std::vector<std::string>;
 
 TEST(InputSections, SectionLinesInFileOrder) {
@@ -20,7 +20,7 @@ TEST(InputSections, SectionLinesInFileOrder) {
   EXPECT_EQ(sectionsOf("\r\r\n[x]\r"), (Names{"x"}));
   EXPECT_TRUE(sectionsOf("").empty());
 
-  test::TempProject p;
+  TempProject p;
   const std::string road = p.write("road.ipf", "[main]\r\n[_helper]\r\n[main]\r\n");
   EXPECT_EQ(readSections(road), (Names{"main", "_helper", "main"}));
   EXPECT_EQ(readSections(p.path("gone.ipf")), std::nullopt);
@@ -28,7 +28,7 @@ TEST(InputSections, SectionLinesInFileOrder) {
 }
 
 TEST(ProjectFolder, InputFilesSubfoldersAndHome) {
-  test::TempProject p;
+  TempProject p;
   p.write("b.ipf", "");
   p.write("A.IPF", "");
   p.write("c.ipm", "");
@@ -57,7 +57,7 @@ TEST(ProjectFolder, InsideTheProjectComparesWithTheSeparator) {
 }
 
 TEST(ProjectFolder, VanishedFoldersAndTheChainOfAncestors) {
-  test::TempProject p;
+  TempProject p;
   p.write("a/b/x.txt", "");
   EXPECT_EQ(nearestExistingFolder(p.path("a/b")), p.path("a/b"));
   EXPECT_EQ(nearestExistingFolder(fs::join(p.path("a"), "gone")), p.path("a"));
@@ -71,3 +71,5 @@ TEST(ProjectFolder, VanishedFoldersAndTheChainOfAncestors) {
   for (std::size_t i = 1; i < chain.size(); ++i)
     EXPECT_EQ(chain[i].rfind(fs::withTrailingSeparator(chain[i - 1]), 0), 0u) << chain[i];
 }
+
+}  // namespace korvane::test

@@ -4,31 +4,39 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "base/fs.h"
+#include "support/vectors.h"
 
-using namespace korvane;
-
+namespace korvane::test {
 namespace {
 
 const std::string kFolder = fs::withoutTrailingSeparator(fs::join("proj", "inputs"));
 const std::string kRoad = fs::join(kFolder, "road.ipf");
+using Entries = std::vector<std::string>;
 
-ToRunList fiveEntries(std::initializer_list<int> selected, int current) {
+// A list as tests/vectors/to_run_list.txt writes it: "[e2]" selected, "*e3" current.
+ToRunList listOf(const std::string& text) {
   ToRunList l;
-  for (const char* e : {"e1", "e2", "e3", "e4", "e5"}) l.add(e);
-  for (int i : selected) l.selected[i - 1] = true;  // 1-based, as users count
-  l.current = current - 1;
+  std::istringstream words(text);
+  for (std::string w; words >> w;) {
+    const bool selected = w.front() == '[';
+    if (selected) w = w.substr(1, w.size() - 2);
+    if (w.front() == '*') l.current = static_cast<int>(l.entries.size());
+    l.add(w.substr(w.front() == '*'));
+    l.selected.back() = selected;
+  }
   return l;
 }
-
-std::vector<int> selectedNumbers(const ToRunList& l) {
-  std::vector<int> out;
-  for (std::size_t i = 0; i < l.selected.size(); ++i)
-    if (l.selected[i]) out.push_back(static_cast<int>(i) + 1);
+std::string textOf(const ToRunList& l) {
+  std::string out;
+  for (std::size_t i = 0; i < l.entries.size(); ++i) {
+    const std::string e = (l.current == static_cast<int>(i) ? "*" : "") + l.entries[i];
+    out += (i ? " " : "") + (l.selected[i] ? "[" + e + "]" : e);
+  }
   return out;
 }
-
-using Entries = std::vector<std::string>;
 
 }  // namespace
 
@@ -50,64 +58,22 @@ TEST(ToRunPick, SectionsPrivateSectionsAndWholeFiles) {
   EXPECT_TRUE(isPrivateSection("_x"));
   EXPECT_FALSE(isPrivateSection("x_"));
   EXPECT_FALSE(isPrivateSection(""));
-
-  // Duplicates are allowed.
-  ToRunList l;
-  l.add(pickedEntry(kFolder, "road.ipf", true, &main));
-  l.add(pickedEntry(kFolder, "road.ipf", true, &main));
-  EXPECT_EQ(l.entries, (Entries{kRoad + " [main]", kRoad + " [main]"}));
 }
 
-TEST(ToRunMove, ContiguousRunsMoveAndGapsDoNot) {
-  ToRunList l = fiveEntries({2, 3}, 3);
-  EXPECT_EQ(l.selectedRun().first, 1);
-  EXPECT_EQ(l.selectedRun().count, 2);
-  ASSERT_TRUE(l.moveUp());  // entry 1 goes below the run
-  EXPECT_EQ(l.entries, (Entries{"e2", "e3", "e1", "e4", "e5"}));
-  EXPECT_EQ(selectedNumbers(l), (std::vector<int>{1, 2}));
-  EXPECT_EQ(l.current, 1);   // e3 keeps the focus
-  EXPECT_FALSE(l.moveUp());  // at the top already
-  ASSERT_TRUE(l.moveDown());
-  ASSERT_TRUE(l.moveDown());
-  EXPECT_EQ(l.entries, (Entries{"e1", "e4", "e2", "e3", "e5"}));
-  EXPECT_EQ(selectedNumbers(l), (std::vector<int>{3, 4}));
-  ASSERT_TRUE(l.moveDown());
-  EXPECT_FALSE(l.moveDown());  // at the bottom
-  EXPECT_EQ(l.entries, (Entries{"e1", "e4", "e5", "e2", "e3"}));
-
-  ToRunList gap = fiveEntries({2, 4}, 4);
-  EXPECT_EQ(gap.selectedRun().count, 0);
-  EXPECT_FALSE(gap.moveUp());
-  EXPECT_FALSE(gap.moveDown());
-  EXPECT_EQ(gap.entries, (Entries{"e1", "e2", "e3", "e4", "e5"}));
-
-  ToRunList none = fiveEntries({}, 1);
-  EXPECT_EQ(none.selectedRun().first, -1);
-  EXPECT_FALSE(none.moveDown());
-}
-
-TEST(ToRunDelete, CurrentPositionSurvivesAndCopyAllUsesCrLf) {
-  ToRunList last = fiveEntries({5}, 5);
-  last.deleteSelected();
-  EXPECT_EQ(last.entries, (Entries{"e1", "e2", "e3", "e4"}));
-  EXPECT_EQ(last.current, 3);  // the new last entry
-  EXPECT_EQ(selectedNumbers(last), (std::vector<int>{4}));
-
-  ToRunList middle = fiveEntries({2, 4}, 2);
-  middle.deleteSelected();
-  EXPECT_EQ(middle.entries, (Entries{"e1", "e3", "e5"}));
-  EXPECT_EQ(middle.current, 1);
-  EXPECT_EQ(selectedNumbers(middle), (std::vector<int>{2}));
-
-  ToRunList noCurrent = fiveEntries({1}, 0);
-  noCurrent.deleteSelected();
-  EXPECT_EQ(noCurrent.entries.size(), 5u);
-
-  ToRunList all = fiveEntries({1, 2, 3, 4, 5}, 3);
-  all.deleteSelected();
-  EXPECT_TRUE(all.entries.empty());
-  EXPECT_EQ(all.current, -1);
-
+TEST(ToRunList, MovesAndDeletes) {
+  for (const auto& v : readVectors("to_run_list.txt", 3)) {
+    ToRunList l = listOf(v.fields[0]);
+    bool moved = true;
+    if (v.fields[1] == "up")
+      moved = l.moveUp();
+    else if (v.fields[1] == "down")
+      moved = l.moveDown();
+    else
+      l.deleteSelected();
+    const bool unchanged = v.fields[2] == "unchanged";
+    EXPECT_EQ(moved, !unchanged || v.fields[1] == "delete") << v.where;
+    EXPECT_EQ(textOf(l), unchanged ? v.fields[0] : v.fields[2]) << v.where;
+  }
   ToRunList two;
   two.add("a b [main]");
   two.add("c");
@@ -115,3 +81,5 @@ TEST(ToRunDelete, CurrentPositionSurvivesAndCopyAllUsesCrLf) {
   two.clear();
   EXPECT_EQ(two.copyAllText(), "");
 }
+
+}  // namespace korvane::test

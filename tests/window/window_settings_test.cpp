@@ -9,7 +9,7 @@
 #include "base/profile.h"
 #include "support/project.h"
 
-using namespace korvane;
+namespace korvane::test {
 
 namespace {
 
@@ -20,7 +20,7 @@ std::string ini(const std::string& position) {
 }  // namespace
 
 TEST(WindowSettingsFile, ValuesReadAs16BitIntegersOrNotAtAll) {
-  test::TempProject p;
+  TempProject p;
   const std::string file = p.write(
       "Korvane.ini", ini("Top=-200\r\nLeft=abc\r\nWidth=70000\r\nHeight= 480 \r\ndirWidth=2400\r\n"
                          "inpWidth=1.5e3\r\nDir=true\r\nSaveSingleFile=1\r\nSaveSeparateFiles=7\r\n"
@@ -44,7 +44,7 @@ TEST(WindowSettingsFile, ValuesReadAs16BitIntegersOrNotAtAll) {
 }
 
 TEST(WindowSettingsFile, WrittenInOrderAndReadBack) {
-  test::TempProject p;
+  TempProject p;
   const std::string file = p.write("Korvane.ini", ini("; layout\r\nTop=1\r\n"));
   WindowState st;
   st.top = 600;
@@ -74,33 +74,23 @@ TEST(WindowSettingsFile, WrittenInOrderAndReadBack) {
   EXPECT_EQ(ReadProfileString("Position", "Dir", file), "True");
 }
 
+// A window designed at 600, 600, 9000 by 6000 twips on a screen of 19200 by 10800.
 TEST(WindowGeometry, KeptOnTheScreen) {
-  const Geometry designed{600, 600, 9000, 6000};
-  WindowSettings s;
-  s.top = -200;
-  s.left = 20000;  // beyond the 19200-twip screen
-  Geometry g = restoredGeometry(s, designed, 19200, 10800);
-  EXPECT_EQ(g.top, 0);
-  EXPECT_EQ(g.left, 0);
-  EXPECT_EQ(g.width, 9000);
-
-  s = {};
-  s.top = 9000;
-  s.left = 15000;
-  s.width = 25000;  // wider than the screen: cut, then moved left to fit
-  s.height = 4000;
-  g = restoredGeometry(s, designed, 19200, 10800);
-  EXPECT_EQ(g.width, 19200);
-  EXPECT_EQ(g.left, 0);
-  EXPECT_EQ(g.height, 4000);
-  EXPECT_EQ(g.top, 10800 - 4000);  // moved up so that the bottom is on the screen
-
-  s = {};
-  s.width = -5;  // a size that cannot be: the designed one stays
-  s.height = 0;
-  g = restoredGeometry(s, designed, 19200, 10800);
-  EXPECT_EQ(g.width, 9000);
-  EXPECT_EQ(g.height, 6000);
+  using V = std::optional<std::int16_t>;
+  const auto placed = [](V top, V left, V width, V height) {
+    WindowSettings s;
+    s.top = top;
+    s.left = left;
+    s.width = width;
+    s.height = height;
+    const Geometry g = restoredGeometry(s, {600, 600, 9000, 6000}, 19200, 10800);
+    return std::to_string(g.top) + "," + std::to_string(g.left) + " " + std::to_string(g.width) +
+           "x" + std::to_string(g.height);
+  };
+  EXPECT_EQ(placed(-200, 20000, {}, {}), "0,0 9000x6000");  // off the screen: at its edge
+  // Wider than the screen: cut, then moved left and up to fit.
+  EXPECT_EQ(placed(9000, 15000, 25000, 4000), "6800,0 19200x4000");
+  EXPECT_EQ(placed({}, {}, -5, 0), "600,600 9000x6000");  // sizes that cannot be: as designed
 }
 
 TEST(FolderPanel, StartUpRuleAndSlideSteps) {
@@ -116,3 +106,5 @@ TEST(FolderPanel, StartUpRuleAndSlideSteps) {
   EXPECT_EQ(slideClosedWidths(500), (std::vector<int>{500, 380, 260, 150}));
   EXPECT_EQ(slideClosedWidths(100), (std::vector<int>{150}));
 }
+
+}  // namespace korvane::test

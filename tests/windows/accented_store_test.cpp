@@ -12,14 +12,15 @@
 #include "engine/embedded_engine.h"
 #include "support/project.h"
 
-using namespace korvane;
+namespace korvane::test {
+
 namespace stdfs = std::filesystem;
 
 namespace {
 
 TEST(AccentedStore, TheEngineKeepsItsFilesInAnAccentedProjectFolder) {
   ASSERT_EQ(GetACP(), 1250u) << "needs the Hungarian ANSI code page (scripts/test-windows sets it)";
-  test::TempProject project;
+  TempProject project;
   const stdfs::path parent = stdfs::path(project.folder());
   const stdfs::path root = parent / L"\u00DAt\u00E9p\u00EDt\u00E9s f\u0151\u00FAt";
   ASSERT_TRUE(stdfs::create_directory(root));
@@ -56,3 +57,4 @@ TEST(AccentedStore, TheEngineKeepsItsFilesInAnAccentedProjectFolder) {
 }
 
 }  // namespace
+}  // namespace korvane::test

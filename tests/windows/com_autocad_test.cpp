@@ -14,7 +14,7 @@
 #include "support/project.h"
 #include "windows/fake_servers.h"
 
-using namespace korvane;
+namespace korvane::test {
 
 namespace {
 
@@ -37,11 +37,11 @@ struct InjectedProcesses : hosts::AutomationSystem {
 
 struct ComAutoCad : ::testing::Test {
   std::unique_ptr<hosts::AutomationSystem> com = hosts::windows::makeComAutomationSystem();
-  test::RunningFakes fakes{
+  RunningFakes fakes{
       *com,
       {"AutoCAD.Application.17.1", "AutoCAD.Application.18.0", "MicroStationDGN.Application"}};
   InjectedProcesses system{*com};
-  test::Evaluator ev;
+  Evaluator ev;
 
   void SetUp() override { ASSERT_TRUE(fakes.ready()); }
 
@@ -89,9 +89,9 @@ TEST_F(ComAutoCad, AReleaseThatRunsButIsNotRegisteredStopsWithS17AndNoneWithS15)
 
 TEST_F(ComAutoCad, TheScriptChannelSetsFiledialSendsTheScriptWaitsAndRestores) {
   auto acad = com->runningObject("AutoCAD.Application.18.0");
-  test::resetFake(*acad);
+  resetFake(*acad);
   playAutoCadScript(*acad, "C:\\Projects\\Road\\tmpinput.scr");
-  EXPECT_EQ(test::recordedCalls(*acad),
+  EXPECT_EQ(recordedCalls(*acad),
             (std::vector<std::string>{
                 "acad.Documents", "docs.Count", "docs.Add(acad)", "acad.ActiveDocument",
                 "acad.Visible=True", "doc.GetVariable(FILEDIA)", "doc.SetVariable(FILEDIA,0)",
@@ -100,10 +100,10 @@ TEST_F(ComAutoCad, TheScriptChannelSetsFiledialSendsTheScriptWaitsAndRestores) {
                 "state.IsQuiescent", "acad.GetAcadState", "state.IsQuiescent",
                 "acad.ActiveDocument", "doc.SetVariable(FILEDIA,1)"}));
   // A second script finds the document open.
-  test::resetFake(*acad);
+  resetFake(*acad);
   acad->call("FakeRaise", {"SendCommand", "Command refused"});
   playAutoCadScript(*acad, "C:\\p\\tmpinput.scr");  // AutoCAD's errors are ignored
-  auto calls = test::recordedCalls(*acad);
+  auto calls = recordedCalls(*acad);
   ASSERT_GE(calls.size(), 3u);
   EXPECT_EQ(calls[1], "docs.Count");
   EXPECT_NE(calls[2], "docs.Add(acad)");
@@ -112,11 +112,12 @@ TEST_F(ComAutoCad, TheScriptChannelSetsFiledialSendsTheScriptWaitsAndRestores) {
 
 TEST_F(ComAutoCad, TheKeyinChannelQueuesTheFileInMicroStation) {
   auto ustation = com->runningObject("MicroStationDGN.Application");
-  test::resetFake(*ustation);
+  resetFake(*ustation);
   playMicroStationKeyins(*ustation, "C:\\p\\tmpinput.key");
-  EXPECT_EQ(test::recordedCalls(*ustation),
+  EXPECT_EQ(recordedCalls(*ustation),
             (std::vector<std::string>{"ustation.CadInputQueue",
                                       "queue.SendCommand(@C:\\p\\tmpinput.key)"}));
 }
 
 }  // namespace
+}  // namespace korvane::test

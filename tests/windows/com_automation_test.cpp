@@ -10,7 +10,8 @@
 #include "hosts/automation/windows/com_system.h"
 #include "windows/fake_servers.h"
 
-using namespace korvane;
+namespace korvane::test {
+
 using hosts::AutomationError;
 using hosts::AutoValue;
 using Reason = hosts::AutomationError::Reason;
@@ -24,12 +25,12 @@ struct ComAutomation : ::testing::Test {
   void SetUp() override {
     excel = com->createObject("Excel.Application");  // COM starts the server
     ASSERT_TRUE(excel);
-    test::resetFake(*excel);
+    resetFake(*excel);
   }
   void TearDown() override {
     hosts::windows::ComApartment::setTimeLimit(std::chrono::seconds(30));
     try {
-      test::quitFake(com->createObject("Excel.Application"));
+      quitFake(com->createObject("Excel.Application"));
     } catch (const AutomationError&) {
     }
   }
@@ -52,7 +53,7 @@ TEST_F(ComAutomation, ArgumentsArriveAndTheResultComesBackInTheUsersCodePage) {
   const AutoValue r =
       excel->call("Run", {"Tabulon.xla!Ditch.aaDrawPips", "\xF5\xFB\xD5", 3, 2.5, true});
   EXPECT_EQ(r.text(), "Tabulon.xla!Ditch.aaDrawPips|\xF5\xFB\xD5|3|2.5|True");
-  EXPECT_EQ(test::recordedCalls(*excel),
+  EXPECT_EQ(recordedCalls(*excel),
             (std::vector<std::string>{
                 "excel.Run(Tabulon.xla!Ditch.aaDrawPips,\xF5\xFB\xD5,3,2.5,True)"}));
 }
@@ -65,7 +66,7 @@ TEST_F(ComAutomation, APropertyPutIsGotBackWithItsType) {
   EXPECT_TRUE(std::holds_alternative<bool>(excel->get("Visible").v));
   EXPECT_EQ(excel->get("Value").number(), 12.5);
   EXPECT_EQ(excel->get("Caption").text(), "Munkaf\xFCzet");
-  EXPECT_EQ(test::recordedCalls(*excel),
+  EXPECT_EQ(recordedCalls(*excel),
             (std::vector<std::string>{"excel.Visible=True", "excel.Value=12.5",
                                       "excel.Caption=Munkaf\xFCzet", "excel.Visible",
                                       "excel.Visible", "excel.Value", "excel.Caption"}));
@@ -96,7 +97,7 @@ TEST_F(ComAutomation, ABusyServerIsAskedAgainUntilItAnswers) {
   excel->call("FakeBusy", {"Run", 2});
   EXPECT_EQ(excel->call("Run", {"M"}).text(), "M");
   EXPECT_EQ(
-      test::recordedCalls(*excel),
+      recordedCalls(*excel),
       (std::vector<std::string>{"excel.Run(M) <busy>", "excel.Run(M) <busy>", "excel.Run(M)"}));
 }
 
@@ -129,3 +130,4 @@ TEST_F(ComAutomation, WmiFindsTheRunningProcessesOfAName) {
 }
 
 }  // namespace
+}  // namespace korvane::test

@@ -10,11 +10,11 @@
 
 #include "base/fs.h"
 #include "hosts/automation/windows/com_system.h"
-#include "hosts/excel.h"
-#include "support/project.h"
+#include "support/excel_project.h"
 #include "windows/fake_servers.h"
 
-using namespace korvane;
+namespace korvane::test {
+
 using hosts::AutoObject;
 using hosts::AutoValue;
 using Lines = std::vector<std::string>;
@@ -37,19 +37,17 @@ struct OpenBooks : hosts::AutomationSystem {
   std::vector<std::string> registrySubkeys(const std::string&) override { return {}; }
 };
 
-struct ComExcel : ::testing::Test {
+struct ComExcel : ExcelProject {
   std::unique_ptr<hosts::AutomationSystem> com = hosts::windows::makeComAutomationSystem();
-  test::RunningFakes fakes{*com, {"Excel.Application"}};
+  RunningFakes fakes{*com, {"Excel.Application"}};
   OpenBooks system{*com};
-  std::unique_ptr<hosts::ExcelHost> host = hosts::makeAutomationExcel(system);
-  test::TempProject project;
-  test::Compiler c{project, {}, test::EngineChoice::Embedded};
   AutoObject app;
 
+  ComExcel() : ExcelProject(EngineChoice::Embedded) { use(hosts::makeAutomationExcel(system)); }
+  ~ComExcel() override { use(nullptr); }  // the host lets go of Excel before COM goes
   void SetUp() override {
     ASSERT_TRUE(fakes.ready());
     app = com->runningObject("Excel.Application");
-    c.ctx.excel = host.get();
   }
   // A workbook in the project's excel folder, open in the running Excel.
   AutoObject openBook(const std::string& name) {
@@ -61,21 +59,16 @@ struct ComExcel : ::testing::Test {
     AutoObject sheets = book->get("Worksheets").object();
     return sheets->call("Item", {sheet}).object()->call("Range", {at}).object();
   }
-  bool compile(const std::string& text) {
-    project.write("q.ipf", text);
-    return c.compile("q.ipf");
-  }
-  std::string failure() const { return c.failure(); }
 };
 
 TEST_F(ComExcel, XlgetReadsTheValueAndXlputPutsTheFormulaWithoutSaving) {
   AutoObject book = openBook("data.xlsx");
   cell(book, "Sheet1", "B2")->set("Value", 12.5);
   cell(book, "Sheet2", "B2")->set("Value", "other sheet");
-  test::resetFake(*app);
+  resetFake(*app);
   ASSERT_TRUE(compile("#v=xlget(data.xlsx,$b$2)\r\nxlput,data.xlsx,Sheet2,4,3,\"=B2*2\"\r\n"))
       << failure();
-  const Lines calls = test::recordedCalls(*app);
+  const Lines calls = recordedCalls(*app);
   EXPECT_EQ(c.var("v"), "12.5");  // the first sheet's B2
   EXPECT_EQ(cell(book, "Sheet2", "C4")->get("FormulaLocal").text(), "=B2*2");
   EXPECT_EQ(std::count(calls.begin(), calls.end(), "range.FormulaLocal==B2*2"), 1);
@@ -83,19 +76,14 @@ TEST_F(ComExcel, XlgetReadsTheValueAndXlputPutsTheFormulaWithoutSaving) {
   for (const std::string& call : calls) EXPECT_EQ(call.find("Save"), std::string::npos) << call;
 }
 
-// Model T's string S1 runs (10,10) (13,14) (19,22): chainages 0, 5 and 15.
-const char* const kModel =
-    "geni,T\r\n001format(3f12.3)\r\n080,S1,,7=3\r\n"
-    "00000010.00000000010.00000000000.000\r\n00000013.00000000014.00000000000.000\r\n"
-    "00000019.00000000022.00000000000.000\r\n00000000.00000000000.00000000000.000\r\n999\r\n";
-
 TEST_F(ComExcel, DitchListRunsTheMacroAndWritesItsResultTextBackIntoTheOutput) {
   openBook("ditch.xls");
   const std::string path = project.path("excel") + fs::kSep + "ditch.xls";
-  test::resetFake(*app);
-  ASSERT_TRUE(compile(std::string(kModel) + "ditch_list,T\r\nbasexls=ditch,mast=S1,\xE1xe=9\r\n"))
+  resetFake(*app);
+  ASSERT_TRUE(
+      compile(std::string(kDitchModel) + "ditch_list,T\r\nbasexls=ditch,mast=S1,\xE1xe=9\r\n"))
       << failure();
-  const Lines calls = test::recordedCalls(*app);
+  const Lines calls = recordedCalls(*app);
   ASSERT_FALSE(calls.empty());
   EXPECT_EQ(calls.back(), "excel.Run(Tabulon.xla!Ditch.ConvertListToLinemode," + path +
                               ",01,,T,S1  ,    ,    ,0,9,0,15)");
@@ -105,7 +93,7 @@ TEST_F(ComExcel, DitchListRunsTheMacroAndWritesItsResultTextBackIntoTheOutput) {
 TEST_F(ComExcel, TheMacrosArgumentsComeBackAsItLeftThem) {
   std::vector<AutoValue> args{"C:\\b.xls", "01", std::string(), "T", "S1  ", "L1  ",
                               "R1  ",      2.5,  9.0,           0.0, 15.0};
-  host->run("Tabulon.xla!Ditch.ConvertListToLinemode", args);
+  excel->run("Tabulon.xla!Ditch.ConvertListToLinemode", args);
   EXPECT_EQ(args[2].text(), "crea,T\r\n   ditch S1  ");
   EXPECT_EQ(args[7].number(), 1002.5);
   EXPECT_EQ(args[10].number(), 1015);
@@ -113,3 +101,4 @@ TEST_F(ComExcel, TheMacrosArgumentsComeBackAsItLeftThem) {
 }
 
 }  // namespace
+}  // namespace korvane::test

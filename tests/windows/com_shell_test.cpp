@@ -11,7 +11,7 @@
 #include "shell/help_viewer.h"
 #include "support/project.h"
 
-using namespace korvane;
+namespace korvane::test {
 
 namespace {
 
@@ -39,7 +39,7 @@ TEST(ComShell, TheEditorIsTheRegisteredOpenCommandOfIpfFiles) {
 }
 
 TEST(ComShell, AProgramStartedMinimisedIsNotWaitedFor) {
-  test::TempProject project;
+  TempProject project;
   const std::string marker = project.path("started.txt");
   const auto start = std::chrono::steady_clock::now();
   // The started program waits two seconds before it writes its mark.
@@ -50,10 +50,11 @@ TEST(ComShell, AProgramStartedMinimisedIsNotWaitedFor) {
 }
 
 TEST(ComShell, HelpIsShownOnlyWhenItsFileIsThere) {
-  test::TempProject project;
+  TempProject project;
   EXPECT_FALSE(showHelpFile(project.path("KorvaneHU.chm")));
   EXPECT_EQ(helpViewerCommandLine("C:\\Program Files\\Korvane\\KorvaneHU.chm"),
             "hh.exe \"C:\\Program Files\\Korvane\\KorvaneHU.chm\"");
 }
 
 }  // namespace
+}  // namespace korvane::test

@@ -1,6 +1,7 @@
 // The main window's lists, driven through their widgets: captions from the
 // language file, picking sections, the to-run list's moves, deletes and copy,
 // the File menu's states, Home, the "excl" panel and folders that vanish.
+// What the to-run list does with its entries is tests/window/to_run_list_test.cpp.
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
@@ -13,73 +14,54 @@
 #include "support/window_fixture.h"
 #include "window/text_edge.h"
 
-using namespace korvane;
-using namespace korvane::window;
-using namespace korvane::window::test;
+namespace korvane::test {
 
-namespace {
-
-QString entry(const WindowFixture& f, const std::string& relative, const char* section = nullptr) {
-  return fromCore(f.path(relative)) + (section ? QString(" [%1]").arg(section) : QString());
-}
-
-}  // namespace
+using namespace window;
 
 class WindowListsTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void captionsComeFromTheLanguageFile_data();
   void captionsComeFromTheLanguageFile();
   void pickRules();
   void aFileThatCannotBeReadHasNoSections();
-  void moveUpAndDown();
-  void deleteCopyAndPopups();
+  void moveDeleteAndCopy();
   void fileMenuStates();
   void homeWithAndWithoutInputs();
   void exclPanelInsideAndOutsideTheProject();
   void vanishedFoldersAndTheFolderPanel();
 };
 
-void WindowListsTest::captionsComeFromTheLanguageFile_data() {
-  QTest::addColumn<QString>("lang");
-  QTest::addColumn<QString>("file");
-  QTest::addColumn<QString>("label");
-  QTest::addColumn<QString>("runTip");
-  QTest::newRow("Hungarian") << "Hungarian" << QString::fromUtf8("Fájl")
-                             << QString::fromUtf8("Bemeneti fájlok")
-                             << QString::fromUtf8(
-                                    "Futtatás: a futtatandók listája felülről lefelé");
-  QTest::newRow("English") << "English"
-                           << "File"
-                           << "Input files"
-                           << "Run the run list from top to bottom";
+bool hasLabel(QWidget* w, const QString& text) {
+  for (QLabel* l : w->findChildren<QLabel*>())
+    if (l->text() == text) return true;
+  return false;
 }
 
 void WindowListsTest::captionsComeFromTheLanguageFile() {
-  QFETCH(QString, lang);
-  QFETCH(QString, file);
-  QFETCH(QString, label);
-  QFETCH(QString, runTip);
-  WindowFixture f(lang.toStdString());
+  {
+    WindowFixture f("Hungarian");
+    MainWindow& w = f.open();
+    QCOMPARE(child<QMenu>(&w, "mnuFile")->title(), QString::fromUtf8("Fájl"));
+    QCOMPARE(w.action("mnuRun")->toolTip(),
+             QString::fromUtf8("Futtatás: a futtatandók listája felülről lefelé"));
+    QCOMPARE(w.action("mnuExit")->text(), QString::fromUtf8("Kilépés"));
+    QCOMPARE(w.action("mnuLongDraw")->text(), QString::fromUtf8("Hossz-szelvény rajzolása..."));
+    QVERIFY(hasLabel(&w, QString::fromUtf8("Bemeneti fájlok")));
+  }
+  WindowFixture f;
   MainWindow& w = f.open();
-  QCOMPARE(child<QMenu>(&w, "mnuFile")->title(), file);
-  QCOMPARE(w.action("mnuRun")->toolTip(), runTip);
-  QCOMPARE(child<QLabel>(&w, "subsLabel")->text(), f.text("Caption1", "s2"));
-  QCOMPARE(child<QPushButton>(&w, "cmdPickAll")->text(), f.text("Caption1", "s4"));
-  QCOMPARE(w.action("mnuSaveOne")->text(), f.text("StatusBar1", "saveone"));
-  QCOMPARE(child<QLabel>(&w, "stat")->text(), f.text("StatusBar1", "stat1"));
-  bool found = false;
-  for (QLabel* l : w.findChildren<QLabel*>()) found = found || l->text() == label;
-  QVERIFY(found);
+  QCOMPARE(child<QMenu>(&w, "mnuFile")->title(), QString("File"));
+  QCOMPARE(w.action("mnuRun")->toolTip(), QString("Run the run list from top to bottom"));
+  QVERIFY(hasLabel(&w, "Input files"));
+  QCOMPARE(f.label("subsLabel")->text(), QString("Sections"));
+  QCOMPARE(child<QPushButton>(&w, "cmdPickAll")->text(), QString("All"));
+  QCOMPARE(w.action("mnuSaveOne")->text(), QString("Save the run in a single INP file"));
+  QCOMPARE(f.label("stat")->text(), QString("Ready"));
   // Every menu entry and tool tip has its text: a missing key would leave one empty.
   for (QAction* a : w.findChildren<QAction*>())
     if (a->objectName().startsWith("mnu"))
       QVERIFY2(!a->text().isEmpty(), qPrintable(a->objectName()));
-  if (lang == "Hungarian") {
-    QCOMPARE(w.action("mnuExit")->text(), QString::fromUtf8("Kilépés"));
-    QCOMPARE(w.action("mnuLongDraw")->text(), QString::fromUtf8("Hossz-szelvény rajzolása..."));
-  }
 }
 
 void WindowListsTest::pickRules() {
@@ -88,11 +70,10 @@ void WindowListsTest::pickRules() {
   f.write("b_plain.ipf", "crea,b\r\n");
   f.write("notes.txt", "");
   MainWindow& w = f.open();
-  auto* inps = child<QListWidget>(&w, "inps");
-  auto* subs = child<QListWidget>(&w, "subs");
-  auto* toRun = child<QListWidget>(&w, "ToRun");
+  QListWidget *inps = f.list("inps"), *subs = f.list("subs"), *toRun = f.list("ToRun");
   auto* pick = child<QPushButton>(&w, "cmdPick");
   auto* pickAll = child<QPushButton>(&w, "cmdPickAll");
+  const QString road = fromCore(f.path("a_road.ipf"));
 
   QCOMPARE(items(inps), QStringList({"a_road.ipf", "b_plain.ipf"}));
   QCOMPARE(inps->currentRow(), 0);  // the first file is selected at start
@@ -102,8 +83,7 @@ void WindowListsTest::pickRules() {
 
   // Pick all leaves the private section out.
   QTest::mouseClick(pickAll, Qt::LeftButton);
-  QCOMPARE(items(toRun),
-           QStringList({entry(f, "a_road.ipf", "main"), entry(f, "a_road.ipf", "end")}));
+  QCOMPARE(items(toRun), QStringList({road + " [main]", road + " [end]"}));
 
   // A private section is never picked; a section picked twice is there twice.
   clickOn(subs, 1);
@@ -113,7 +93,7 @@ void WindowListsTest::pickRules() {
   QTest::mouseClick(pick, Qt::LeftButton);
   doubleClickOn(subs, 2);
   QCOMPARE(toRun->count(), 4);
-  QCOMPARE(toRun->item(3)->text(), entry(f, "a_road.ipf", "end"));
+  QCOMPARE(toRun->item(3)->text(), road + " [end]");
 
   // Without a section selected Pick adds nothing.
   subs->clearSelection();
@@ -124,11 +104,11 @@ void WindowListsTest::pickRules() {
   clickOn(inps, 1);
   QCOMPARE(subs->count(), 0);
   QVERIFY(!subs->isEnabled());
-  QVERIFY(!child<QLabel>(&w, "subsLabel")->isEnabled());
+  QVERIFY(!f.label("subsLabel")->isEnabled());
   QVERIFY(!pickAll->isEnabled());
   doubleClickOn(inps, 1);
-  QCOMPARE(toRun->item(4)->text(), entry(f, "b_plain.ipf"));
   QCOMPARE(toRun->count(), 5);
+  QCOMPARE(toRun->item(4)->text(), fromCore(f.path("b_plain.ipf")));
 }
 
 void WindowListsTest::aFileThatCannotBeReadHasNoSections() {
@@ -136,60 +116,36 @@ void WindowListsTest::aFileThatCannotBeReadHasNoSections() {
   f.write("a.ipf", "[main]\r\n");
   f.write("gone.ipf", "[main]\r\n");
   MainWindow& w = f.open();
-  auto* inps = child<QListWidget>(&w, "inps");
-  auto* subs = child<QListWidget>(&w, "subs");
   std::filesystem::remove(fs::native(f.path("gone.ipf")));
-  clickOn(inps, 1);
-  QCOMPARE(inps->currentRow(), 1);
-  QCOMPARE(subs->count(), 0);
-  QVERIFY(!subs->isEnabled());
+  clickOn(f.list("inps"), 1);
+  QCOMPARE(f.list("inps")->currentRow(), 1);
+  QCOMPARE(f.list("subs")->count(), 0);
+  QVERIFY(!f.list("subs")->isEnabled());
   QVERIFY(!child<QPushButton>(&w, "cmdPickAll")->isEnabled());
-  clickOn(inps, 0);
-  QCOMPARE(inps->currentRow(), 0);
-  QCOMPARE(items(subs), QStringList({"main"}));
+  clickOn(f.list("inps"), 0);
+  QCOMPARE(items(f.list("subs")), QStringList({"main"}));
 }
 
-void WindowListsTest::moveUpAndDown() {
+void WindowListsTest::moveDeleteAndCopy() {
   WindowFixture f;
+  f.write("road.ipf", "crea,a\r\n");
   MainWindow& w = f.open();
-  auto* toRun = child<QListWidget>(&w, "ToRun");
+  QListWidget* toRun = f.list("ToRun");
   auto* up = child<QPushButton>(&w, "cmdUp");
   auto* down = child<QPushButton>(&w, "cmdDown");
   toRun->addItems({"e1", "e2", "e3", "e4", "e5"});
 
-  selectRows(toRun, {1, 2}, 2);  // entries 2 and 3
-  QVERIFY(up->isEnabled());
+  // Entries 2 and 3 move as one with their selection; 2 and 4 are not one run.
+  selectRows(toRun, {1, 2}, 2);
   QTest::mouseClick(up, Qt::LeftButton);
   QCOMPARE(items(toRun), QStringList({"e2", "e3", "e1", "e4", "e5"}));
   QCOMPARE(selectedRows(toRun), QList<int>({0, 1}));
-  QTest::mouseClick(up, Qt::LeftButton);  // at the top: nothing moves
-  QCOMPARE(items(toRun), QStringList({"e2", "e3", "e1", "e4", "e5"}));
+  QCOMPARE(toRun->currentRow(), 1);
   QTest::mouseClick(down, Qt::LeftButton);
   QCOMPARE(items(toRun), QStringList({"e1", "e2", "e3", "e4", "e5"}));
-  QCOMPARE(selectedRows(toRun), QList<int>({1, 2}));
-
-  selectRows(toRun, {1, 3}, 3);  // entries 2 and 4: not one run
+  selectRows(toRun, {1, 3}, 3);
   QVERIFY(!up->isEnabled());
   QVERIFY(!down->isEnabled());
-  w.moveUp();
-  w.moveDown();
-  QCOMPARE(items(toRun), QStringList({"e1", "e2", "e3", "e4", "e5"}));
-
-  selectRows(toRun, {4}, 4);
-  QTest::mouseClick(down, Qt::LeftButton);  // at the bottom
-  QCOMPARE(items(toRun), QStringList({"e1", "e2", "e3", "e4", "e5"}));
-  QTest::mouseClick(up, Qt::LeftButton);
-  QCOMPARE(items(toRun), QStringList({"e1", "e2", "e3", "e5", "e4"}));
-  QCOMPARE(toRun->currentRow(), 3);
-}
-
-void WindowListsTest::deleteCopyAndPopups() {
-  WindowFixture f;
-  f.write("road.ipf", "crea,a\r\n");
-  MainWindow& w = f.open();
-  auto* toRun = child<QListWidget>(&w, "ToRun");
-  auto* inps = child<QListWidget>(&w, "inps");
-  toRun->addItems({"e1", "e2", "e3", "e4", "e5"});
 
   // Delete with the last entry current: the new last one is current and selected.
   selectRows(toRun, {4}, 4);
@@ -197,32 +153,23 @@ void WindowListsTest::deleteCopyAndPopups() {
   QCOMPARE(items(toRun), QStringList({"e1", "e2", "e3", "e4"}));
   QCOMPARE(toRun->currentRow(), 3);
   QCOMPARE(selectedRows(toRun), QList<int>({3}));
-
   selectRows(toRun, {0, 2}, 0);
   w.action("mnuDelete")->trigger();
   QCOMPARE(items(toRun), QStringList({"e2", "e4"}));
-  QCOMPARE(selectedRows(toRun), QList<int>({0}));
-
   w.action("mnuToRunCopy")->trigger();
   QCOMPARE(QGuiApplication::clipboard()->text(), QString("e2\r\ne4\r\n"));
+  w.action("mnuToRunDelAll")->trigger();
+  QCOMPARE(toRun->count(), 0);
 
   // The inputs popup names the selected file.
   w.updateInpsPopup();
-  QCOMPARE(w.action("mnuInpsEdit")->text(), f.text("Menu1", "InpsEdit") + ": road.ipf");
+  QCOMPARE(w.action("mnuInpsEdit")->text(), QString("Edit: road.ipf"));
   QVERIFY(w.action("mnuInpsEdit")->isEnabled());
-  inps->clearSelection();
+  f.list("inps")->clearSelection();
   w.updateInpsPopup();
-  QCOMPARE(w.action("mnuInpsEdit")->text(), f.text("Menu1", "InpsEdit"));
+  QCOMPARE(w.action("mnuInpsEdit")->text(), QString("Edit"));
   QVERIFY(!w.action("mnuInpsEdit")->isEnabled());
   w.editInput();  // without a selection: nothing, and no box
-
-  w.action("mnuToRunDelAll")->trigger();
-  QCOMPARE(toRun->count(), 0);
-  w.action("mnuToRunCopy")->trigger();
-  QCOMPARE(QGuiApplication::clipboard()->text(), QString());
-  selectRows(toRun, {}, -1);
-  w.deleteSelected();  // nothing to delete: nothing happens
-  QCOMPARE(toRun->count(), 0);
 }
 
 void WindowListsTest::fileMenuStates() {
@@ -230,38 +177,27 @@ void WindowListsTest::fileMenuStates() {
   f.write("a.ipf", "[main]\r\n[end]\r\n");
   f.write("b.ipf", "crea,b\r\n");
   MainWindow& w = f.open();
-  auto* inps = child<QListWidget>(&w, "inps");
-  auto* subs = child<QListWidget>(&w, "subs");
-  auto* toRun = child<QListWidget>(&w, "ToRun");
-  auto* menu = child<QMenu>(&w, "mnuFile");
-  auto enabled = [&](const char* name) {
-    emit menu->aboutToShow();
-    return w.action(name)->isEnabled();
+  // The File menu's entries as it shows them, "-" before those that are disabled.
+  const auto menu = [&] {
+    emit child<QMenu>(&w, "mnuFile")->aboutToShow();
+    QString shown;
+    for (const char* a : {"Edit", "Select", "SelectAll", "Delete", "DeleteAll"})
+      shown += QString(w.action(QString("mnu") + a)->isEnabled() ? " " : " -") + a;
+    return shown.trimmed();
   };
-
-  // A file with sections, none selected.
-  QVERIFY(enabled("mnuEdit"));
-  QVERIFY(!enabled("mnuSelect"));
-  QVERIFY(enabled("mnuSelectAll"));
-  QVERIFY(!enabled("mnuDelete"));
-  QVERIFY(!enabled("mnuDeleteAll"));
-  clickOn(subs, 0);
-  QVERIFY(enabled("mnuSelect"));
+  // A file with sections, none selected; then a section picked and an entry selected.
+  QCOMPARE(menu(), QString("Edit -Select SelectAll -Delete -DeleteAll"));
+  clickOn(f.list("subs"), 0);
+  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete -DeleteAll"));
   w.action("mnuSelect")->trigger();
-  QVERIFY(enabled("mnuDeleteAll"));
-  QVERIFY(!enabled("mnuDelete"));
-  toRun->item(0)->setSelected(true);
-  QVERIFY(enabled("mnuDelete"));
-
-  // A file without sections can be picked whole; Select all has nothing to do.
-  clickOn(inps, 1);
-  QVERIFY(enabled("mnuSelect"));
-  QVERIFY(!enabled("mnuSelectAll"));
-
-  // No input file selected.
-  inps->clearSelection();
-  QVERIFY(!enabled("mnuEdit"));
-  QVERIFY(!enabled("mnuSelect"));
+  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete DeleteAll"));
+  f.list("ToRun")->item(0)->setSelected(true);
+  QCOMPARE(menu(), QString("Edit Select SelectAll Delete DeleteAll"));
+  // A file without sections is picked whole; no input file selected.
+  clickOn(f.list("inps"), 1);
+  QCOMPARE(menu(), QString("Edit Select -SelectAll Delete DeleteAll"));
+  f.list("inps")->clearSelection();
+  QCOMPARE(menu(), QString("-Edit -Select -SelectAll Delete DeleteAll"));
 }
 
 void WindowListsTest::homeWithAndWithoutInputs() {
@@ -269,7 +205,7 @@ void WindowListsTest::homeWithAndWithoutInputs() {
   f.write("top.ipf", "");
   MainWindow& w = f.open();  // no LastFile: start-up goes Home
   QCOMPARE(w.fileListPath(), f.project());
-  QCOMPARE(items(child<QListWidget>(&w, "inps")), QStringList({"top.ipf"}));
+  QCOMPARE(items(f.list("inps")), QStringList({"top.ipf"}));
 
   f.write("inputs/road.ipf", "");
   f.write("other/x.ipf", "");
@@ -277,9 +213,9 @@ void WindowListsTest::homeWithAndWithoutInputs() {
   QCOMPARE(w.fileListPath(), f.path("other"));
   w.action("mnuHome")->trigger();
   QCOMPARE(w.fileListPath(), f.path("inputs"));
-  QCOMPARE(items(child<QListWidget>(&w, "inps")), QStringList({"road.ipf"}));
-  QCOMPARE(child<QLabel>(&w, "dir")->text(), fromCore(f.path("inputs")));
-  QVERIFY(child<QListWidget>(&w, "inps")->hasFocus() || !QGuiApplication::focusWindow());
+  QCOMPARE(items(f.list("inps")), QStringList({"road.ipf"}));
+  QCOMPARE(f.label("dir")->text(), fromCore(f.path("inputs")));
+  QVERIFY(f.list("inps")->hasFocus() || !QGuiApplication::focusWindow());
 }
 
 void WindowListsTest::exclPanelInsideAndOutsideTheProject() {
@@ -288,13 +224,13 @@ void WindowListsTest::exclPanelInsideAndOutsideTheProject() {
   const std::string proj2 = f.project() + "2";
   std::filesystem::create_directories(fs::native(proj2));
   MainWindow& w = f.open();
-  auto* excl = child<QLabel>(&w, "excl");
+  QLabel* excl = f.label("excl");
   QCOMPARE(excl->property("picture").toString(), QString("proj"));
-  QCOMPARE(excl->toolTip(), f.text("StatusBar1", "chk"));
+  QCOMPARE(excl->toolTip(), QString("You are in the project folder."));
 
   w.folderPanel()->setFolder(proj2);  // Proj2 beside Proj is outside
   QCOMPARE(excl->property("picture").toString(), QString("notproj"));
-  QCOMPARE(excl->toolTip(), f.text("StatusBar1", "excl"));
+  QCOMPARE(excl->toolTip(), QString("You are not in the project folder!"));
   QVERIFY(!excl->pixmap().isNull());
 
   w.folderPanel()->setFolder(f.path("inputs"));
@@ -307,23 +243,22 @@ void WindowListsTest::vanishedFoldersAndTheFolderPanel() {
   f.write("inputs/deep/a.ipf", "[main]\r\n");
   MainWindow& w = f.open();
   FolderPanel* panel = w.folderPanel();
-  auto* folders = panel->folders();
 
   // The folder list shows the subfolders; activating one opens it.
-  QList<QListWidgetItem*> deep = folders->findItems("deep", Qt::MatchEndsWith);
+  QList<QListWidgetItem*> deep = panel->folders()->findItems("deep", Qt::MatchEndsWith);
   QCOMPARE(deep.size(), 1);
-  emit folders->itemActivated(deep[0]);
+  emit panel->folders()->itemActivated(deep[0]);
   QCOMPARE(w.fileListPath(), f.path("inputs/deep"));
-  QCOMPARE(child<QListWidget>(&w, "subs")->count(), 1);
+  QCOMPARE(f.list("subs")->count(), 1);
 
   // The folder goes away: Refresh falls back to the nearest folder that is there.
   std::filesystem::remove_all(fs::native(f.path("inputs/deep")));
   w.action("mnuRefresh")->trigger();
   QCOMPARE(w.fileListPath(), f.path("inputs"));
-  QCOMPARE(child<QListWidget>(&w, "inps")->count(), 0);
-  QCOMPARE(child<QListWidget>(&w, "subs")->count(), 0);
+  QCOMPARE(f.list("inps")->count(), 0);
+  QCOMPARE(f.list("subs")->count(), 0);
   w.pick();  // nothing selected: nothing happens
-  QCOMPARE(child<QListWidget>(&w, "ToRun")->count(), 0);
+  QCOMPARE(f.list("ToRun")->count(), 0);
 
   // The folder panel slides closed and open; its state is written at once.
   QVERIFY(w.folderPanelShown());
@@ -341,5 +276,7 @@ void WindowListsTest::vanishedFoldersAndTheFolderPanel() {
   QCOMPARE(panel->width(), width);
 }
 
-QTEST_MAIN(WindowListsTest)
+}  // namespace korvane::test
+
+QTEST_MAIN(korvane::test::WindowListsTest)
 #include "window_lists_test.moc"

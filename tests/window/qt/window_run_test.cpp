@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QtTest>
+#include <filesystem>
 
 #include "base/fs.h"
 #include "shell/window_settings.h"
@@ -13,17 +14,9 @@
 #include "window/longsection_panel.h"
 #include "window/text_edge.h"
 
-using namespace korvane;
-using namespace korvane::window;
-using namespace korvane::window::test;
+namespace korvane::test {
 
-namespace {
-
-// An input that compiles for a long time: a repeat over many lines.
-const char* const kLongInput = "insert,loop\r\nrepeat=2000000\r\n";
-const char* const kLoop = "repeat\r\n#g_n=|count|\r\nendrepeat\r\n";
-
-}  // namespace
+using namespace window;
 
 class WindowRunTest : public QObject {
   Q_OBJECT
@@ -35,8 +28,7 @@ class WindowRunTest : public QObject {
   void stopInterruptsALongRun();
   void variablesViewer();
   void helpLongDrawAndAbout();
-  void batchMode();
-  void programExitStatuses();
+  void batchModeAndTheProgramsExitStatuses();
 };
 
 void WindowRunTest::aStopInTheSecondOfThreeEntries() {
@@ -44,18 +36,16 @@ void WindowRunTest::aStopInTheSecondOfThreeEntries() {
   f.write("a.ipf", "#g_first=a\r\ncrea,a\r\n");
   f.write("b.ipf", "#g_second=b|g_first|\r\ninsert,missing.\r\n#g_after=x\r\n");
   f.write("c.ipf", "#g_third=c\r\ncrea,c\r\n");
-  f.write("complete.inp", "stale");
   f.setPosition("SaveSeparateFiles", "1");
   MainWindow& w = f.open();
-  auto* toRun = child<QListWidget>(&w, "ToRun");
-  for (const char* name : {"a.ipf", "b.ipf", "c.ipf"}) toRun->addItem(fromCore(f.path(name)));
+  f.queue({"a.ipf", "b.ipf", "c.ipf"});
 
   BoxCatcher boxes;
   QList<int> selectedWhenBoxShown;
   QString statusWhenBoxShown;
   boxes.onBox = [&](QWidget*) {
-    selectedWhenBoxShown = selectedRows(toRun);
-    statusWhenBoxShown = child<QLabel>(&w, "stat")->text();
+    selectedWhenBoxShown = selectedRows(f.list("ToRun"));
+    statusWhenBoxShown = f.label("stat")->text();
   };
   w.action("mnuRun")->trigger();
   QVERIFY(w.running());
@@ -63,24 +53,21 @@ void WindowRunTest::aStopInTheSecondOfThreeEntries() {
   QVERIFY(w.action("mnuStop")->isEnabled());
   QTRY_VERIFY_WITH_TIMEOUT(!w.running() && boxes.boxes == 1, 20000);
 
-  QCOMPARE(boxes.title, f.text("Messages", "s4"));
-  QCOMPARE(boxes.text, fromCore(f.session->ctx.messages.format("Messages", "s9", "missing.ipm")));
+  QCOMPARE(boxes.title, QString("Korvane - run stopped"));
+  QCOMPARE(boxes.text, QString("File not found: missing.ipm (not in the input's folder, the "
+                               "project folder or the macro folders)"));
   QCOMPARE(selectedWhenBoxShown, QList<int>({0, 1}));  // what ran, the failing one last
-  QVERIFY(statusWhenBoxShown != f.text("StatusBar1", "stat1"));
-  QCOMPARE(child<QLabel>(&w, "stat")->text(), f.text("StatusBar1", "stat1"));
-  QCOMPARE(toRun->count(), 3);  // the list stays as it was
+  QVERIFY(statusWhenBoxShown != "Ready");
+  QCOMPARE(f.label("stat")->text(), QString("Ready"));
+  QCOMPARE(f.list("ToRun")->count(), 3);  // the list stays as it was
   QVERIFY(w.action("mnuRun")->isEnabled());
   QVERIFY(!w.action("mnuStop")->isEnabled());
 
-  // The first two ran, the third did not; the stale combined file is gone.
-  QVERIFY(fs::fileExists(f.path("compiled_a.inp")));
+  // The first two ran, with the save mode of the settings; the third did not.
   QVERIFY(fs::fileExists(f.path("compiled_b.inp")));
-  QVERIFY(!fs::fileExists(f.path("compiled_c.inp")));
-  QVERIFY(!fs::fileExists(f.path("complete.inp")));
-  const QStringList vars = items(w.viewer()->variables());
-  QVERIFY(vars.contains("g_second=ba"));
-  QVERIFY(!vars.join(" ").contains("g_third"));
-  QVERIFY(!vars.join(" ").contains("g_after"));
+  QVERIFY(f.variables().contains("g_second=ba"));
+  QVERIFY(!f.variables().join(" ").contains("g_third"));
+  QVERIFY(!f.variables().join(" ").contains("g_after"));
   // The run saved the settings first.
   QCOMPARE(f.position("SaveSeparateFiles"), std::string("1"));
 }
@@ -89,66 +76,60 @@ void WindowRunTest::theNextRunAfterAFailure() {
   WindowFixture f;
   f.write("bad.ipf", "insert,missing.\r\n");
   f.write("good.ipf", "#g_ok=1\r\n");
-  MainWindow& w = f.open();
-  auto* toRun = child<QListWidget>(&w, "ToRun");
-  toRun->addItem(fromCore(f.path("bad.ipf")));
+  f.open();
+  f.queue({"bad.ipf"});
   BoxCatcher boxes;
-  w.run();
-  QTRY_VERIFY_WITH_TIMEOUT(!w.running(), 20000);
+  QVERIFY(f.runToEnd());
   QCOMPARE(boxes.boxes, 1);
 
-  toRun->clear();
-  toRun->addItem(fromCore(f.path("good.ipf")));
-  w.run();
-  QTRY_VERIFY_WITH_TIMEOUT(!w.running(), 20000);
+  f.list("ToRun")->clear();
+  f.queue({"good.ipf"});
+  QVERIFY(f.runToEnd());
   QCOMPARE(boxes.boxes, 1);  // no second box
-  QVERIFY(items(w.viewer()->variables()).contains("g_ok=1"));
-  QCOMPARE(selectedRows(toRun), QList<int>({0}));
+  QVERIFY(f.variables().contains("g_ok=1"));
+  QCOMPARE(selectedRows(f.list("ToRun")), QList<int>({0}));
 
   // An empty list: nothing runs, no settings are written.
-  toRun->clear();
+  f.list("ToRun")->clear();
   f.setPosition("Top", "marker");
-  w.run();
-  QVERIFY(!w.running());
+  f.window->run();
+  QVERIFY(!f.window->running());
   QCOMPARE(f.position("Top"), std::string("marker"));
 }
 
 void WindowRunTest::inputIsAModalBox() {
   WindowFixture f("Hungarian");
   f.write("ask.ipf", "let,w=input(Width?),\r\nlet,h=input(Height?),\r\n");
-  MainWindow& w = f.open();
-  child<QListWidget>(&w, "ToRun")->addItem(fromCore(f.path("ask.ipf")));
+  f.open();
+  f.queue({"ask.ipf"});
   BoxCatcher boxes;
   boxes.answer = QString::fromUtf8("12,5 árok");
   QStringList prompts;
   boxes.onBox = [&](QWidget* box) {
     if (auto* input = qobject_cast<QInputDialog*>(box)) prompts << input->labelText();
   };
-  w.run();
-  QTRY_VERIFY_WITH_TIMEOUT(!w.running(), 20000);
+  QVERIFY(f.runToEnd());
   QCOMPARE(boxes.boxes, 2);
   QCOMPARE(boxes.title, QString("Korvane"));
-  QVERIFY(prompts.value(0).startsWith(f.text("Messages", "s10")));
+  QVERIFY(prompts.value(0).startsWith(QString::fromUtf8("Add meg a kért értéket:")));
   QVERIFY(prompts.value(0).endsWith("Width?"));
   QVERIFY(!prompts.value(0).contains('\r'));
-  const QStringList vars = items(w.viewer()->variables());
   // The answer reaches the core in its code page and comes back unchanged.
-  QVERIFY2(vars.contains(QString::fromUtf8("w=12,5 árok")), qPrintable(vars.join("|")));
-  QVERIFY(vars.contains(QString::fromUtf8("h=12,5 árok")));
+  QVERIFY2(f.variables().contains(QString::fromUtf8("w=12,5 árok")),
+           qPrintable(f.variables().join("|")));
+  QVERIFY(f.variables().contains(QString::fromUtf8("h=12,5 árok")));
 }
 
 void WindowRunTest::stopInterruptsALongRun() {
   WindowFixture f;
-  f.write("loop.ipm", kLoop);
-  f.write("long.ipf", kLongInput);
+  f.write("loop.ipm", "repeat\r\n#g_n=|count|\r\nendrepeat\r\n");
+  f.write("long.ipf", "insert,loop\r\nrepeat=2000000\r\n");  // compiles for a long time
   f.write("after.ipf", "#g_after=1\r\n");
   MainWindow& w = f.open();
-  auto* toRun = child<QListWidget>(&w, "ToRun");
-  toRun->addItem(fromCore(f.path("long.ipf")));
-  toRun->addItem(fromCore(f.path("after.ipf")));
+  f.queue({"long.ipf", "after.ipf"});
   BoxCatcher boxes;
   w.run();
-  QTRY_COMPARE(child<QLabel>(&w, "stat")->text(), f.text("StatusBar1", "stat2"));
+  QTRY_COMPARE(f.label("stat")->text(), QString("Compiling..."));
   QVERIFY(w.running());
   // The window answers while the run goes on.
   w.action("mnuSaveOne")->trigger();
@@ -156,8 +137,8 @@ void WindowRunTest::stopInterruptsALongRun() {
   QTest::keyClick(&w, Qt::Key_Escape);
   QTRY_VERIFY_WITH_TIMEOUT(!w.running(), 20000);
   QCOMPARE(boxes.boxes, 1);
-  QVERIFY(boxes.text.contains(f.text("Runtime", "interrupted")));
-  QVERIFY(!items(w.viewer()->variables()).contains("g_after=1"));
+  QVERIFY(boxes.text.contains("The run was interrupted"));
+  QVERIFY(!f.variables().contains("g_after=1"));
 
   // Closing the window during a run stops it, then closes.
   w.run();
@@ -172,18 +153,17 @@ void WindowRunTest::variablesViewer() {
   WindowFixture f;
   f.write("v.ipf", "#a=\"x=1\"\r\n#b=|left(abc,x)|\r\n#g_c=3\r\n");
   MainWindow& w = f.open();
-  child<QListWidget>(&w, "ToRun")->addItem(fromCore(f.path("v.ipf")));
-  w.run();
-  QTRY_VERIFY_WITH_TIMEOUT(!w.running(), 20000);
+  f.queue({"v.ipf"});
+  QVERIFY(f.runToEnd());
   w.action("mnuLists")->trigger();
   VariablesViewer* v = w.viewer();
   QVERIFY(QTest::qWaitForWindowExposed(v));
-  QCOMPARE(v->windowTitle(), f.text("Lists", "Caption"));
-  QCOMPARE(v->tabs()->tabText(0), f.text("Lists", "Vars"));
-  QCOMPARE(v->tabs()->tabToolTip(0), f.text("Lists", "Varstip"));
-  QCOMPARE(v->tabs()->tabText(1), f.text("Lists", "Sups"));
-  QCOMPARE(v->tabs()->tabToolTip(1), f.text("Lists", "Supstip"));
-  const QStringList vars = items(v->variables());
+  QCOMPARE(v->windowTitle(), QString("Variables"));
+  QCOMPARE(v->tabs()->tabText(0), QString("Variables"));
+  QCOMPARE(v->tabs()->tabToolTip(0), QString("Variables left by the last run, with their values"));
+  QCOMPARE(v->tabs()->tabText(1), QString("Log"));
+  QCOMPARE(v->tabs()->tabToolTip(1), QString("Text collected during the last run"));
+  const QStringList vars = f.variables();
   QVERIFY2(vars.contains("a=x=1"), qPrintable(vars.join("|")));  // "=" in a value unchanged
   QVERIFY(vars.contains("g_c=3"));
   for (const QString& item : vars) QVERIFY(!item.startsWith("zTMP"));
@@ -191,9 +171,8 @@ void WindowRunTest::variablesViewer() {
   QVERIFY(QFontInfo(v->logText()->font()).fixedPitch());
   // The second page: the trapped string-function failure.
   const QString log = v->logText()->toPlainText();
-  QVERIFY2(
-      log.contains(fromCore(f.session->ctx.messages.format("Runtime", "strfunc", "left", "2"))),
-      qPrintable(log));
+  QVERIFY2(log.contains("left: the arguments are wrong (it takes 2), the result is empty"),
+           qPrintable(log));
   QVERIFY(log.contains(fromCore(f.path("v.ipf"))));
   v->tabs()->setCurrentIndex(1);
   QVERIFY(v->logText()->isVisible());
@@ -216,27 +195,27 @@ void WindowRunTest::helpLongDrawAndAbout() {
   // No help file beside the settings: the box says which file is missing.
   w.action("mnuCHM")->trigger();
   QCOMPARE(boxes.boxes, 1);
-  QCOMPARE(boxes.text,
-           f.session->format("Window", "nohelp", fromCore(fs::join(f.home(), "KorvaneHU.chm"))));
+  QCOMPARE(boxes.text, QString::fromUtf8("Nem található a súgófájl: ") +
+                           fromCore(fs::join(f.home(), "KorvaneHU.chm")));
   // LongDraw opens the long-section panel, once however often it is asked for.
   w.action("mnuLongDraw")->trigger();
-  QVERIFY(w.longsectionPanel() && w.longsectionPanel()->isVisible());
-  QVERIFY(w.longsectionPanel()->windowTitle().startsWith(f.text("Longsection", "title")));
   LongsectionPanel* panel = w.longsectionPanel();
+  QVERIFY(panel && panel->isVisible());
+  QVERIFY(panel->windowTitle().startsWith(QString::fromUtf8("Hossz-szelvény")));
   w.action("mnuLongDraw")->trigger();
   QCOMPARE(w.longsectionPanel(), panel);
   QCOMPARE(boxes.boxes, 1);
   w.action("mnuAbout")->trigger();
   QCOMPARE(boxes.boxes, 2);
-  QCOMPARE(boxes.title, f.text("Menu1", "About"));
+  QCOMPARE(boxes.title, QString::fromUtf8("Névjegy"));
   QCOMPARE(boxes.text, QString("Korvane"));
-  QVERIFY(details.contains(f.session->format("Window", "version", KORVANE_TEST_VERSION)));
+  QVERIFY(details.contains(QString::fromUtf8("Változat: ") + KORVANE_TEST_VERSION));
   QVERIFY(details.contains(fromCore(f.project())));
 }
 
-void WindowRunTest::batchMode() {
+void WindowRunTest::batchModeAndTheProgramsExitStatuses() {
   WindowFixture f;
-  f.write("a.ipf", "#g_x=1\r\n");
+  f.write("a.ipf", "#g_x=1\r\ncrea,a\r\n");
   f.write("b.ipf", "insert,missing.\r\n");
   f.setPosition("Width", "9000");
   f.open(false);
@@ -245,29 +224,28 @@ void WindowRunTest::batchMode() {
   QCOMPARE(f.position("Width"), std::string("9000"));  // the layout written back as it was read
   f.open(false);
   QCOMPARE(f.window->runBatch(f.path("b.ipf")), 1);
-}
 
-void WindowRunTest::programExitStatuses() {
-  WindowFixture f;
-  f.write("a.ipf", "crea,a\r\n");
-  f.write("b.ipf", "insert,missing.\r\n");
-  auto run = [&](const QStringList& args, const QString& home) {
+  // korvane-window ENTRY: the same, as a program (the session here closed first).
+  f.window.reset();
+  f.session.reset();
+  auto run = [&](const QString& entry, const std::string& home) {
     QProcess p;
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert("KORVANE_HOME", home);
+    env.insert("KORVANE_HOME", fromCore(home));
     env.insert("QT_QPA_PLATFORM", "offscreen");
     p.setProcessEnvironment(env);
     p.setWorkingDirectory(fromCore(f.project()));
-    p.start(KORVANE_BIN_DIR "/korvane-window", args);
-    if (!p.waitForFinished(60000)) return -1;
-    return p.exitCode();
+    p.start(KORVANE_BIN_DIR "/korvane-window", {entry});
+    return p.waitForFinished(60000) ? p.exitCode() : -1;
   };
-  const QString home = fromCore(f.home());
-  QCOMPARE(run({"a.ipf"}, home), 0);
+  std::filesystem::remove(fs::native(f.path("tmpinput.txt")));
+  QCOMPARE(run("a.ipf", f.home()), 0);
   QVERIFY(fs::fileExists(f.path("tmpinput.txt")));
-  QCOMPARE(run({"b.ipf"}, home), 1);
-  QCOMPARE(run({"a.ipf"}, fromCore(f.path("nohome"))), 2);
+  QCOMPARE(run("b.ipf", f.home()), 1);
+  QCOMPARE(run("a.ipf", f.path("nohome")), 2);
 }
 
-QTEST_MAIN(WindowRunTest)
+}  // namespace korvane::test
+
+QTEST_MAIN(korvane::test::WindowRunTest)
 #include "window_run_test.moc"

@@ -12,9 +12,9 @@
 #include "support/window_fixture.h"
 #include "window/text_edge.h"
 
-using namespace korvane;
-using namespace korvane::window;
-using namespace korvane::window::test;
+namespace korvane::test {
+
+using namespace window;
 
 class WindowSettingsTest : public QObject {
   Q_OBJECT
@@ -38,33 +38,28 @@ void WindowSettingsTest::layoutRestoredAndWrittenBack() {
                   {"inpWidth", "1500"},
                   {"subWidth", "1200"}});
   MainWindow& w = f.open();
-  QCOMPARE(w.width(), 9000 / kTwipsPerPixel);
-  QCOMPARE(w.height(), 6000 / kTwipsPerPixel);
-  const QList<int> sizes = w.splitter()->sizes();
-  QCOMPARE(sizes[0], 1800 / kTwipsPerPixel);
-  QCOMPARE(sizes[1], 1500 / kTwipsPerPixel);
-  QCOMPARE(sizes[2], 1200 / kTwipsPerPixel);
+  QCOMPARE(w.size(), QSize(9000, 6000) / kTwipsPerPixel);
+  QCOMPARE(w.splitter()->sizes().mid(0, 3),
+           QList<int>({1800 / kTwipsPerPixel, 1500 / kTwipsPerPixel, 1200 / kTwipsPerPixel}));
   QVERIFY(w.folderPanelShown());
 
   // A splitter moved to below the 750-twip minimum stops at it.
   QSplitterHandle* img2 = w.splitter()->findChild<QSplitterHandle*>("img2");
   QVERIFY(img2);
-  const int pos = w.splitter()->sizes()[0] + w.splitter()->handleWidth();
+  const QPoint farLeft(-1500 / kTwipsPerPixel + 5, 10);
   QTest::mousePress(img2, Qt::LeftButton, {}, QPoint(2, 10));
-  QTest::mouseMove(img2, QPoint(-sizes[1] + 5, 10));
-  QTest::mouseRelease(img2, Qt::LeftButton, {}, QPoint(-sizes[1] + 5, 10));
+  QTest::mouseMove(img2, farLeft);
+  QTest::mouseRelease(img2, Qt::LeftButton, {}, farLeft);
   QVERIFY(w.splitter()->sizes()[1] >= kMinPaneTwips / kTwipsPerPixel);
-  QVERIFY(pos > 0);
 
-  const int inps = child<QListWidget>(&w, "inps")->width();
-  const int subs = child<QListWidget>(&w, "subs")->width();
+  const int inps = f.list("inps")->width(), subs = f.list("subs")->width();
   f.close();
-  QCOMPARE(f.position("Width"), std::to_string(9000));
-  QCOMPARE(f.position("Height"), std::to_string(6000));
+  QCOMPARE(f.position("Width"), std::string("9000"));
+  QCOMPARE(f.position("Height"), std::string("6000"));
   QCOMPARE(f.position("inpWidth"), std::to_string(inps * kTwipsPerPixel));
   QCOMPARE(f.position("subWidth"), std::to_string(subs * kTwipsPerPixel));
   QCOMPARE(f.position("Dir"), std::string("True"));
-  QCOMPARE(f.position("dirWidth"), std::to_string(1800));
+  QCOMPARE(f.position("dirWidth"), std::string("1800"));
   QCOMPARE(f.position("LastFile"), fs::withTrailingSeparator(f.project()));
 }
 
@@ -73,86 +68,68 @@ void WindowSettingsTest::nonsenseGeometryIsKeptOnTheScreen() {
   const QRect screen = QGuiApplication::primaryScreen()->geometry();
   f.setPositions({{"Top", "-200"},
                   {"Left", "abc"},
-                  {"Width", std::to_string((screen.width() + 200) * kTwipsPerPixel)}});
-  f.setPosition("Height", "99999");  // not a 16-bit number: the designed height
-  f.setPosition("inpWidth", "-40");
+                  {"Width", std::to_string((screen.width() + 200) * kTwipsPerPixel)},
+                  {"Height", "99999"},  // not a 16-bit number: the designed height
+                  {"inpWidth", "-40"}});
   MainWindow& w = f.open();
-  QCOMPARE(w.y(), screen.y());
-  QCOMPARE(w.x(), screen.x());
-  QVERIFY(w.width() <= screen.width());
-  QVERIFY(w.height() <= screen.height());
-  QVERIFY(w.x() + w.width() <= screen.x() + screen.width());
+  QCOMPARE(w.pos(), screen.topLeft());
+  QVERIFY(screen.contains(QRect(w.pos(), w.size())));
   QVERIFY(w.splitter()->sizes()[1] >= kMinPaneTwips / kTwipsPerPixel);
 }
 
 void WindowSettingsTest::folderPanelFromTheSettings() {
-  {
-    // Shown but not wanted: hidden at start, and the remembered width is written at exit.
-    WindowFixture f;
-    f.setPosition("Dir", "False");
-    f.setPosition("dirWidth", "2400");
-    MainWindow& w = f.open();
-    QVERIFY(!w.folderPanelShown());
-    QVERIFY(!w.folderPanel()->isVisible());
-    QVERIFY(!w.action("mnuDir")->isChecked());
-    f.close();
-    QCOMPARE(f.position("Dir"), std::string("False"));
-    QCOMPARE(f.position("dirWidth"), std::string("2400"));
-    // The next start brings it back when asked for.
-    f.setPosition("Dir", "True");
-    MainWindow& again = f.open();
-    QVERIFY(again.folderPanelShown());
-    QCOMPARE(again.splitter()->sizes()[0], 2400 / kTwipsPerPixel);
-  }
-  {
-    // Narrower than the collapsed width: left as it is, whatever "Dir" says.
-    WindowFixture f;
-    f.setPosition("Dir", "False");
-    f.setPosition("dirWidth", "149");
-    MainWindow& w = f.open();
-    QVERIFY(w.folderPanelShown());
-    QVERIFY(!w.action("mnuDir")->isChecked());
-  }
+  // Narrower than the collapsed width: left as it is, whatever "Dir" says.
+  WindowFixture f;
+  f.setPositions({{"Dir", "False"}, {"dirWidth", "149"}});
+  QVERIFY(f.open().folderPanelShown());
+  QVERIFY(!f.window->action("mnuDir")->isChecked());
+  // Shown but not wanted: hidden at start, and the remembered width is written at exit.
+  f.close();
+  f.setPositions({{"Dir", "False"}, {"dirWidth", "2400"}});
+  MainWindow& w = f.open();
+  QVERIFY(!w.folderPanelShown());
+  QVERIFY(!w.folderPanel()->isVisible());
+  QVERIFY(!w.action("mnuDir")->isChecked());
+  f.close();
+  QCOMPARE(f.position("Dir"), std::string("False"));
+  QCOMPARE(f.position("dirWidth"), std::string("2400"));
+  // The next start brings it back when asked for.
+  f.setPosition("Dir", "True");
+  MainWindow& again = f.open();
+  QVERIFY(again.folderPanelShown());
+  QCOMPARE(again.splitter()->sizes()[0], 2400 / kTwipsPerPixel);
+}
+
+// What a save-mode panel shows: its bevel, picture, button check mark, menu
+// check mark and tool tip.
+QString shown(MainWindow& w, const char* panel, const char* menu) {
+  auto* b = child<QToolButton>(&w, panel);
+  return QString("%1 %2%3%4 %5")
+      .arg(w.statusPanels()->bevel(panel) == kBevelPressed ? "pressed" : "raised",
+           b->property("picture").toString(), b->isChecked() ? " checked" : "",
+           w.action(menu)->isChecked() ? " menu" : "", b->toolTip());
 }
 
 void WindowSettingsTest::saveModeToggles() {
   WindowFixture f;
-  f.setPosition("SaveSingleFile", "1");
-  f.setPosition("SaveSeparateFiles", "2");
+  f.setPositions({{"SaveSingleFile", "1"}, {"SaveSeparateFiles", "2"}});
   MainWindow& w = f.open();
-  StatusPanels* p = w.statusPanels();
-  auto* one = child<QToolButton>(&w, "saveone");
-  auto* sep = child<QToolButton>(&w, "savesep");
-  const QString oneText = f.text("StatusBar1", "saveone");
-  const QString sepText = f.text("StatusBar1", "savesep");
-  const QString on = f.text("StatusBar1", "saveact");
-
-  QCOMPARE(p->bevel("saveone"), kBevelPressed);
-  QCOMPARE(one->toolTip(), oneText + " " + on);
-  QCOMPARE(one->property("picture").toString(), QString("saveone"));
-  QVERIFY(w.action("mnuSaveOne")->isChecked());
-  QCOMPARE(p->bevel("savesep"), kBevelRaised);
-  QCOMPARE(sep->toolTip(), sepText);
-  QCOMPARE(sep->property("picture").toString(), QString("savesepbw"));
-  QVERIFY(!w.action("mnuSaveSep")->isChecked());
+  const QString one = "Save the run in a single INP file",
+                sep = "Save the run in separate INP files";
+  QCOMPARE(shown(w, "saveone", "mnuSaveOne"), "pressed saveone checked menu " + one + " (on)");
+  QCOMPARE(shown(w, "savesep", "mnuSaveSep"), "raised savesepbw " + sep);
 
   // A click on the panel and the menu entry do the same; twice is no change.
-  QTest::mouseClick(sep, Qt::LeftButton);
-  QCOMPARE(p->bevel("savesep"), kBevelPressed);
-  QCOMPARE(sep->toolTip(), sepText + " " + on);
-  QCOMPARE(sep->property("picture").toString(), QString("savesep"));
-  QVERIFY(w.action("mnuSaveSep")->isChecked());
-  QVERIFY(sep->isChecked());
+  QTest::mouseClick(child<QToolButton>(&w, "savesep"), Qt::LeftButton);
+  QCOMPARE(shown(w, "savesep", "mnuSaveSep"), "pressed savesep checked menu " + sep + " (on)");
   w.action("mnuSaveSep")->trigger();
-  QCOMPARE(p->bevel("savesep"), kBevelRaised);
-  QVERIFY(!sep->isChecked());
-  QTest::mouseClick(one, Qt::LeftButton);
-  QCOMPARE(p->bevel("saveone"), kBevelRaised);
-  QCOMPARE(one->property("picture").toString(), QString("saveonebw"));
+  QCOMPARE(shown(w, "savesep", "mnuSaveSep"), "raised savesepbw " + sep);
+  QTest::mouseClick(child<QToolButton>(&w, "saveone"), Qt::LeftButton);
+  QCOMPARE(shown(w, "saveone", "mnuSaveOne"), "raised saveonebw " + one);
   w.action("mnuSaveOne")->trigger();
   w.action("mnuSaveSep")->trigger();  // both on together
-  QCOMPARE(p->bevel("saveone"), kBevelPressed);
-  QCOMPARE(p->bevel("savesep"), kBevelPressed);
+  QCOMPARE(w.statusPanels()->bevel("saveone"), kBevelPressed);
+  QCOMPARE(w.statusPanels()->bevel("savesep"), kBevelPressed);
 
   f.close();
   QCOMPARE(f.position("SaveSingleFile"), std::string("1"));
@@ -165,10 +142,9 @@ void WindowSettingsTest::lastFileRestored() {
   f.write("inputs/b.ipf", "[two]\r\n[three]\r\n");
   f.setPosition("LastFile", f.path("inputs/b.ipf"));
   MainWindow& w = f.open();
-  auto* inps = child<QListWidget>(&w, "inps");
   QCOMPARE(w.fileListPath(), f.path("inputs"));
-  QCOMPARE(inps->currentItem()->text(), QString("b.ipf"));
-  QCOMPARE(child<QListWidget>(&w, "subs")->count(), 2);
+  QCOMPARE(f.list("inps")->currentItem()->text(), QString("b.ipf"));
+  QCOMPARE(f.list("subs")->count(), 2);
   f.close();
   QCOMPARE(f.position("LastFile"), f.path("inputs/b.ipf"));
 
@@ -183,5 +159,7 @@ void WindowSettingsTest::lastFileRestored() {
   QCOMPARE(third.fileListPath(), f.path("inputs"));  // Home: the inputs folder
 }
 
-QTEST_MAIN(WindowSettingsTest)
+}  // namespace korvane::test
+
+QTEST_MAIN(korvane::test::WindowSettingsTest)
 #include "window_settings_test.moc"

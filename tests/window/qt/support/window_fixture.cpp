@@ -3,14 +3,18 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QInputDialog>
+#include <QProcess>
 #include <QtTest>
 #include <filesystem>
 #include <fstream>
 
 #include "base/fs.h"
 #include "base/profile.h"
+#include "window/text_edge.h"
 
-namespace korvane::window::test {
+namespace korvane::test {
+
+using namespace window;
 namespace stdfs = std::filesystem;
 
 WindowFixture::WindowFixture(const std::string& lang, const std::string& engine) : engine_(engine) {
@@ -80,8 +84,32 @@ void WindowFixture::close() {
   window.reset();
 }
 
-QString WindowFixture::text(const char* section, const char* key) const {
-  return session->text(section, key);
+QListWidget* WindowFixture::list(const char* name) const {
+  return window->findChild<QListWidget*>(name);
+}
+QLabel* WindowFixture::label(const char* name) const { return window->findChild<QLabel*>(name); }
+
+void WindowFixture::queue(std::initializer_list<const char*> files) const {
+  for (const char* f : files) list("ToRun")->addItem(fromCore(path(f)));
+}
+
+bool WindowFixture::runToEnd() const {
+  window->run();
+  return QTest::qWaitFor([this] { return !window->running(); }, 20000);
+}
+
+QStringList WindowFixture::variables() const { return items(window->viewer()->variables()); }
+
+void WindowFixture::copyExample() const {
+  stdfs::copy(stdfs::path(KORVANE_SOURCE_DIR) / "examples" / "road", fs::native(project()),
+              stdfs::copy_options::recursive);
+}
+
+int WindowFixture::korvane(const QStringList& args) const {
+  QProcess p;
+  p.setWorkingDirectory(fromCore(project()));
+  p.start(KORVANE_BIN_DIR "/korvane", args + QStringList{"--home", fromCore(home())});
+  return p.waitForFinished(60000) ? p.exitCode() : -1;
 }
 
 BoxCatcher::BoxCatcher() {
@@ -102,12 +130,8 @@ BoxCatcher::BoxCatcher() {
       ++boxes;
       title = input->windowTitle();
       text = input->labelText();
-      if (cancel) {
-        input->reject();
-      } else {
-        input->setTextValue(answer);
-        input->accept();
-      }
+      input->setTextValue(answer);
+      input->accept();
     }
   });
   timer_.start();
@@ -142,4 +166,4 @@ void doubleClickOn(QListWidget* list, int row) {
   QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, r.center());
 }
 
-}  // namespace korvane::window::test
+}  // namespace korvane::test

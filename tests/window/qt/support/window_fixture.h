@@ -1,6 +1,7 @@
 // Support for the window's Qt tests: a throw-away home folder (settings and
 // language files copied from data/) and project folder, a session and main
-// window opened on them, and a catcher that answers the next modal box.
+// window opened on them, runs of its to-run list, and a catcher that answers
+// the next modal box.
 #pragma once
 
 #include <QListWidget>
@@ -15,7 +16,10 @@
 #include "window/main_window.h"
 #include "window/session.h"
 
-namespace korvane::window::test {
+namespace korvane::test {
+
+using window::MainWindow;
+using window::WindowSession;
 
 class WindowFixture {
  public:
@@ -37,7 +41,20 @@ class WindowFixture {
   MainWindow& open(bool show = true);
   // Closes and destroys the window (writing its settings), keeping the session.
   void close();
-  QString text(const char* section, const char* key) const;
+  // The window's list or label `name`.
+  QListWidget* list(const char* name) const;
+  QLabel* label(const char* name) const;
+  // Puts files of the project on the to-run list.
+  void queue(std::initializer_list<const char*> files) const;
+  // Runs the to-run list; false when it has not ended within 20 s.
+  bool runToEnd() const;
+  // What the variables viewer lists after the last run, "name=value".
+  QStringList variables() const;
+
+  // The example project copied into the project folder, and `korvane ARGS`
+  // run there with this home folder; returns its exit status.
+  void copyExample() const;
+  int korvane(const QStringList& args) const;
 
   std::unique_ptr<WindowSession> session;
   std::unique_ptr<MainWindow> window;
@@ -48,14 +65,13 @@ class WindowFixture {
 };
 
 // Waits for modal boxes and answers them: message boxes with their first
-// button, input boxes with `answer` (or cancels them when `cancel`).
+// button, input boxes with `answer`.
 class BoxCatcher : public QObject {
  public:
   BoxCatcher();
   QString title, text;
   int boxes = 0;
   QString answer;
-  bool cancel = false;
   // Called with each box before it is answered (screenshots).
   std::function<void(QWidget*)> onBox;
 
@@ -75,4 +91,4 @@ void selectRows(QListWidget* list, QList<int> rows, int current);
 void clickOn(QListWidget* list, int row);
 void doubleClickOn(QListWidget* list, int row);
 
-}  // namespace korvane::window::test
+}  // namespace korvane::test
