@@ -13,8 +13,8 @@
 #include <map>
 #include <random>
 
-#include "support/engine.h"
 #include "engine/sqlite_db.h"
+#include "support/engine.h"
 
 using namespace korvane::engine;
 
@@ -197,12 +197,7 @@ const std::vector<std::string> kMajors = {
 
 class EngineCrash : public korvane::testing::EngineTest {
  protected:
-  std::vector<ModelSummary> summary() {
-    std::vector<ModelSummary> out;
-    std::string error;
-    EXPECT_TRUE(engine_->models(out, error)) << error;
-    return out;
-  }
+  std::vector<ModelSummary> summary() { return engine_->models(); }
   static bool same(const std::vector<ModelSummary>& a, const std::vector<ModelSummary>& b) {
     if (a.size() != b.size()) return false;
     for (std::size_t i = 0; i < a.size(); ++i)

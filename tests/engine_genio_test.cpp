@@ -107,9 +107,7 @@ TEST_F(EngineTest, GenioExportImportRoundTripIsLossless) {
   write("mx.txt", kMxStyle);
   ASSERT_EQ(engine_->importGenio(path("mx.txt"), "ROAD").error, "");
   std::vector<std::string> lines;
-  std::string error;
-  ASSERT_TRUE(engine_->exportGenio(
-      "ROAD", [&](const std::string& l) { lines.push_back(l); }, error));
+  engine_->exportGenio("ROAD", [&](const std::string& l) { lines.push_back(l); });
 
   // The 3D string comes out exactly as MX wrote it.
   std::vector<std::string> mx;

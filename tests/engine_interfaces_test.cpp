@@ -2,9 +2,9 @@
 // the model library, and the factory.
 #include <cmath>
 
-#include "support/engine.h"
 #include "engine/label_rules.h"
 #include "shell/engine_choice.h"
+#include "support/engine.h"
 
 using namespace korvane::hosts;
 using namespace korvane::engine;
@@ -77,15 +77,15 @@ TEST_F(EngineTest, InterfacesStatusWordsAndCounts) {
   MxDataAccess& da = engine_->dataAccess();
   std::int32_t count = 7;
   PointRecord r;
-  EXPECT_EQ(da.stringInfo("M", "S1", count), kNoModel);  // no store yet
+  EXPECT_EQ(da.stringInfo("M", "S1", count), MxStatus::kNoModel);  // no store yet
   EXPECT_EQ(count, 0);
   ASSERT_EQ(run(kModel), "");
-  EXPECT_EQ(da.stringInfo("M", "S1", count), kFound);
+  EXPECT_EQ(da.stringInfo("M", "S1", count), MxStatus::kFound);
   EXPECT_EQ(count, 4);
-  EXPECT_EQ(da.stringInfo("M", "NONE", count), kNoString);
-  EXPECT_EQ(da.stringInfo("NONE", "S1", count), kNoModel);
-  EXPECT_EQ(da.point("M", "S1", 0, r), kNoPoint);
-  EXPECT_EQ(da.point("M", "S1", 5, r), kNoPoint);
+  EXPECT_EQ(da.stringInfo("M", "NONE", count), MxStatus::kNoString);
+  EXPECT_EQ(da.stringInfo("NONE", "S1", count), MxStatus::kNoModel);
+  EXPECT_EQ(da.point("M", "S1", 0, r), MxStatus::kNoPoint);
+  EXPECT_EQ(da.point("M", "S1", 5, r), MxStatus::kNoPoint);
   EXPECT_TRUE(engine_->stringExists("m", "mast"));
   EXPECT_FALSE(engine_->stringExists("M", "MAS"));
   EXPECT_FALSE(engine_->modelExists("N"));
@@ -93,15 +93,15 @@ TEST_F(EngineTest, InterfacesStatusWordsAndCounts) {
 
 TEST_F(EngineTest, InterfacesRecordCountsPointsThroughTheCurrentModel) {
   PointRecord r;
-  EXPECT_EQ(engine_->record(1, r), kNoModel);  // no model named yet
+  EXPECT_EQ(engine_->record(1, r), MxStatus::kNoModel);  // no model named yet
   ASSERT_EQ(run(kModel + std::string("crea,OTHER\ndele,OTHER\n")), "");
-  ASSERT_EQ(engine_->record(5, r), kFound);  // S1 has 4 points: record 5 is MAST point 1
+  ASSERT_EQ(engine_->record(5, r), MxStatus::kFound);  // S1 has 4 points: record 5 is MAST point 1
   EXPECT_EQ(r.txt[12], "MAST");
   EXPECT_EQ(r.num[13], 1.0);
-  ASSERT_EQ(engine_->record(7, r), kFound);
+  ASSERT_EQ(engine_->record(7, r), MxStatus::kFound);
   EXPECT_EQ(r.txt[12], "X001");
-  EXPECT_EQ(engine_->record(8, r), kNoPoint);
-  EXPECT_EQ(engine_->record(0, r), kNoPoint);
+  EXPECT_EQ(engine_->record(8, r), MxStatus::kNoPoint);
+  EXPECT_EQ(engine_->record(0, r), MxStatus::kNoPoint);
 }
 
 TEST_F(EngineTest, InterfacesLabelsCountAndNext) {
@@ -111,20 +111,20 @@ TEST_F(EngineTest, InterfacesLabelsCountAndNext) {
   ASSERT_EQ(run(text + "999\n"), "");
   MxDataAccess& da = engine_->dataAccess();
   std::int32_t count = 0;
-  ASSERT_EQ(da.labelCount("M", "ab", count), kFound);
+  ASSERT_EQ(da.labelCount("M", "ab", count), MxStatus::kFound);
   EXPECT_EQ(count, 3);
-  ASSERT_EQ(da.labelCount("M", "AB05", count), kFound);
+  ASSERT_EQ(da.labelCount("M", "AB05", count), MxStatus::kFound);
   EXPECT_EQ(count, 1);
-  EXPECT_EQ(da.labelCount("N", "A", count), kNoModel);
+  EXPECT_EQ(da.labelCount("N", "A", count), MxStatus::kNoModel);
 
   std::string label;
-  ASSERT_EQ(da.nextLabel("M", "ab", label), kFound);
+  ASSERT_EQ(da.nextLabel("M", "ab", label), MxStatus::kFound);
   EXPECT_EQ(label, "AB10");  // after AB0Z
-  ASSERT_EQ(da.nextLabel("M", "Q", label), kFound);
+  ASSERT_EQ(da.nextLabel("M", "Q", label), MxStatus::kFound);
   EXPECT_EQ(label, "Q000");
-  EXPECT_EQ(da.nextLabel("M", "", label), kBadArgument);
-  EXPECT_EQ(da.nextLabel("M", "ABCD", label), kBadArgument);
-  EXPECT_EQ(da.nextLabel("N", "A", label), kNoModel);
+  EXPECT_EQ(da.nextLabel("M", "", label), MxStatus::kBadArgument);
+  EXPECT_EQ(da.nextLabel("M", "ABCD", label), MxStatus::kBadArgument);
+  EXPECT_EQ(da.nextLabel("N", "A", label), MxStatus::kNoModel);
 
   // When the highest label is the last one, the lowest free one is given.
   EXPECT_EQ(nextLabel({"ABZZ", "AB00", "AB01"}, "AB"), "AB02");
@@ -138,14 +138,14 @@ TEST_F(EngineTest, InterfacesParametersSettingsAndProject) {
   ASSERT_EQ(run(kModel), "");
   MxDataAccess& da = engine_->dataAccess();
   std::string value;
-  EXPECT_EQ(da.parameter(" ProjectFolder ", 1, value), 1);
+  EXPECT_EQ(da.parameter(" ProjectFolder ", 1, value), MxStatus::kFound);
   EXPECT_EQ(value, folder_.string());
-  EXPECT_EQ(da.parameter("CurrentModel", 1, value), 1);
+  EXPECT_EQ(da.parameter("CurrentModel", 1, value), MxStatus::kFound);
   EXPECT_EQ(value, "M");
-  EXPECT_EQ(da.parameter("privatemacros", 2, value), 1);
+  EXPECT_EQ(da.parameter("privatemacros", 2, value), MxStatus::kFound);
   EXPECT_EQ(value, "/macros/private");
-  EXPECT_EQ(da.parameter("privatemacros", 1, value), 0);
-  EXPECT_EQ(da.parameter("NoSuchThing", 3, value), 0);
+  EXPECT_EQ(da.parameter("privatemacros", 1, value), MxStatus::kNoParameter);
+  EXPECT_EQ(da.parameter("NoSuchThing", 3, value), MxStatus::kNoParameter);
   EXPECT_EQ(value, "");
   EXPECT_EQ(engine_->configuration().setting("PublicMacros"), "/macros/public");
   EXPECT_EQ(engine_->configuration().setting("ProjectMacros"), "");

@@ -67,12 +67,12 @@ TEST_F(EngineTest, StorageReadsOnePointWithoutTheString) {
   }
   ASSERT_EQ(run(input + "       0.000       0.000       0.000\n999\n"), "");
   korvane::hosts::PointRecord r;
-  ASSERT_EQ(engine_->point("M", "LONG", 777, r), kFound);
+  ASSERT_EQ(engine_->point("M", "LONG", 777, r), MxStatus::kFound);
   EXPECT_EQ(r.num[0], 2331.0);
   EXPECT_EQ(r.num[2], 97.125);
   EXPECT_DOUBLE_EQ(r.num[4], 776 * 5.0);  // 776 steps of a 3-4-5 triangle
-  EXPECT_EQ(engine_->point("M", "LONG", 1001, r), kNoPoint);
-  ASSERT_EQ(engine_->point("M", "LONG", 1000, r), kFound);
+  EXPECT_EQ(engine_->point("M", "LONG", 1001, r), MxStatus::kNoPoint);
+  ASSERT_EQ(engine_->point("M", "LONG", 1000, r), MxStatus::kFound);
   EXPECT_EQ(r.num[1], 4000.0);
 }
 
@@ -108,9 +108,7 @@ TEST_F(EngineTest, StorageReopensAStoreRemovedBetweenRuns) {
     std::filesystem::remove(f);
   EXPECT_FALSE(engine_->modelExists("OLD"));  // no store any more: no model
   ASSERT_EQ(run("crea,NEW\n"), "");
-  std::vector<ModelSummary> models;
-  std::string error;
-  ASSERT_TRUE(engine_->models(models, error)) << error;
+  std::vector<ModelSummary> models = engine_->models();
   ASSERT_EQ(models.size(), 1u);
   EXPECT_EQ(models[0].name, "NEW");
 }

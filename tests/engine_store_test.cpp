@@ -7,8 +7,8 @@
 #include <unistd.h>
 #endif
 
-#include "support/engine.h"
 #include "engine/sqlite_db.h"
+#include "support/engine.h"
 
 using namespace korvane::engine;
 
@@ -65,15 +65,14 @@ TEST_F(StoreTest, SecondRunIsRefusedWhileAnotherHoldsTheStore) {
   ASSERT_EQ(run(kString), "");
   ModelStore::setBusyTimeout(50);
   {
-    std::string error;
-    auto holder = ModelStore::open(storeFile(), ModelStore::Access::Run, error);
-    ASSERT_TRUE(holder) << error;
+    auto holder = ModelStore::open(storeFile(), ModelStore::Access::Run);
+    ASSERT_TRUE(holder);
     std::string refused = run("crea,B\n");
     EXPECT_NE(refused.find("in use by another run"), std::string::npos) << refused;
     EXPECT_NE(listing().find("run refused"), std::string::npos);
     std::int32_t count = 0;
-    EXPECT_EQ(engine_->dataAccess().stringInfo("M", "A", count), kStoreFailure);
-    EXPECT_FALSE(ModelStore::open(storeFile(), ModelStore::Access::Run, error));
+    EXPECT_EQ(engine_->dataAccess().stringInfo("M", "A", count), MxStatus::kStoreFailure);
+    EXPECT_THROW(ModelStore::open(storeFile(), ModelStore::Access::Run), EngineError);
   }
   ModelStore::setBusyTimeout(1000);
   ASSERT_EQ(run("crea,B\n"), "");
@@ -87,8 +86,7 @@ TEST_F(StoreTest, ARunThatDiesLeavesNoHalfLoadedStringAndNoLock) {
   ASSERT_GE(child, 0);
   if (child == 0) {
     // Half a major option: a string saved inside the transaction, then death.
-    std::string error;
-    auto store = ModelStore::open(storeFile(), ModelStore::Access::Run, error);
+    auto store = ModelStore::open(storeFile(), ModelStore::Access::Run);
     if (!store) _exit(2);
     store->db().exec("BEGIN IMMEDIATE");
     ModelString s;

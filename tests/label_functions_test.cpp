@@ -2,8 +2,8 @@
 // engine, and getparam.
 #include <gtest/gtest.h>
 
-#include "functions/label_arithmetic.h"
 #include "engine/embedded_engine.h"
+#include "functions/label_arithmetic.h"
 #include "support/project.h"
 
 using namespace korvane;
@@ -129,10 +129,10 @@ TEST_F(Getparam, CurrentdpfKeepsItsQuirks) {
 
 TEST_F(Getparam, OtherNamesAskTheParameterGroupsInTurn) {
   EXPECT_EQ(eval("getparam(engine)"), "embedded");  // group 1
-  EXPECT_EQ(c.ctx.query.status, 1);
+  EXPECT_EQ(c.ctx.query.status, hosts::MxStatus::kFound);
   EXPECT_EQ(eval("getparam(CurrentModel)"), "");  // no query has named a model yet
   EXPECT_EQ(eval("getparam(nothing)"), "");
-  EXPECT_EQ(c.ctx.query.status, 0);
+  EXPECT_EQ(c.ctx.query.status, hosts::MxStatus::kNoParameter);
 }
 
 TEST(GetparamSettings, TheSecondGroupHoldsTheSettings) {

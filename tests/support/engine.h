@@ -64,10 +64,7 @@ class EngineTest : public ::testing::Test {
   std::string listing() const { return read("korvane-engine.lst"); }
 
   engine::ModelString load(const std::string& model, const std::string& label) {
-    engine::ModelString s;
-    std::string error;
-    EXPECT_TRUE(engine_->loadString(model, label, s, error)) << error;
-    return s;
+    return engine_->loadString(model, label);
   }
 
   std::vector<std::string> labels(const std::string& model) {
