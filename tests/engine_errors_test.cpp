@@ -80,12 +80,12 @@ TEST_F(EngineErrors, AllocationFailureInARunLeavesAsBadAlloc) {
                   "return as if nothing failed, with no exception and no error code; the run "
                   "uses them to tell a GENIO output file from the engine's own files";
 #endif
-  write("run.txt", kInput);
+  project_.write("run.txt", kInput);
   std::string error;
   int injected = failEachAllocation(
       "run",
       [&] {
-        MxRunResult r = engine_->configuration().run("input", path("run.txt"));
+        MxRunResult r = engine_->configuration().run("input", project_.path("run.txt"));
         error = r.error;
         return r.ok();
       },
