@@ -77,6 +77,25 @@ TEST_F(Runs, AnErrorKeepsTheMajorOptionsBeforeItAndStopsTheRest) {
       << l;
 }
 
+// An import's lines are the body of a GENIO block for its model: a GENIO
+// record names that model, FINISH and the end of the input end the block,
+// other major options are refused.
+TEST_F(Runs, AnImportReadsGenioRecordsIntoItsModel) {
+  const std::string format = "001FORMAT(3F12.3)\n";
+  const std::string point =
+      "       1.000       2.000       3.000\n       0.000       0.000       0.000\n";
+  const std::string in = project_.write("in.txt", "GENIO OTHER\n" + format + "080,A\n" + point +
+                                                      "999\nMOSS\ngeni,X\n" + format + "080,B\n" +
+                                                      point + "FINISH\ncrea,NEVER\n");
+  ASSERT_EQ(engine_->importGenio(in, "M").error, "");
+  EXPECT_EQ(labels("M"), (std::vector<std::string>{"A", "B"}));
+  for (const char* model : {"OTHER", "X", "NEVER"}) EXPECT_FALSE(engine_->modelExists(model));
+  const std::string bad = project_.write("bad.txt", format + "080,C\n" + point + "999\ncrea,N\n");
+  EXPECT_EQ(engine_->importGenio(bad, "M").error,
+            bad + ", line 6: an import reads GENIO records only; crea is not one: \"crea,N\"");
+  EXPECT_EQ(labels("M"), (std::vector<std::string>{"A", "B", "C"}));  // the block before stays
+}
+
 TEST_F(Runs, UtfEightAfterAByteOrderMarkIsReadAsWindows1250) {
   // "Útterv" in UTF-8; the model is named in Windows-1250 and found in either case.
   ASSERT_EQ(run("\xEF\xBB\xBF"
