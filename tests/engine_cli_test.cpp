@@ -18,6 +18,7 @@ class EngineCli : public korvane::testing::EngineTest {
     int rc = korvane::test::runProgram(run);
     out_ = project_.read("cli.out");
     err_ = project_.read("cli.err");
+    std::erase(err_, '\r');  // Windows ends the lines of stderr with CR-LF
     return rc;
   }
   std::string project() const { return " --project " + project_.folder(); }
