@@ -102,9 +102,7 @@ TEST(SectionsAlongARoad, TrimsectionCutsThemBackToTheInnerGroundStrings) {
   project.write("trim.ipf", "trimsection,SECT\r\ninic=\"X\",mask1=\"GR\"\r\n");
   ASSERT_TRUE(c.compile("trim.ipf")) << c.stopMessage();
   for (const char* label : {"X001", "X002", "X003"}) {
-    engine::ModelString s;
-    std::string error;
-    ASSERT_TRUE(engine.loadString("SECT", label, s, error)) << error;
+    const engine::ModelString s = engine.loadString("SECT", label);
     Lines crossed;
     for (const auto& p : s.points) crossed.push_back(engine::dimText(p, 5));
     EXPECT_EQ(crossed, (Lines{"GR02", "E001", "MAST", "E002", "GR03"})) << label;

@@ -120,9 +120,7 @@ void printColumns(const std::vector<std::vector<std::string>>& rows) {
 }
 
 int list(EmbeddedEngine& e) {
-  std::vector<engine::ModelSummary> models;
-  std::string error;
-  if (!e.models(models, error)) return fail(error);
+  const std::vector<engine::ModelSummary> models = e.models();
   std::vector<std::vector<std::string>> rows{{messages().text("Cli", "col_model"),
                                               messages().text("Cli", "col_strings"),
                                               messages().text("Cli", "col_points")}};
@@ -133,19 +131,16 @@ int list(EmbeddedEngine& e) {
 }
 
 int show(EmbeddedEngine& e) {
-  std::string error;
   const std::string model = cp::fromUtf8(args().model);
   if (args().label.empty()) {
-    std::vector<engine::StringRow> rows;
-    if (!e.strings(model, rows, error)) return fail(error);
+    const std::vector<engine::StringRow> rows = e.strings(model);
     heading({"col_label", "col_dims", "col_points"});
     for (const auto& r : rows)
       std::cout << terminal(r.header.label) << '\t' << r.header.dimension << '\t' << r.pointCount
                 << '\n';
     return kOk;
   }
-  engine::ModelString s;
-  if (!e.loadString(model, cp::fromUtf8(args().label), s, error)) return fail(error);
+  const engine::ModelString s = e.loadString(model, cp::fromUtf8(args().label));
   std::size_t dims = 3;
   for (const auto& p : s.points) dims = std::max(dims, p.dims.size());
   std::string head = messages().text("Cli", "col_point");
@@ -177,26 +172,18 @@ int report(const hosts::MxRunResult& r) {
   return kEngineError;
 }
 
-// "N strings, M points" of a model; false when it cannot be read.
-bool counts(EmbeddedEngine& e, const std::string& model, std::string& text) {
-  std::vector<engine::StringRow> rows;
-  std::string error;
-  if (!e.strings(model, rows, error)) {
-    text = error;
-    return false;
-  }
+// "N strings, M points" of a model.
+std::string counts(EmbeddedEngine& e, const std::string& model) {
+  const std::vector<engine::StringRow> rows = e.strings(model);
   long points = 0;
   for (const auto& r : rows) points += r.pointCount;
-  text =
-      messages().format("Cli", "model_counts", std::to_string(rows.size()), std::to_string(points));
-  return true;
+  return messages().format("Cli", "model_counts", std::to_string(rows.size()),
+                           std::to_string(points));
 }
 
 // What a model holds after a command loaded strings into it.
 int printCounts(EmbeddedEngine& e, const std::string& model) {
-  std::string text;
-  if (!counts(e, model, text)) return fail(text);
-  std::cout << terminal(model + ": " + text) << "\n";
+  std::cout << terminal(model + ": " + counts(e, model)) << "\n";
   return kOk;
 }
 
@@ -222,15 +209,13 @@ int sections(EmbeddedEngine& e) {
 }
 
 int exportModel(EmbeddedEngine& e) {
-  std::string error;
   const std::string model = cp::fromUtf8(args().model);
   if (args().output.empty()) {
-    auto sink = [](const std::string& line) { std::cout << terminal(line) << '\n'; };
-    return e.exportGenio(model, sink, error) ? kOk : fail(error);
+    e.exportGenio(model, [](const std::string& line) { std::cout << terminal(line) << '\n'; });
+    return kOk;
   }
   std::ostringstream text;
-  auto sink = [&text](const std::string& line) { text << line << "\r\n"; };
-  if (!e.exportGenio(model, sink, error)) return fail(error);
+  e.exportGenio(model, [&text](const std::string& line) { text << line << "\r\n"; });
   std::ofstream out(args().output, std::ios::binary | std::ios::trunc);
   out << text.str();
   if (!out) return fail(messages().format("Runtime", "write", args().output));
@@ -240,8 +225,7 @@ int exportModel(EmbeddedEngine& e) {
 int remove(EmbeddedEngine& e) {
   const std::string model = cp::fromUtf8(args().model);
   if (!e.modelExists(model)) return fail(messages().format("Cli", "no_model", model));
-  std::string text;
-  if (!counts(e, model, text)) return fail(text);
+  const std::string text = counts(e, model);
   const int rc = report(e.runLines({"dele," + model}, "korvane models delete"));
   if (rc == kOk) std::cout << terminal(messages().format("Cli", "deleted", model, text)) << "\n";
   return rc;
@@ -271,7 +255,14 @@ CLI::App* subcommand(CLI::App* models, const char* name, const std::string& help
     }
     messages() = Messages(home.language);
     auto engine = openEngine();
-    if (engine) setExitCode(action(*engine));
+    if (!engine) return;
+    try {
+      setExitCode(action(*engine));
+    } catch (const engine::EngineError& e) {  // a model or string not there, a store not read
+      setExitCode(fail(e.what()));
+    } catch (const hosts::MxError& e) {
+      setExitCode(fail(e.what()));
+    }
   });
   return sub;
 }

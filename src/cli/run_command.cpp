@@ -146,10 +146,13 @@ using engine::ModelSummary;
 
 // The embedded engine's models; other engines cannot list theirs.
 std::vector<ModelSummary> models(hosts::MxEngine* engine) {
-  std::vector<ModelSummary> out;
-  std::string error;
-  if (auto* embedded = dynamic_cast<engine::EmbeddedEngine*>(engine)) embedded->models(out, error);
-  return out;
+  auto* embedded = dynamic_cast<engine::EmbeddedEngine*>(engine);
+  if (!embedded) return {};
+  try {
+    return embedded->models();
+  } catch (const engine::EngineError&) {
+    return {};  // a store that cannot be read has none to summarise; the run says why
+  }
 }
 
 bool sameModel(const ModelSummary& a, const ModelSummary& b) {

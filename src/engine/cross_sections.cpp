@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/engine_error.h"
+
 namespace korvane::engine {
 namespace {
 
@@ -89,22 +91,16 @@ bool validPrefix(const std::string& p) {
 
 }  // namespace
 
-bool crossSections(const ModelString& master, const std::vector<ModelString>& strings,
-                   const SectionRequest& request, std::vector<ModelString>& out,
-                   std::string& error) {
-  out.clear();
-  if (!(request.interval > 0) || !(request.halfWidth > 0)) {
-    error = "the interval and the width of sections must be greater than 0";
-    return false;
-  }
-  if (!validPrefix(request.prefix)) {
-    error = "the label prefix of sections is 1 to 3 characters of 0-9 and A-Z";
-    return false;
-  }
-  if (master.points.size() < 2) {
-    error = "the master string " + master.header.label + " has fewer than 2 points";
-    return false;
-  }
+std::vector<ModelString> crossSections(const ModelString& master,
+                                       const std::vector<ModelString>& strings,
+                                       const SectionRequest& request) {
+  if (!(request.interval > 0) || !(request.halfWidth > 0))
+    throw EngineError("the interval and the width of sections must be greater than 0");
+  if (!validPrefix(request.prefix))
+    throw EngineError("the label prefix of sections is 1 to 3 characters of 0-9 and A-Z");
+  if (master.points.size() < 2)
+    throw EngineError("the master string " + master.header.label + " has fewer than 2 points");
+  std::vector<ModelString> out;
   const std::vector<Station> at = stations(master, request.interval);
   const std::size_t digits = 4 - request.prefix.size();
   std::size_t limit = 1;  // the largest running number the digits hold
@@ -116,11 +112,9 @@ bool crossSections(const ModelString& master, const std::vector<ModelString>& st
     std::vector<Hit> hits;
     for (const ModelString& str : strings) crossings(str, from, to, 2 * request.halfWidth, hits);
     if (hits.empty()) continue;
-    if (out.size() == limit) {
-      error = "more than " + std::to_string(limit) + " sections with the prefix " + request.prefix +
-              ": make the interval longer";
-      return false;
-    }
+    if (out.size() == limit)
+      throw EngineError("more than " + std::to_string(limit) + " sections with the prefix " +
+                        request.prefix + ": make the interval longer");
     // Ordered along the section, equal positions in the order found: an
     // insertion sort, since a section crosses few strings, needs no buffer.
     for (std::size_t i = 1; i < hits.size(); ++i)
@@ -139,7 +133,7 @@ bool crossSections(const ModelString& master, const std::vector<ModelString>& st
     }
     out.push_back(std::move(section));
   }
-  return true;
+  return out;
 }
 
 }  // namespace korvane::engine

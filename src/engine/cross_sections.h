@@ -25,9 +25,9 @@ struct SectionRequest {
 // master; each point holds x, y and the level of the crossed string there,
 // the position along the section (0 at its left end, halfWidth at the
 // master) and the crossed string's label. Sections that cross nothing are
-// left out. False with a reason for a bad request or master string.
-bool crossSections(const ModelString& master, const std::vector<ModelString>& strings,
-                   const SectionRequest& request, std::vector<ModelString>& out,
-                   std::string& error);
+// left out. EngineError for a bad request or master string.
+std::vector<ModelString> crossSections(const ModelString& master,
+                                       const std::vector<ModelString>& strings,
+                                       const SectionRequest& request);
 
 }  // namespace korvane::engine

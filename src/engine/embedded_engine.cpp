@@ -1,5 +1,6 @@
 #include "engine/embedded_engine.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "base/codepage.h"
@@ -41,8 +42,12 @@ std::unique_ptr<EmbeddedEngine> EmbeddedEngine::create(const EngineOptions& opti
     return nullptr;
   }
   std::unique_ptr<EmbeddedEngine> e(new EmbeddedEngine(options.projectFolder, options.settings));
-  e->access_.get(error);  // a foreign or damaged store is refused here
-  if (!error.empty()) return nullptr;
+  try {
+    e->access_.get();  // a foreign or damaged store is refused here
+  } catch (const EngineError& refused) {
+    error = refused.what();
+    return nullptr;
+  }
   return e;
 }
 
@@ -59,29 +64,47 @@ std::string EmbeddedEngine::setting(std::string_view name) {
 }
 
 MxRunResult EmbeddedEngine::run(std::string_view verb, const std::string& fullName) {
-  MxRunResult r;
-  r.listing = listingPath();
   if (!cp::equalsIgnoreCase(verb, "input")) {
+    MxRunResult r;
+    r.listing = listingPath();
     r.error = "the engine runs input files only (verb \"input\"), not \"" + excerpt(verb) + "\"";
     return r;
   }
-  std::vector<std::string> lines;
-  if (!readInputLines(nativeName(fullName), lines, r.error)) return r;
-  return execute(std::move(lines), fullName, std::nullopt);
+  return execute(fullName, std::nullopt, [&] { return readInputLines(nativeName(fullName)); });
 }
 
 MxRunResult EmbeddedEngine::runLines(const std::vector<std::string>& lines, const std::string& name,
                                      std::optional<std::string> importModel) {
-  return execute(lines, name, importModel);
+  return execute(name, importModel, [&] { return lines; });
 }
 
 MxRunResult EmbeddedEngine::importGenio(const std::string& file, const std::string& model) {
-  MxRunResult r;
-  r.listing = listingPath();
-  std::vector<std::string> lines;
-  if (!readInputLines(nativeName(file), lines, r.error)) return r;
-  return execute(std::move(lines), file, model);
+  return execute(file, model, [&] { return readInputLines(nativeName(file)); });
 }
+
+namespace {
+
+// The section strings of `model` along its string `master` as GENIO lines.
+std::vector<std::string> sectionInput(EmbeddedEngine& engine, const std::string& model,
+                                      const std::string& master, const SectionRequest& request) {
+  std::vector<ModelString> all;
+  for (const StringRow& row : engine.strings(model))
+    all.push_back(engine.loadString(model, row.header.label));
+  const std::string axis = normalLabel(master);
+  auto at = std::find_if(all.begin(), all.end(),
+                         [&](const ModelString& s) { return s.header.label == axis; });
+  if (at == all.end())
+    throw EngineError("model \"" + excerpt(model) + "\" has no string " + excerpt(axis));
+  std::vector<std::string> lines;
+  GenioWriter writer([&lines](const std::string& l) { lines.push_back(l); }, std::nullopt,
+                     std::nullopt);
+  writer.banner("Cross sections of " + model + " along " + axis);
+  for (const ModelString& s : crossSections(*at, all, request)) writer.write(s);
+  writer.end();
+  return lines;
+}
+
+}  // namespace
 
 MxRunResult EmbeddedEngine::makeSections(const std::string& model, const std::string& master,
                                          const std::string& target, const SectionRequest& request) {
@@ -90,63 +113,54 @@ MxRunResult EmbeddedEngine::makeSections(const std::string& model, const std::st
     r.error = "sections go into another model than \"" + excerpt(model) + "\"";
     return r;
   }
-  std::vector<StringRow> rows;
-  if (!strings(model, rows, r.error)) return r;
-  std::vector<ModelString> all(rows.size());
-  const ModelString* axis = nullptr;
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (!loadString(model, rows[i].header.label, all[i], r.error)) return r;
-    if (all[i].header.label == normalLabel(master)) axis = &all[i];
-  }
-  if (!axis) {
-    r.error = "model \"" + excerpt(model) + "\" has no string " + excerpt(normalLabel(master));
+  std::vector<std::string> lines;
+  try {
+    lines = sectionInput(*this, model, master, request);
+  } catch (const EngineError& e) {
+    r.error = e.what();
     return r;
   }
-  std::vector<ModelString> sections;
-  if (!crossSections(*axis, all, request, sections, r.error)) return r;
-  std::vector<std::string> lines;
-  GenioWriter writer([&lines](const std::string& l) { lines.push_back(l); }, std::nullopt,
-                     std::nullopt);
-  writer.banner("Cross sections of " + model + " along " + axis->header.label);
-  for (const ModelString& s : sections)
-    if (!writer.write(s, r.error)) return r;
-  writer.end();
-  return execute(std::move(lines), "sections along " + axis->header.label, target);
+  return execute("sections along " + normalLabel(master), target, [&] { return std::move(lines); });
 }
 
-MxRunResult EmbeddedEngine::execute(std::vector<std::string> lines, const std::string& name,
-                                    const std::optional<std::string>& importModel) {
+MxRunResult EmbeddedEngine::execute(const std::string& name,
+                                    const std::optional<std::string>& importModel,
+                                    const std::function<std::vector<std::string>()>& input) {
   MxRunResult r;
   r.listing = listingPath();
   try {
-    Listing listing;
-    if (!listing.open(nativeName(r.listing), r.error)) return r;
-    ModelStore* store = access_.beginRun(r.error);
-    if (!store) {
-      listing.text("**** run refused: " + r.error);
-      return r;
+    const RunRequest request{name, input(), folder_, importModel};
+    Listing listing(nativeName(r.listing));
+    ModelStore* store = nullptr;
+    try {
+      store = &access_.beginRun();
+    } catch (const EngineError& e) {
+      listing.text(std::string("**** run refused: ") + e.what());
+      throw;
     }
     RunScope scope(access_);
-    RunRequest request{name, std::move(lines), folder_, importModel};
-    RunOutcome outcome = executeRun(*store, listing, request);
-    if (!outcome.lastModel.empty()) currentModel_ = outcome.lastModel;
-    r.error = outcome.error;
-    r.errorLine = outcome.errorLine;
-  } catch (const EngineError& e) {
+    executeRun(*store, listing, request, currentModel_);
+  } catch (const SqliteError& e) {  // the store failed outside any record
     r.error = name + ": engine failure: " + e.what();
+  } catch (const EngineError& e) {
+    r.error = e.message(name);
+    r.errorLine = e.line();
   }
   return r;
 }
 
 bool EmbeddedEngine::modelExists(std::string_view model) {
-  ModelRow row;
-  return findModel(model, row) == kFound;
+  return readForMx([&] {
+    Found found;
+    return findModel(model, found) == MxStatus::kFound;
+  });
 }
 
 bool EmbeddedEngine::stringExists(std::string_view model, std::string_view label) {
-  ModelRow row;
-  std::int32_t status = kFound;
-  return findString(model, label, row, status).has_value();
+  return readForMx([&] {
+    Found found;
+    return findString(model, label, found) == MxStatus::kFound;
+  });
 }
 
 std::string EmbeddedEngine::projectFileName() {
@@ -165,125 +179,122 @@ std::string EmbeddedEngine::projectFileName() {
 
 // --- data access -----------------------------------------------------------------
 
-std::int32_t EmbeddedEngine::findModel(std::string_view model, ModelRow& row) {
-  std::size_t first = model.find_first_not_of(' ');
-  if (first != std::string_view::npos && model.find_last_not_of(' ') - first >= kMaxModelName)
-    return kNoModel;  // longer than any model's name
+namespace {
+
+// The guard of the data-access queries: the store that cannot be read
+// answers kStoreFailure.
+template <class Query>
+std::int32_t answer(Query&& query) {
   try {
-    std::string error;
-    ModelStore* store = access_.get(error);
-    if (!store) return error.empty() ? kNoModel : kStoreFailure;
-    auto m = store->findModel(text::trim(model));
-    if (!m) return kNoModel;
-    row = *m;
-    return kFound;
+    return query();
   } catch (const EngineError&) {
-    return kStoreFailure;
+    return MxStatus::kStoreFailure;
   }
 }
 
-std::optional<StringRow> EmbeddedEngine::findString(std::string_view model, std::string_view label,
-                                                    ModelRow& row, std::int32_t& status) {
-  status = findModel(model, row);
-  if (status != kFound) return std::nullopt;
-  try {
-    ModelStore* store = access_.get();
-    auto s = store ? store->findString(row.id, label) : std::nullopt;
-    status = s ? kFound : kNoString;
-    return s;
-  } catch (const EngineError&) {
-    status = kStoreFailure;
-    return std::nullopt;
-  }
+}  // namespace
+
+std::int32_t EmbeddedEngine::findModel(std::string_view model, Found& found) {
+  std::size_t first = model.find_first_not_of(' ');
+  if (first != std::string_view::npos && model.find_last_not_of(' ') - first >= kMaxModelName)
+    return MxStatus::kNoModel;  // longer than any model's name
+  found.store = access_.get();
+  auto m = found.store ? found.store->findModel(text::trim(model)) : std::nullopt;
+  if (!m) return MxStatus::kNoModel;
+  found.model = *m;
+  return MxStatus::kFound;
+}
+
+std::int32_t EmbeddedEngine::findString(std::string_view model, std::string_view label,
+                                        Found& found) {
+  std::int32_t status = findModel(model, found);
+  if (status != MxStatus::kFound) return status;
+  auto s = found.store->findString(found.model.id, label);
+  if (!s) return MxStatus::kNoString;
+  found.string = *s;
+  return MxStatus::kFound;
+}
+
+std::vector<std::string> EmbeddedEngine::labels(const Found& found) {
+  std::vector<std::string> out;
+  for (const StringRow& r : found.store->strings(found.model.id)) out.push_back(r.header.label);
+  return out;
 }
 
 std::int32_t EmbeddedEngine::stringInfo(std::string_view model, std::string_view label,
                                         std::int32_t& pointCount) {
   pointCount = 0;
-  ModelRow m;
-  std::int32_t status = kFound;
-  auto s = findString(model, label, m, status);
-  if (!s) return status;
-  currentModel_ = m.name;
-  pointCount = s->pointCount;
-  return kFound;
+  return answer([&] {
+    Found found;
+    std::int32_t status = findString(model, label, found);
+    if (status != MxStatus::kFound) return status;
+    currentModel_ = found.model.name;
+    pointCount = found.string.pointCount;
+    return MxStatus::kFound;
+  });
 }
 
 std::int32_t EmbeddedEngine::point(std::string_view model, std::string_view label, std::int32_t n,
                                    PointRecord& out) {
-  ModelRow m;
-  std::int32_t status = kFound;
-  auto s = findString(model, label, m, status);
-  if (!s) return status;
-  currentModel_ = m.name;
-  try {
-    ModelStore* store = access_.get();
-    auto p = store ? store->point(*s, n) : std::nullopt;
-    if (!p) return kNoPoint;
-    fillPointRecord(m.name, *s, *p, n, out);
-    return kFound;
-  } catch (const EngineError&) {
-    return kStoreFailure;
-  }
+  return answer([&] {
+    Found found;
+    std::int32_t status = findString(model, label, found);
+    if (status != MxStatus::kFound) return status;
+    currentModel_ = found.model.name;
+    auto p = found.store->point(found.string, n);
+    if (!p) return MxStatus::kNoPoint;
+    fillPointRecord(found.model.name, found.string, *p, n, out);
+    return MxStatus::kFound;
+  });
 }
 
 std::int32_t EmbeddedEngine::record(std::int32_t n, PointRecord& out) {
-  ModelRow m;
-  if (currentModel_.empty()) return kNoModel;
-  std::int32_t status = findModel(currentModel_, m);
-  if (status != kFound) return status;
-  if (n < 1) return kNoPoint;
-  try {
-    ModelStore* store = access_.get();
-    if (!store) return kNoModel;
+  return answer([&] {
+    Found found;
+    if (currentModel_.empty()) return MxStatus::kNoModel;
+    std::int32_t status = findModel(currentModel_, found);
+    if (status != MxStatus::kFound) return status;
+    if (n < 1) return MxStatus::kNoPoint;
     std::int64_t left = n;
-    for (const StringRow& row : store->strings(m.id)) {
+    for (const StringRow& row : found.store->strings(found.model.id)) {
       if (left > row.pointCount) {
         left -= row.pointCount;
         continue;
       }
-      auto p = store->point(row, static_cast<std::int32_t>(left));
-      if (!p) return kNoPoint;
-      fillPointRecord(m.name, row, *p, static_cast<int>(left), out);
-      return kFound;
+      auto p = found.store->point(row, static_cast<std::int32_t>(left));
+      if (!p) return MxStatus::kNoPoint;
+      fillPointRecord(found.model.name, row, *p, static_cast<int>(left), out);
+      return MxStatus::kFound;
     }
-    return kNoPoint;
-  } catch (const EngineError&) {
-    return kStoreFailure;
-  }
+    return MxStatus::kNoPoint;
+  });
 }
 
 std::int32_t EmbeddedEngine::nextLabel(std::string_view model, std::string_view prefix,
                                        std::string& label) {
   label.clear();
-  std::vector<StringRow> rows;
-  std::string error;
-  ModelRow m;
-  std::int32_t status = findModel(model, m);
-  if (status != kFound) return status;
-  if (!validLabelPrefix(prefix)) return kBadArgument;
-  if (!strings(m.name, rows, error)) return kStoreFailure;
-  std::vector<std::string> labels;
-  for (const StringRow& r : rows) labels.push_back(r.header.label);
-  auto next = engine::nextLabel(labels, prefix);
-  if (!next) return kNoFreeLabel;
-  label = *next;
-  return kFound;
+  return answer([&] {
+    Found found;
+    std::int32_t status = findModel(model, found);
+    if (status != MxStatus::kFound) return status;
+    if (!validLabelPrefix(prefix)) return MxStatus::kBadArgument;
+    auto next = engine::nextLabel(labels(found), prefix);
+    if (!next) return MxStatus::kNoFreeLabel;
+    label = *next;
+    return MxStatus::kFound;
+  });
 }
 
 std::int32_t EmbeddedEngine::labelCount(std::string_view model, std::string_view prefix,
                                         std::int32_t& count) {
   count = 0;
-  std::vector<StringRow> rows;
-  std::string error;
-  ModelRow m;
-  std::int32_t status = findModel(model, m);
-  if (status != kFound) return status;
-  if (!strings(m.name, rows, error)) return kStoreFailure;
-  std::vector<std::string> labels;
-  for (const StringRow& r : rows) labels.push_back(r.header.label);
-  count = countWithPrefix(labels, prefix);
-  return kFound;
+  return answer([&] {
+    Found found;
+    std::int32_t status = findModel(model, found);
+    if (status != MxStatus::kFound) return status;
+    count = countWithPrefix(labels(found), prefix);
+    return MxStatus::kFound;
+  });
 }
 
 std::int32_t EmbeddedEngine::parameter(std::string_view name, int group, std::string& value) {
@@ -301,98 +312,55 @@ std::int32_t EmbeddedEngine::parameter(std::string_view name, int group, std::st
     else if (key == "currentmodel")
       value = currentModel_;
     else
-      return 0;
-    return 1;
+      return MxStatus::kNoParameter;
+    return MxStatus::kFound;
   }
   if (group == 2) {
     for (const auto& [k, v] : settings_)
       if (cp::equalsIgnoreCase(k, key)) {
         value = v;
-        return 1;
+        return MxStatus::kFound;
       }
   }
-  return 0;
+  return MxStatus::kNoParameter;
 }
 
 // --- for korvane models --------------------------------------------------------
 
-bool EmbeddedEngine::models(std::vector<ModelSummary>& out, std::string& error) {
-  out.clear();
-  try {
-    ModelStore* store = access_.get(error);
-    if (store) out = store->summaries();
-    return error.empty();
-  } catch (const EngineError& e) {
-    error = e.what();
-    return false;
-  }
+std::vector<ModelSummary> EmbeddedEngine::models() {
+  ModelStore* store = access_.get();
+  return store ? store->summaries() : std::vector<ModelSummary>{};
 }
 
-bool EmbeddedEngine::strings(const std::string& model, std::vector<StringRow>& out,
-                             std::string& error) {
-  out.clear();
-  ModelRow m;
-  std::int32_t status = findModel(model, m);
-  if (status != kFound) {
-    error = status == kNoModel ? "there is no model \"" + excerpt(model) + "\""
-                               : "the model store cannot be read";
-    return false;
-  }
-  try {
-    if (ModelStore* store = access_.get()) out = store->strings(m.id);
-    return true;
-  } catch (const EngineError& e) {
-    error = e.what();
-    return false;
-  }
+EmbeddedEngine::Found EmbeddedEngine::requireModel(const std::string& model) {
+  Found found;
+  if (findModel(model, found) != MxStatus::kFound)
+    throw EngineError("there is no model \"" + excerpt(model) + "\"");
+  return found;
 }
 
-bool EmbeddedEngine::loadString(const std::string& model, const std::string& label,
-                                ModelString& out, std::string& error) {
-  ModelRow m;
-  std::int32_t status = kFound;
-  auto row = findString(model, label, m, status);
-  if (!row) {
-    error = status == kNoModel ? "there is no model \"" + excerpt(model) + "\""
-            : status == kNoString
-                ? "model \"" + excerpt(model) + "\" has no string " + excerpt(normalLabel(label))
-                : "the model store cannot be read";
-    return false;
-  }
-  try {
-    ModelStore* store = access_.get();
-    if (!store) {
-      error = "the model store cannot be read";
-      return false;
-    }
-    out = store->load(*row);
-    return true;
-  } catch (const EngineError& e) {
-    error = e.what();
-    return false;
-  }
+std::vector<StringRow> EmbeddedEngine::strings(const std::string& model) {
+  const Found found = requireModel(model);
+  return found.store->strings(found.model.id);
 }
 
-bool EmbeddedEngine::exportGenio(const std::string& model, const LineSink& sink,
-                                 std::string& error) {
-  std::vector<StringRow> rows;
-  if (!strings(model, rows, error)) return false;
-  try {
-    GenioWriter w(sink, std::nullopt, std::nullopt);
-    w.banner("GENIO output of model " + model + " (Korvane embedded engine)");
-    ModelStore* store = access_.get();
-    if (!store) {
-      error = "the model store cannot be read";
-      return false;
-    }
-    for (const StringRow& row : rows)
-      if (!w.write(store->load(row), error)) return false;
-    w.end();
-    return true;
-  } catch (const EngineError& e) {
-    error = e.what();
-    return false;
-  }
+ModelString EmbeddedEngine::loadString(const std::string& model, const std::string& label) {
+  Found found;
+  const std::int32_t status = findString(model, label, found);
+  if (status == MxStatus::kNoModel)
+    throw EngineError("there is no model \"" + excerpt(model) + "\"");
+  if (status != MxStatus::kFound)
+    throw EngineError("model \"" + excerpt(model) + "\" has no string " +
+                      excerpt(normalLabel(label)));
+  return found.store->load(found.string);
+}
+
+void EmbeddedEngine::exportGenio(const std::string& model, const LineSink& sink) {
+  const Found found = requireModel(model);
+  GenioWriter w(sink, std::nullopt, std::nullopt);
+  w.banner("GENIO output of model " + model + " (Korvane embedded engine)");
+  for (const StringRow& row : found.store->strings(found.model.id)) w.write(found.store->load(row));
+  w.end();
 }
 
 }  // namespace korvane::engine

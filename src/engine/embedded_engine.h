@@ -1,11 +1,14 @@
 // The embedded MX engine: MX's configuration, project, data-access and model
 // library services on a machine without MX. Models live in an SQLite store in
 // the project folder; runs execute the Linemode subset of engine_run.h and
-// write their listing beside it. No engine error leaves these services:
-// queries answer by status words, runs by MxRunResult. Other exceptions (out
-// of memory, a broken invariant) are not answers about the models and pass.
+// write their listing beside it. These services are where the engine's
+// errors (engine_error.h) become answers: runs answer by MxRunResult, queries
+// by status words, modelExists, stringExists and the library by MxError; the
+// extras of `korvane models` throw EngineError. Other exceptions (out of
+// memory, a broken invariant) are not answers about the models and pass.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -25,17 +28,6 @@ namespace korvane::engine {
 struct EngineOptions {
   std::string projectFolder;                    // the MX project folder, no trailing separator
   std::map<std::string, std::string> settings;  // "PrivateMacros", "ProjectMacros", "PublicMacros"
-};
-
-// Status words of the data-access queries.
-enum Status : std::int32_t {
-  kFound = 0,
-  kNoModel = -1,
-  kNoString = -2,
-  kNoPoint = -3,
-  kBadArgument = -4,
-  kNoFreeLabel = -5,
-  kStoreFailure = -9,
 };
 
 class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxDataAccess {
@@ -80,28 +72,38 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
                        std::optional<std::string> importModel = std::nullopt);
   // Runs a file's GENIO records into a model (created when missing).
   MxRunResult importGenio(const std::string& file, const std::string& model);
-  // Every string of a model as re-loadable GENIO text.
-  bool exportGenio(const std::string& model, const LineSink& sink, std::string& error);
-  bool models(std::vector<ModelSummary>& out, std::string& error);
-  bool strings(const std::string& model, std::vector<StringRow>& out, std::string& error);
-  bool loadString(const std::string& model, const std::string& label, ModelString& out,
-                  std::string& error);
   // Cross sections of `model` along its string `master` (cross_sections.h),
   // loaded into `target`, which must be another model, as one GENIO run.
   MxRunResult makeSections(const std::string& model, const std::string& master,
                            const std::string& target, const SectionRequest& request);
+  // These throw EngineError, for a model or string that is not there too.
+  std::vector<ModelSummary> models();
+  std::vector<StringRow> strings(const std::string& model);
+  ModelString loadString(const std::string& model, const std::string& label);
+  // Every string of a model as re-loadable GENIO text.
+  void exportGenio(const std::string& model, const LineSink& sink);
 
-  std::string storePath() const { return access_.path(); }
   std::string listingPath() const;
 
  private:
+  // Where a query found what it was asked for.
+  struct Found {
+    ModelStore* store = nullptr;
+    ModelRow model;
+    StringRow string;
+  };
+
   EmbeddedEngine(std::string folder, std::map<std::string, std::string> settings);
-  MxRunResult execute(std::vector<std::string> lines, const std::string& name,
-                      const std::optional<std::string>& importModel);
-  // The model's id, or a status word when it cannot be had.
-  std::int32_t findModel(std::string_view model, ModelRow& row);
-  std::optional<StringRow> findString(std::string_view model, std::string_view label, ModelRow& row,
-                                      std::int32_t& status);
+  // The guard of the runs: reads the input, runs it, and turns an engine
+  // error into the run's message.
+  MxRunResult execute(const std::string& name, const std::optional<std::string>& importModel,
+                      const std::function<std::vector<std::string>()>& input);
+  // A status word: kFound when the model (and the string) is there.
+  std::int32_t findModel(std::string_view model, Found& found);
+  std::int32_t findString(std::string_view model, std::string_view label, Found& found);
+  std::vector<std::string> labels(const Found& found);
+  // The model for the extras; EngineError when there is none.
+  Found requireModel(const std::string& model);
 
   std::string folder_;
   std::map<std::string, std::string> settings_;

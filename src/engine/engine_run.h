@@ -1,8 +1,7 @@
-// One run of Linemode input against the model store: major options MOSS,
-// CREATE, DELETE, GENIO, EDIT, OVER and FINISH with the minor options that
-// GENIO and EDIT take. Each major option is one transaction. The first error
-// stops the run at its line: the failing major option is rolled back, every
-// earlier one stays as it left the models.
+// One run of Linemode input against the model store: the records of the
+// record table (linemode_records.h), line by line. Each major option is one
+// transaction. The first error stops the run at its line: the failing major
+// option is rolled back, every earlier one stays as it left the models.
 #pragma once
 
 #include <optional>
@@ -23,12 +22,11 @@ struct RunRequest {
   std::optional<std::string> importModel;
 };
 
-struct RunOutcome {
-  std::string error;      // empty on success: "<input>, line N: <reason>: <record>"
-  int errorLine = 0;      // 0 when the run did not fail at a line
-  std::string lastModel;  // the model named by the last GENIO or EDIT
-};
-
-RunOutcome executeRun(ModelStore& store, Listing& listing, const RunRequest& request);
+// Runs the lines. The first record that cannot be executed stops the run:
+// it is listed, the major option in progress is rolled back, and an
+// EngineError leaves with the line and the record. `currentModel` follows the
+// GENIO and EDIT blocks opened.
+void executeRun(ModelStore& store, Listing& listing, const RunRequest& request,
+                std::string& currentModel);
 
 }  // namespace korvane::engine

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "engine/engine_error.h"
 #include "engine/engine_limits.h"
 #include "engine/model_string.h"
 
@@ -19,30 +20,27 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 class Parser {
  public:
-  Parser(std::string_view descriptors, std::string& error) : error_(error) {
+  explicit Parser(std::string_view descriptors) : original_(descriptors) {
     for (char c : descriptors)
       if (c != ' ') s_ += (c >= 'a' && c <= 'z') ? static_cast<char>(c - 32) : c;
-    original_ = std::string(descriptors);
   }
 
-  bool parse(std::vector<FormatNode>& nodes) {
-    if (!expect('(')) return false;
-    if (!list(nodes)) return false;
-    if (pos_ != s_.size()) return fail("text after the closing parenthesis");
-    return true;
+  std::vector<FormatNode> parse() {
+    std::vector<FormatNode> nodes;
+    expect('(');
+    list(nodes);
+    if (pos_ != s_.size()) fail("text after the closing parenthesis");
+    return nodes;
   }
 
  private:
-  bool fail(const std::string& what) {
-    error_ = "malformed FORMAT " + excerpt(original_) + ": " + what;
-    return false;
+  [[noreturn]] void fail(const std::string& what) const {
+    throw EngineError("malformed FORMAT " + excerpt(original_) + ": " + what);
   }
-  bool expect(char c) {
-    if (pos_ < s_.size() && s_[pos_] == c) {
-      ++pos_;
-      return true;
-    }
-    return fail(std::string("'") + c + "' expected at position " + std::to_string(pos_ + 1));
+  void expect(char c) {
+    if (pos_ >= s_.size() || s_[pos_] != c)
+      fail(std::string("'") + c + "' expected at position " + std::to_string(pos_ + 1));
+    ++pos_;
   }
   char peek() const { return pos_ < s_.size() ? s_[pos_] : '\0'; }
   // Reads an unsigned number; -1 when there is none.
@@ -61,58 +59,56 @@ class Parser {
   }
 
   // list := item { sep item } ")"; sep is "," but may be left out around "/" and ":".
-  bool list(std::vector<FormatNode>& nodes) {
+  void list(std::vector<FormatNode>& nodes) {
     for (;;) {
       if (peek() == ')') {
-        if (nodes.empty()) return fail("empty parentheses");
+        if (nodes.empty()) fail("empty parentheses");
         ++pos_;
-        return true;
+        return;
       }
       std::size_t at = pos_;
       int count = number();
       if (count == 0 || count > kMaxRepeat)
-        return fail("repeat count out of range at position " + std::to_string(at + 1));
+        fail("repeat count out of range at position " + std::to_string(at + 1));
       FormatNode node;
       node.repeat = count < 0 ? 1 : count;
-      if (!item(node, count)) return false;
+      item(node, count);
       nodes.push_back(std::move(node));
       char c = peek();
       if (c == ',') {
         ++pos_;
-        if (peek() == ')') return fail("',' before ')'");
+        if (peek() == ')') fail("',' before ')'");
         continue;
       }
       if (c == ')' || separatorFree(nodes.back())) continue;
       std::size_t look = pos_;
       while (look < s_.size() && isDigit(s_[look])) ++look;
       if (look < s_.size() && (s_[look] == '/' || s_[look] == ':')) continue;
-      if (c == '\0') return fail("missing ')'");
-      return fail("',' expected at position " + std::to_string(pos_ + 1));
+      if (c == '\0') fail("missing ')'");
+      fail("',' expected at position " + std::to_string(pos_ + 1));
     }
   }
 
-  bool width(FormatNode& node, bool decimals, bool optional, int fallback) {
+  void width(FormatNode& node, bool decimals, bool optional, int fallback) {
     std::size_t at = pos_;
     int w = number();
     if (w < 0) {
-      if (!optional) return fail("width expected at position " + std::to_string(at + 1));
+      if (!optional) fail("width expected at position " + std::to_string(at + 1));
       node.width = fallback;
-      return true;
+      return;
     }
-    if (w < 1 || w > kMaxWidth)
-      return fail("width out of range at position " + std::to_string(at + 1));
+    if (w < 1 || w > kMaxWidth) fail("width out of range at position " + std::to_string(at + 1));
     node.width = w;
-    if (!decimals) return true;
-    if (peek() != '.') return fail("'.d' expected at position " + std::to_string(pos_ + 1));
+    if (!decimals) return;
+    if (peek() != '.') fail("'.d' expected at position " + std::to_string(pos_ + 1));
     ++pos_;
     int d = number();
-    if (d < 0) return fail("decimals expected at position " + std::to_string(pos_ + 1));
-    if (d >= w) return fail("decimals not below the width at position " + std::to_string(at + 1));
+    if (d < 0) fail("decimals expected at position " + std::to_string(pos_ + 1));
+    if (d >= w) fail("decimals not below the width at position " + std::to_string(at + 1));
     node.decimals = d;
-    return true;
   }
 
-  bool item(FormatNode& node, int count) {
+  void item(FormatNode& node, int count) {
     char c = peek();
     std::size_t at = pos_;
     ++pos_;
@@ -120,20 +116,19 @@ class Parser {
       case '(':
         node.isGroup = true;
         if (++depth_ >= kMaxFormatNesting)
-          return fail("parentheses nested more than " + std::to_string(kMaxFormatNesting) +
-                      " deep");
-        if (!list(node.group)) return false;
+          fail("parentheses nested more than " + std::to_string(kMaxFormatNesting) + " deep");
+        list(node.group);
         --depth_;
-        return true;
+        return;
       case 'F':
         node.edit = Edit::F;
         return width(node, true, false, 0);
       case 'E':
       case 'D':
         node.edit = c == 'E' ? Edit::E : Edit::D;
-        if (!width(node, true, false, 0)) return false;
-        if (node.decimals < 1) return fail("E and D need at least one decimal");
-        return true;
+        width(node, true, false, 0);
+        if (node.decimals < 1) fail("E and D need at least one decimal");
+        return;
       case 'I':
         node.edit = Edit::I;
         return width(node, false, false, 0);
@@ -144,19 +139,19 @@ class Parser {
         node.edit = Edit::X;
         node.width = node.repeat;
         node.repeat = 1;
-        return true;
+        return;
       case '/':
         node.edit = Edit::Slash;
-        return true;
+        return;
       case ':':
-        if (count >= 0) return fail("':' takes no repeat count");
+        if (count >= 0) fail("':' takes no repeat count");
         node.edit = Edit::Colon;
-        return true;
+        return;
       default:
         pos_ = at;
-        if (c == '\0') return fail("missing ')'");
-        return fail(std::string("unsupported edit descriptor '") + c + "' at position " +
-                    std::to_string(at + 1) + " (supported: F, E, D, I, A, X, /, :)");
+        if (c == '\0') fail("missing ')'");
+        fail(std::string("unsupported edit descriptor '") + c + "' at position " +
+             std::to_string(at + 1) + " (supported: F, E, D, I, A, X, /, :)");
     }
   }
 
@@ -164,7 +159,6 @@ class Parser {
   std::string original_;
   std::size_t pos_ = 0;
   int depth_ = 0;  // groups open inside the format's own parentheses
-  std::string& error_;
 };
 
 void appendText(std::string& out, const std::vector<FormatNode>& nodes) {
@@ -268,20 +262,14 @@ struct Walk {
 
 bool isNumericEdit(Edit e) { return e == Edit::F || e == Edit::E || e == Edit::D || e == Edit::I; }
 
-std::optional<FortranFormat> FortranFormat::parse(std::string_view descriptors,
-                                                  std::string& error) {
+FortranFormat FortranFormat::parse(std::string_view descriptors) {
   FortranFormat f;
-  Parser p(descriptors, error);
-  if (!p.parse(f.nodes_)) return std::nullopt;
-  RecordLayout probe;
-  if (!f.layout(1, probe, error)) return std::nullopt;
+  f.nodes_ = Parser(descriptors).parse();
+  f.layout(1);  // a format without a data descriptor is refused here
   return f;
 }
 
-FortranFormat FortranFormat::mxDefault() {
-  std::string error;
-  return *parse("(3D23.17)", error);
-}
+FortranFormat FortranFormat::mxDefault() { return parse("(3D23.17)"); }
 
 std::string FortranFormat::text() const {
   std::string out = "(";
@@ -289,23 +277,21 @@ std::string FortranFormat::text() const {
   return out + ")";
 }
 
-bool FortranFormat::layout(int items, RecordLayout& out, std::string& error) const {
-  out = RecordLayout{};
+RecordLayout FortranFormat::layout(int items) const {
+  RecordLayout out;
   Walk w;
   w.items = items;
   w.out = &out;
   auto tooLong = [&] {
-    error = "malformed FORMAT " + excerpt(text()) + ": one READ or WRITE expands to more than " +
-            std::to_string(kMaxFormatSteps) + " edit descriptors";
-    return false;
+    throw EngineError("malformed FORMAT " + excerpt(text()) +
+                      ": one READ or WRITE expands to more than " +
+                      std::to_string(kMaxFormatSteps) + " edit descriptors");
   };
   w.newRecord();
   w.run(nodes_, 0);
-  if (w.tooLong) return tooLong();
-  if (w.used == 0 && items > 0) {
-    error = "FORMAT " + text() + " has no data edit descriptor";
-    return false;
-  }
+  if (w.tooLong) tooLong();
+  if (w.used == 0 && items > 0)
+    throw EngineError("FORMAT " + text() + " has no data edit descriptor");
   std::size_t revert = 0;
   for (std::size_t i = 0; i < nodes_.size(); ++i)
     if (nodes_[i].isGroup) revert = i;
@@ -313,13 +299,11 @@ bool FortranFormat::layout(int items, RecordLayout& out, std::string& error) con
     int before = w.used;
     w.newRecord();
     w.run(nodes_, revert);
-    if (w.tooLong) return tooLong();
-    if (w.used == before) {
-      error = "FORMAT " + text() + " has no data edit descriptor to revert to";
-      return false;
-    }
+    if (w.tooLong) tooLong();
+    if (w.used == before)
+      throw EngineError("FORMAT " + text() + " has no data edit descriptor to revert to");
   }
-  return true;
+  return out;
 }
 
 // --- reading -----------------------------------------------------------------
@@ -447,8 +431,9 @@ bool readPointedNumber(std::string_view field, double& out) {
 
 }  // namespace
 
-bool readNumberField(std::string_view field, const FieldSlot& slot, double& out, std::string& why) {
-  if (slot.edit != Edit::I && readPointedNumber(field, out)) return true;
+std::optional<double> readNumberField(std::string_view field, const FieldSlot& slot) {
+  double out = 0;
+  if (slot.edit != Edit::I && readPointedNumber(field, out)) return out;
   char local[kNumberBuffer];
   std::string heap;
   char* compact = local;
@@ -460,14 +445,16 @@ bool readNumberField(std::string_view field, const FieldSlot& slot, double& out,
   for (char c : field)
     if (c != ' ') compact[len++] = c;
   std::string_view number(compact, len);
-  bool ok = parseFortranNumber(number, slot.edit == Edit::I ? 0 : slot.decimals, out);
-  if (ok && slot.edit == Edit::I && number.find_first_not_of("+-0123456789") != std::string::npos)
-    ok = false;
-  if (!ok) {
-    why = "'" + excerpt(field) + "' in columns " + std::to_string(slot.column + 1) + "-" +
-          std::to_string(slot.column + slot.width) + " is not a number";
-  }
-  return ok;
+  if (!parseFortranNumber(number, slot.edit == Edit::I ? 0 : slot.decimals, out))
+    return std::nullopt;
+  if (slot.edit == Edit::I && number.find_first_not_of("+-0123456789") != std::string::npos)
+    return std::nullopt;
+  return out;
+}
+
+std::string notANumber(std::string_view field, const FieldSlot& slot) {
+  return "'" + excerpt(field) + "' in columns " + std::to_string(slot.column + 1) + "-" +
+         std::to_string(slot.column + slot.width) + " is not a number";
 }
 
 std::string readTextField(std::string_view field) {

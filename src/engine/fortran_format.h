@@ -50,8 +50,8 @@ bool isNumericEdit(Edit e);
 
 class FortranFormat {
  public:
-  // Parses "(...)" in any case, blanks ignored. False with a reason on error.
-  static std::optional<FortranFormat> parse(std::string_view descriptors, std::string& error);
+  // Parses "(...)" in any case, blanks ignored; EngineError when malformed.
+  static FortranFormat parse(std::string_view descriptors);
   // MX's own format for GENIO output: (3D23.17).
   static FortranFormat mxDefault();
 
@@ -60,8 +60,9 @@ class FortranFormat {
   // The layout of one statement with `items` values. Output stops at the first
   // data descriptor with no item left (X, "/" before it are still obeyed);
   // when the items outlast the format, a new record starts and the format
-  // reverts to its last top-level group (or to its start).
-  bool layout(int items, RecordLayout& out, std::string& error) const;
+  // reverts to its last top-level group (or to its start). EngineError when
+  // the format cannot place the items.
+  RecordLayout layout(int items) const;
 
   bool operator==(const FortranFormat& o) const { return text() == o.text(); }
 
@@ -74,8 +75,10 @@ class FortranFormat {
 // `impliedDecimals` digits are the fraction). `s` must hold no blanks.
 bool parseFortranNumber(std::string_view s, int impliedDecimals, double& out);
 
-// Reads the value of a numeric field; false with a reason when it is not a number.
-bool readNumberField(std::string_view field, const FieldSlot& slot, double& out, std::string& why);
+// The value of a numeric field; nullopt when it is not a number.
+std::optional<double> readNumberField(std::string_view field, const FieldSlot& slot);
+// Why a field is not a number, naming its columns.
+std::string notANumber(std::string_view field, const FieldSlot& slot);
 // Reads a text field into a 4-character value (right-trimmed), as Fortran
 // reads CHARACTER*4 with Aw: the rightmost 4 characters when w > 4.
 std::string readTextField(std::string_view field);

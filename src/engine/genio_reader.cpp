@@ -2,18 +2,16 @@
 
 #include <algorithm>
 
+#include "engine/engine_error.h"
 #include "engine/engine_limits.h"
 
 namespace korvane::engine {
 
-bool PointListReader::start(const FortranFormat& format, const GenioOrder& order,
-                            HeaderRecord header, std::string& error) {
-  header_ = std::move(header);
-  order_ = order;
-  group_.clear();
-  points_.clear();
-  recordsRead_ = 0;
-  if (!format.layout(order.perRecord * order.itemsPerPoint(), layout_, error)) return false;
+PointListReader::PointListReader(const FortranFormat& format, const GenioOrder& order,
+                                 HeaderRecord header)
+    : header_(std::move(header)),
+      order_(order),
+      layout_(format.layout(order.perRecord * order.itemsPerPoint())) {
   auto at = [&](int d) {
     return static_cast<int>(std::find(order.dims.begin(), order.dims.end(), d) -
                             order.dims.begin());
@@ -24,12 +22,9 @@ bool PointListReader::start(const FortranFormat& format, const GenioOrder& order
     for (int item : {xItem_, yItem_}) {
       const FieldSlot& s =
           layout_.slots[static_cast<std::size_t>(p * order.itemsPerPoint() + item)];
-      if (!isNumericEdit(s.edit)) {
-        error = "FORMAT " + format.text() + " reads x or y with an A descriptor";
-        return false;
-      }
+      if (!isNumericEdit(s.edit))
+        throw EngineError("FORMAT " + format.text() + " reads x or y with an A descriptor");
     }
-  return true;
 }
 
 std::string_view PointListReader::field(int item) const {
@@ -40,39 +35,42 @@ std::string_view PointListReader::field(int item) const {
                            : std::string_view();
 }
 
-bool PointListReader::number(int item, double& out, std::string& error) const {
+double PointListReader::number(int item) const {
   const FieldSlot& slot = layout_.slots[static_cast<std::size_t>(item)];
   std::string_view text = field(item);
-  if (readNumberField(text, slot, out, error)) return true;
+  if (std::optional<double> v = readNumberField(text, slot)) return *v;
   std::string padded(text);  // quoted with the blanks the record left out
   padded.resize(static_cast<std::size_t>(slot.width), ' ');
-  readNumberField(padded, slot, out, error);
-  return false;
+  throw EngineError(notANumber(padded, slot));
 }
 
-PointListReader::Step PointListReader::feed(std::string_view line, std::string& error) {
-  if (group_.empty() && line.find_first_not_of(' ') == std::string_view::npos) {
-    error = "empty data record in the points of string " + label() +
-            " (a string ends with a point whose x and y are 0)";
-    return Step::Error;
+PointListReader::Step PointListReader::feed(std::string_view line) {
+  try {
+    return read(line);
+  } catch (const EngineError& e) {
+    throw EngineError("string " + label() + ": " + e.what());
   }
+}
+
+PointListReader::Step PointListReader::read(std::string_view line) {
+  if (group_.empty() && line.find_first_not_of(' ') == std::string_view::npos)
+    throw EngineError("empty data record in the points of string " + label() +
+                      " (a string ends with a point whose x and y are 0)");
   int record = static_cast<int>(group_.size());
   auto length = static_cast<std::size_t>(layout_.lengths[static_cast<std::size_t>(record)]);
-  if (line.size() > length && line.find_first_not_of(' ', length) != std::string_view::npos) {
-    error = "data record longer than its FORMAT allows (" + std::to_string(length) +
-            " columns): '" + excerpt(line.substr(length)) + "' after column " +
-            std::to_string(length);
-    return Step::Error;
-  }
+  if (line.size() > length && line.find_first_not_of(' ', length) != std::string_view::npos)
+    throw EngineError("data record longer than its FORMAT allows (" + std::to_string(length) +
+                      " columns): '" + excerpt(line.substr(length)) + "' after column " +
+                      std::to_string(length));
   group_.emplace_back(line);
   ++recordsRead_;
   if (static_cast<int>(group_.size()) < layout_.records()) return Step::More;
-  Step s = decode(true, error);
+  Step s = decode(true);
   group_.clear();
   return s;
 }
 
-PointListReader::Step PointListReader::decode(bool complete, std::string& error) {
+PointListReader::Step PointListReader::decode(bool complete) {
   const int per = order_.itemsPerPoint();
   const int available = static_cast<int>(group_.size());
   const int dimension = header_.header.dimension;
@@ -82,8 +80,7 @@ PointListReader::Step PointListReader::decode(bool complete, std::string& error)
   for (int p = 0; p < order_.perRecord; ++p) {
     int base = p * per;
     if (!complete && (!inReach(base + xItem_) || !inReach(base + yItem_))) return Step::More;
-    double x = 0, y = 0;
-    if (!number(base + xItem_, x, error) || !number(base + yItem_, y, error)) return Step::Error;
+    const double x = number(base + xItem_), y = number(base + yItem_);
     if (x == 0 && y == 0) return Step::Done;
     if (!complete) return Step::More;
     ModelPoint pt;
@@ -97,9 +94,7 @@ PointListReader::Step PointListReader::decode(bool complete, std::string& error)
         text.resize(static_cast<std::size_t>(slot.width), ' ');
         v = DimValue::text(readTextField(text));
       } else {
-        double num = 0;
-        if (!number(base + i, num, error)) return Step::Error;
-        v = DimValue::number(num);
+        v = DimValue::number(number(base + i));
       }
       if (d <= dimension) pt.dims[static_cast<std::size_t>(d - 1)] = v;
     }
@@ -108,31 +103,23 @@ PointListReader::Step PointListReader::decode(bool complete, std::string& error)
   return Step::More;
 }
 
-bool PointListReader::endEarly(std::string& error) {
-  if (!group_.empty() && decode(false, error) == Step::Done) return true;
-  if (error.empty())
-    error = "the points of string " + label() +
-            " have no terminator (a point whose x and y are 0) before this record";
-  return false;
+void PointListReader::endEarly() {
+  if (!group_.empty() && decode(false) == Step::Done) return;
+  throw EngineError("the points of string " + label() +
+                    " have no terminator (a point whose x and y are 0) before this record");
 }
 
-bool PointListReader::finish(ModelString& out, std::string& error) {
-  if (points_.empty()) {
-    error = "string " + label() + " has no points";
-    return false;
-  }
+ModelString PointListReader::finish() {
+  if (points_.empty()) throw EngineError("string " + label() + " has no points");
   for (int g : header_.gaps) {
-    if (g >= static_cast<int>(points_.size())) {
-      error = "080 of string " + label() + " breaks it after point " + std::to_string(g) +
-              ", but it has " + std::to_string(points_.size()) + " points";
-      return false;
-    }
+    if (g >= static_cast<int>(points_.size()))
+      throw EngineError("080 of string " + label() + " breaks it after point " + std::to_string(g) +
+                        ", but it has " + std::to_string(points_.size()) + " points");
     points_[static_cast<std::size_t>(g - 1)].gapAfter = true;
   }
-  out.header = header_.header;
-  out.points = std::move(points_);
+  ModelString out{header_.header, std::move(points_)};
   points_.clear();
-  return true;
+  return out;
 }
 
 }  // namespace korvane::engine

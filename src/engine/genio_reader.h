@@ -15,30 +15,31 @@ namespace korvane::engine {
 
 class PointListReader {
  public:
-  enum class Step { More, Done, Error };
+  enum class Step { More, Done };
 
-  // Prepares for the points of the string that `header` begins. False with a
-  // reason when FORMAT and ORDR do not fit together.
-  bool start(const FortranFormat& format, const GenioOrder& order, HeaderRecord header,
-             std::string& error);
+  // Prepares for the points of the string that `header` begins; EngineError
+  // when FORMAT and ORDR do not fit together.
+  PointListReader(const FortranFormat& format, const GenioOrder& order, HeaderRecord header);
   // One data record. Done when the terminator has been read. The text is not
   // copied: it must stay in place until the point group it begins is read.
-  Step feed(std::string_view line, std::string& error);
+  // EngineError, naming the string, for a record that does not fit.
+  Step feed(std::string_view line);
   // The point list is cut short (by another record or the end of the input):
-  // true when the records read so far end the string with a terminator
-  // (companion records of a multi-record terminator may be left out).
-  bool endEarly(std::string& error);
+  // EngineError unless the records read so far end the string with a
+  // terminator (companion records of a multi-record terminator may be left out).
+  void endEarly();
   // The finished string, with its discontinuities applied.
-  bool finish(ModelString& out, std::string& error);
+  ModelString finish();
 
   const std::string& label() const { return header_.header.label; }
   int recordsRead() const { return recordsRead_; }
 
  private:
-  Step decode(bool complete, std::string& error);
+  Step read(std::string_view line);
+  Step decode(bool complete);
   // The columns of an item; shorter than the field where the record ends early.
   std::string_view field(int item) const;
-  bool number(int item, double& out, std::string& error) const;
+  double number(int item) const;
 
   HeaderRecord header_;
   GenioOrder order_;

@@ -26,11 +26,12 @@ struct GenioOrder {
   static GenioOrder natural(int dimension);
 };
 
+// The records are read strictly: EngineError for anything they do not take.
 // 001: "001FORMAT(3D23.17)", "001,FORMAT (4F12.3,A4)", "001format(8f12.3,4a4)".
-bool parseFormatRecord(std::string_view record, FortranFormat& out, std::string& error);
+FortranFormat parseFormatRecord(std::string_view record);
 std::string formatRecord(const FortranFormat& f);  // "001FORMAT(...)"
 
-bool parseOrderRecord(const Fields& f, GenioOrder& out, std::string& error);
+GenioOrder parseOrderRecord(const Fields& f);
 
 // 080: label in field 2, sub-reference in 3, level of a 2-dimensional string
 // in 4, origin shift in 5 and 6 (must be 0), dimension in 7 (only its last two
@@ -40,8 +41,7 @@ struct HeaderRecord {
   StringHeader header;
   std::vector<int> gaps;
 };
-bool parseHeaderRecord(const Fields& f, int defaultDimension, HeaderRecord& out,
-                       std::string& error);
+HeaderRecord parseHeaderRecord(const Fields& f, int defaultDimension);
 // "080," + label padded to 4 + "," + sub-reference padded to 4 + ",...":
 // the label stays in columns 5 to 8 and the sub-reference in 10 to 13.
 std::string headerRecord(const ModelString& s);

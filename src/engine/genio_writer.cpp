@@ -39,9 +39,7 @@ FortranFormat naturalFormat(const ModelString& s) {
     ++numbers;
   }
   close();
-  std::string error;
-  auto f = FortranFormat::parse("(" + descriptors + ")", error);
-  return f ? *f : FortranFormat::mxDefault();
+  return FortranFormat::parse("(" + descriptors + ")");
 }
 
 GenioWriter::GenioWriter(LineSink sink, std::optional<FortranFormat> format,
@@ -58,13 +56,12 @@ void GenioWriter::end() {
   sink_("999");
 }
 
-bool GenioWriter::write(const ModelString& s, std::string& error) {
+void GenioWriter::write(const ModelString& s) {
   FortranFormat format = format_  ? *format_
                          : order_ ? FortranFormat::mxDefault()
                                   : naturalFormat(s);
   GenioOrder order = order_ ? *order_ : GenioOrder::natural(s.header.dimension);
-  RecordLayout layout;
-  if (!format.layout(order.perRecord * order.itemsPerPoint(), layout, error)) return false;
+  const RecordLayout layout = format.layout(order.perRecord * order.itemsPerPoint());
   std::string pair = formatRecord(format) + "\n" + order.record();
   if (pair != lastPair_) {
     sink_(formatRecord(format));
@@ -88,7 +85,6 @@ bool GenioWriter::write(const ModelString& s, std::string& error) {
   while (static_cast<int>(items.size()) < order.perRecord * order.itemsPerPoint())
     items.push_back(DimValue::number(0));
   flush();
-  return true;
 }
 
 void GenioWriter::emit(const std::vector<DimValue>& items, const RecordLayout& layout) {

@@ -26,7 +26,8 @@ class GenioWriter {
   GenioWriter(LineSink sink, std::optional<FortranFormat> format, std::optional<GenioOrder> order);
 
   void banner(const std::string& text);  // written as a comment line
-  bool write(const ModelString& s, std::string& error);
+  // EngineError when the FORMAT cannot lay out the string's points.
+  void write(const ModelString& s);
   void end();  // "999"
 
  private:

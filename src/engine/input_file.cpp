@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "base/codepage.h"
+#include "engine/engine_error.h"
 #include "engine/engine_limits.h"
 
 namespace korvane::engine {
@@ -21,29 +22,23 @@ void splitLines(std::string_view text, std::vector<std::string>& lines) {
   }
 }
 
-bool readInputLines(const std::string& path, std::vector<std::string>& lines, std::string& error) {
+std::vector<std::string> readInputLines(const std::string& path) {
   // Read in one piece: a stream copy would stop silently when memory runs out.
   std::ifstream in(path, std::ios::binary | std::ios::ate);
   std::streamoff size = in ? static_cast<std::streamoff>(in.tellg()) : -1;
-  if (size < 0) {
-    error = "cannot read the input file " + path;
-    return false;
-  }
-  if (static_cast<std::uintmax_t>(size) > kMaxInputBytes) {
-    error = "the input file " + path + " has " + std::to_string(size) +
-            " bytes; the engine reads files of at most " + std::to_string(kMaxInputBytes);
-    return false;
-  }
+  if (size < 0) throw EngineError("cannot read the input file " + path);
+  if (static_cast<std::uintmax_t>(size) > kMaxInputBytes)
+    throw EngineError("the input file " + path + " has " + std::to_string(size) +
+                      " bytes; the engine reads files of at most " +
+                      std::to_string(kMaxInputBytes));
   std::string text(static_cast<std::size_t>(size), '\0');
   in.seekg(0);
   in.read(text.data(), size);
-  if (in.gcount() != size) {
-    error = "cannot read the input file " + path;
-    return false;
-  }
+  if (in.gcount() != size) throw EngineError("cannot read the input file " + path);
   if (text.rfind("\xEF\xBB\xBF", 0) == 0) text = cp::fromUtf8(std::string_view(text).substr(3));
+  std::vector<std::string> lines;
   splitLines(text, lines);
-  return true;
+  return lines;
 }
 
 std::string encodingFault(std::string_view line, int lineNo) {

@@ -11,7 +11,8 @@
 
 namespace korvane::engine {
 
-bool readInputLines(const std::string& path, std::vector<std::string>& lines, std::string& error);
+// EngineError when the file cannot be read or is beyond the input limit.
+std::vector<std::string> readInputLines(const std::string& path);
 void splitLines(std::string_view text, std::vector<std::string>& lines);
 // Empty when the line is acceptable text, else why not.
 std::string encodingFault(std::string_view line, int lineNo);

@@ -5,6 +5,7 @@
 
 #include "base/codepage.h"
 #include "base/text.h"
+#include "engine/engine_error.h"
 #include "engine/engine_limits.h"
 #include "engine/fortran_format.h"
 
@@ -17,14 +18,6 @@ bool isLetter(char c) {
 }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-struct MajorName {
-  const char* key;
-  Major major;
-};
-constexpr MajorName kMajors[] = {
-    {"moss", Major::Moss}, {"crea", Major::Create}, {"dele", Major::Delete}, {"geni", Major::Genio},
-    {"edit", Major::Edit}, {"over", Major::Over},   {"fini", Major::Finish}};
-
 }  // namespace
 
 LineKind classifyLine(std::string_view line) {
@@ -35,27 +28,11 @@ LineKind classifyLine(std::string_view line) {
 
 bool startsWithLetter(std::string_view record) { return !record.empty() && isLetter(record[0]); }
 
-std::optional<MajorRecord> parseMajor(std::string_view record) {
+std::string_view majorWord(std::string_view record) {
   std::size_t n = 0;
   while (n < record.size() && isLetter(record[n])) ++n;
-  if (n < 4) return std::nullopt;
-  if (n < record.size() && record[n] != ',' && record[n] != ' ') return std::nullopt;
-  std::string key = cp::lower(record.substr(0, 4));
-  for (const MajorName& m : kMajors) {
-    if (key != m.key) continue;
-    MajorRecord r{m.major, std::string(record.substr(0, n)), {}};
-    std::string_view rest = record.substr(n);
-    if (!rest.empty() && rest[0] == ',') rest.remove_prefix(1);
-    std::string arg = text::trim(rest);
-    if (m.major != Major::Over) {
-      if (!arg.empty() && arg.back() == ',') arg = text::trim(arg.substr(0, arg.size() - 1));
-      if (arg.size() >= 2 && arg.front() == '"' && arg.back() == '"')
-        arg = text::trim(arg.substr(1, arg.size() - 2));
-    }
-    r.argument = arg;
-    return r;
-  }
-  return std::nullopt;
+  if (n < 4 || (n < record.size() && record[n] != ',' && record[n] != ' ')) return {};
+  return record.substr(0, n);
 }
 
 int minorNumber(std::string_view record) {
@@ -69,8 +46,13 @@ int minorNumber(std::string_view record) {
   return -1;
 }
 
-bool Fields::split(std::string_view record, Fields& out, std::string& error) {
-  out.fields_.clear();
+std::string recordKey(std::string_view record) {
+  if (minorNumber(record) >= 0) return std::string(record.substr(0, 3));
+  std::string_view word = majorWord(record);
+  return word.empty() ? std::string() : cp::lower(word.substr(0, 4));
+}
+
+Fields::Fields(std::string_view record) {
   int position = 1;
   std::size_t start = 0;
   for (;;) {
@@ -83,25 +65,19 @@ bool Fields::split(std::string_view record, Fields& out, std::string& error) {
       std::string n = text::trim(piece.substr(0, eq));
       bool digits = !n.empty() && n.size() <= 3;
       for (char c : n) digits = digits && isDigit(c);
-      if (!digits) {
-        error = "'" + excerpt(piece) + "' is not a field position of the form N=value";
-        return false;
-      }
+      if (!digits)
+        throw EngineError("'" + excerpt(piece) + "' is not a field position of the form N=value");
       int target = 0;
       std::from_chars(n.data(), n.data() + n.size(), target);
-      if (target < 2) {
-        error = "field position " + n + "= is below 2";
-        return false;
-      }
+      if (target < 2) throw EngineError("field position " + n + "= is below 2");
       position = target;
       piece = piece.substr(eq + 1);
     }
-    out.fields_[position] = std::string(piece);
+    fields_[position] = std::string(piece);
     ++position;
     if (comma == std::string_view::npos) break;
     start = comma + 1;
   }
-  return true;
 }
 
 bool Fields::has(int n) const {
@@ -114,31 +90,22 @@ std::string_view Fields::raw(int n) const {
   return it == fields_.end() ? std::string_view() : std::string_view(it->second);
 }
 
-bool Fields::number(int n, std::optional<double>& out, std::string& why) const {
-  out.reset();
-  if (!has(n)) return true;
+std::optional<double> Fields::number(int n) const {
+  if (!has(n)) return std::nullopt;
   std::string t = text::trim(raw(n));
   double v = 0;
-  if (t.find(' ') != std::string::npos || !parseFortranNumber(t, 0, v)) {
-    why = "field " + std::to_string(n) + " ('" + excerpt(t) + "') is not a number";
-    return false;
-  }
-  out = v;
-  return true;
+  if (t.find(' ') != std::string::npos || !parseFortranNumber(t, 0, v))
+    throw EngineError("field " + std::to_string(n) + " ('" + excerpt(t) + "') is not a number");
+  return v;
 }
 
-bool Fields::integer(int n, std::optional<long>& out, std::string& why) const {
-  out.reset();
-  std::optional<double> v;
-  if (!number(n, v, why)) return false;
-  if (!v) return true;
-  if (*v != std::floor(*v) || std::fabs(*v) > 2e9) {
-    why = "field " + std::to_string(n) + " ('" + excerpt(text::trim(raw(n))) +
-          "') is not a whole number";
-    return false;
-  }
-  out = static_cast<long>(*v);
-  return true;
+std::optional<long> Fields::integer(int n) const {
+  std::optional<double> v = number(n);
+  if (!v) return std::nullopt;
+  if (*v != std::floor(*v) || std::fabs(*v) > 2e9)
+    throw EngineError("field " + std::to_string(n) + " ('" + excerpt(text::trim(raw(n))) +
+                      "') is not a whole number");
+  return static_cast<long>(*v);
 }
 
 }  // namespace korvane::engine

@@ -17,18 +17,9 @@ enum class LineKind { Blank, Comment, Record };
 // or a line starting "***".
 LineKind classifyLine(std::string_view line);
 
-enum class Major { Moss, Create, Delete, Genio, Edit, Over, Finish };
-
-struct MajorRecord {
-  Major major;
-  std::string word;      // the keyword as written, e.g. "crea" or "GENIO"
-  std::string argument;  // the rest after "," or blanks, trimmed; for model names also
-                         // without one trailing "," and without surrounding quotes
-};
-
-// A record starting with a letter whose first four letters name a major
-// option, followed by ",", a blank or the end. Nullopt otherwise.
-std::optional<MajorRecord> parseMajor(std::string_view record);
+// The word a major option begins with, as written: at least four letters
+// followed by ",", a blank or the end ("crea", "GENIO"). Empty otherwise.
+std::string_view majorWord(std::string_view record);
 // True when the record starts with a letter (so it is meant as a major option).
 bool startsWithLetter(std::string_view record);
 
@@ -36,20 +27,25 @@ bool startsWithLetter(std::string_view record);
 // blanks, or (for 001) the word FORMAT. -1 when the record is not one.
 int minorNumber(std::string_view record);
 
+// How a record is looked up in the record table (linemode_records.h): a
+// minor option by its three digits ("080"), a major option by the first four
+// letters of its word in lower case ("crea"); empty for anything else.
+std::string recordKey(std::string_view record);
+
 // The comma fields of a minor option record; field 1 is the record number.
+// EngineError for a malformed "N=" position or a field that is not the
+// number asked for.
 class Fields {
  public:
-  // False with a reason for a malformed "N=" position.
-  static bool split(std::string_view record, Fields& out, std::string& error);
+  explicit Fields(std::string_view record);
 
   bool has(int n) const;  // present and not blank
   // The raw text of field n (untrimmed; labels keep their blanks), "" when absent.
   std::string_view raw(int n) const;
-  // A numeric field (blanks around it allowed). Nullopt when absent or blank;
-  // false with a reason when it holds something that is not a number.
-  bool number(int n, std::optional<double>& out, std::string& why) const;
+  // A numeric field (blanks around it allowed); nullopt when absent or blank.
+  std::optional<double> number(int n) const;
   // As number(), but the value must be a whole number.
-  bool integer(int n, std::optional<long>& out, std::string& why) const;
+  std::optional<long> integer(int n) const;
   int last() const { return fields_.empty() ? 0 : fields_.rbegin()->first; }
 
  private:

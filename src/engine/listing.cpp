@@ -3,19 +3,12 @@
 #include <cstdio>
 
 #include "base/fs.h"
+#include "engine/engine_error.h"
 
 namespace korvane::engine {
 
-Listing::~Listing() {
-  try {
-    close();
-  } catch (...) {  // nothing to be done about a listing that cannot be cut
-  }
-}
-
-bool Listing::open(const std::string& path, std::string& error) {
-  path_ = path;
-  file_ = korvane::fs::pathOfNativeText(path);
+Listing::Listing(const std::string& path)
+    : path_(path), file_(korvane::fs::pathOfNativeText(path)) {
   // Written over in place and cut to its new length at the end: emptying it
   // first would free its blocks and take new ones on every run, and some file
   // systems (those that discard freed blocks) make that wait for the disk.
@@ -24,18 +17,13 @@ bool Listing::open(const std::string& path, std::string& error) {
     out_.clear();
     out_.open(path, std::ios::binary | std::ios::out | std::ios::trunc);
   }
-  if (!out_) {
-    error = "cannot write the engine listing " + path;
-    return false;
-  }
-  return true;
+  if (!out_) throw EngineError("cannot write the engine listing " + path);
 }
 
-void Listing::close() {
-  if (!out_.is_open()) return;
-  std::streamoff length = out_.tellp();
+Listing::~Listing() {
+  const std::streamoff length = out_.tellp();
   out_.close();
-  std::error_code ec;
+  std::error_code ec;  // a listing that cannot be cut keeps the old tail; nothing to be done
   if (length >= 0) std::filesystem::resize_file(file_, static_cast<std::uintmax_t>(length), ec);
 }
 

@@ -14,15 +14,13 @@ class Listing {
  public:
   static constexpr const char* kFileName = "korvane-engine.lst";
 
-  Listing() = default;
+  // Opens the listing file; what the run writes replaces what it held.
+  // EngineError when it cannot be written.
+  explicit Listing(const std::string& path);
+  // Ends the listing: cut to the length written.
   ~Listing();
   Listing(const Listing&) = delete;
   Listing& operator=(const Listing&) = delete;
-
-  // Opens the listing file; what the run writes replaces what it held.
-  bool open(const std::string& path, std::string& error);
-  // Ends the listing (also done when it goes out of scope).
-  void close();
   const std::string& path() const { return path_; }
 
   void text(std::string_view line);                  // a line as it stands

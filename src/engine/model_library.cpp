@@ -3,20 +3,17 @@
 namespace korvane::engine {
 namespace {
 
-// Loads a string now; null when the model or string is gone.
+// A string as the store holds it now; nullopt when the model or the string
+// is gone (deleted since). Each read that fails leaves as MxError.
 std::optional<ModelString> loadString(StoreAccess& access, const std::string& model,
                                       const std::string& label) {
-  try {
+  return readForMx([&]() -> std::optional<ModelString> {
     ModelStore* store = access.get();
-    if (!store) return std::nullopt;
-    auto m = store->findModel(model);
-    if (!m) return std::nullopt;
-    auto row = store->findString(m->id, label);
+    auto m = store ? store->findModel(model) : std::nullopt;
+    auto row = m ? store->findString(m->id, label) : std::nullopt;
     if (!row) return std::nullopt;
     return store->load(*row);
-  } catch (const EngineError&) {
-    return std::nullopt;
-  }
+  });
 }
 
 class EmbeddedString final : public MxString {
@@ -53,29 +50,24 @@ class EmbeddedModel final : public MxModel {
   EmbeddedModel(StoreAccess& store, std::string name) : store_(store), name_(std::move(name)) {}
 
   std::vector<std::string> stringLabels() override {
-    std::vector<std::string> out;
-    try {
+    return readForMx([&] {
+      std::vector<std::string> out;
       ModelStore* store = store_.get();
       auto m = store ? store->findModel(name_) : std::nullopt;
-      if (!m) return out;
-      for (const StringRow& row : store->strings(m->id)) out.push_back(row.header.label);
-    } catch (const EngineError&) {
-      out.clear();
-    }
-    return out;
+      if (m)
+        for (const StringRow& row : store->strings(m->id)) out.push_back(row.header.label);
+      return out;
+    });
   }
 
   std::unique_ptr<MxString> string(std::string_view label) override {
-    try {
+    return readForMx([&]() -> std::unique_ptr<MxString> {
       ModelStore* store = store_.get();
       auto m = store ? store->findModel(name_) : std::nullopt;
-      if (!m) return nullptr;
-      auto row = store->findString(m->id, label);
+      auto row = m ? store->findString(m->id, label) : std::nullopt;
       if (!row) return nullptr;
       return std::make_unique<EmbeddedString>(store_, name_, row->header.label);
-    } catch (const EngineError&) {
-      return nullptr;
-    }
+    });
   }
 
  private:
@@ -86,14 +78,12 @@ class EmbeddedModel final : public MxModel {
 }  // namespace
 
 std::unique_ptr<MxModel> EmbeddedLibrary::model(std::string_view name) {
-  try {
+  return readForMx([&]() -> std::unique_ptr<MxModel> {
     ModelStore* store = store_.get();
     auto m = store ? store->findModel(name) : std::nullopt;
     if (!m) return nullptr;
     return std::make_unique<EmbeddedModel>(store_, m->name);
-  } catch (const EngineError&) {
-    return nullptr;
-  }
+  });
 }
 
 }  // namespace korvane::engine

@@ -57,30 +57,35 @@ std::string identity(const std::string& path) {
 }
 
 // Checks that the file is our store, or creates the schema in an empty file.
-// Returns false with a reason when the file belongs to something else.
-bool checkSchema(SqliteDb& db, bool create, bool& empty, std::string& why) {
+// Returns false when the file is empty and not to be created; the reason why
+// a file belongs to something else (EngineError, the start of the message
+// given by `refused`).
+bool checkSchema(SqliteDb& db, bool create, const std::string& refused) {
   std::int64_t app = db.queryInt("PRAGMA application_id");
   std::int64_t version = db.queryInt("PRAGMA user_version");
   std::int64_t objects = db.queryInt("SELECT count(*) FROM sqlite_master");
-  empty = false;
+  std::string why;
   if (app == kApplicationId) {
     if (version == kSchemaVersion) return true;
     why = "it has store schema version " + std::to_string(version) +
           ", this engine reads version " + std::to_string(kSchemaVersion);
-    return false;
-  }
-  if (app == 0 && objects == 0) {
-    empty = true;
-    if (!create) return true;
+  } else if (app == 0 && objects == 0) {
+    if (!create) return false;
     db.exec(kSchema);
     db.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
     db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
-    empty = false;
     return true;
+  } else {
+    why = "it is an SQLite database of another application (application id " + std::to_string(app) +
+          ", " + std::to_string(objects) + " schema objects)";
   }
-  why = "it is an SQLite database of another application (application id " + std::to_string(app) +
-        ", " + std::to_string(objects) + " schema objects)";
-  return false;
+  throw EngineError(refused + why + "; it was left as it is");
+}
+
+std::string inUse(const std::string& path) {
+  return "the model store " + path +
+         " is in use by another run on this project; runs are not interleaved, so this run was "
+         "refused (try again when the other has ended)";
 }
 
 // From the columns id, label, subref, dimension, level, point_count.
@@ -121,9 +126,7 @@ ModelStore::ModelStore(std::unique_ptr<SqliteDb> db, std::string path)
 
 ModelStore::~ModelStore() { endRun(); }
 
-std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access access,
-                                             std::string& error) {
-  error.clear();
+std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access access) {
   std::error_code ec;
   if (access == Access::Query && !std::filesystem::exists(korvane::fs::pathOfNativeText(path), ec))
     return nullptr;
@@ -134,8 +137,6 @@ std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access acc
                                                                : SqliteDb::OpenMode::ReadWrite);
     sqlite3_busy_timeout(db->handle(), g_busyTimeoutMs);
     db->exec("PRAGMA synchronous = NORMAL");
-    bool empty = false;
-    std::string why;
     if (access == Access::Run) {
       // A new store is made in WAL mode from the start (see below); a file
       // with content is not touched before it is known to be ours.
@@ -147,54 +148,37 @@ std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access acc
       }
       try {
         Transaction check(*db, true);
-        if (!checkSchema(*db, true, empty, why)) {
-          error = refused + why + "; it was left as it is";
-          return nullptr;
-        }
+        checkSchema(*db, true, refused);
         check.commit();
       } catch (const SqliteError& e) {
         if (!e.busy()) throw;
-        error = "the model store " + path +
-                " is in use by another run on this project; runs are not interleaved, so this "
-                "run was refused (try again when the other has ended)";
-        return nullptr;
+        throw EngineError(inUse(path));
       }
       // Commits go to the write-ahead log without waiting for the disk; the
       // log reaches the store at checkpoints. Where WAL is not possible the
       // store keeps its rollback journal.
       db->exec("PRAGMA journal_mode = WAL");
-    } else if (!checkSchema(*db, false, empty, why)) {
-      error = refused + why + "; it was left as it is";
-      return nullptr;
-    } else if (empty) {
-      return nullptr;
+    } else if (!checkSchema(*db, false, refused)) {
+      return nullptr;  // an empty file: no store yet
     }
     db->exec("PRAGMA foreign_keys = ON");
     std::unique_ptr<ModelStore> store(new ModelStore(std::move(db), path));
     store->lock_ = std::make_unique<RunLock>(path + "-lock");
-    if (access == Access::Run && !store->beginRun(error)) return nullptr;
+    if (access == Access::Run) store->beginRun();
     return store;
   } catch (const SqliteError& e) {
     if (e.notADatabase())
-      error = refused + "it is not an SQLite database or it is damaged (" + e.what() +
-              "); it was left as it is";
-    else if (e.busy())
-      error = "the model store " + path + " is in use by another run on this project";
-    else
-      error = "the model store " + path + " cannot be opened: " + e.what();
-    return nullptr;
+      throw EngineError(refused + "it is not an SQLite database or it is damaged (" + e.what() +
+                        "); it was left as it is");
+    if (e.busy())
+      throw EngineError("the model store " + path + " is in use by another run on this project");
+    throw EngineError("the model store " + path + " cannot be opened: " + e.what());
   }
 }
 
-bool ModelStore::beginRun(std::string& error) {
-  if (lock_->lockRun(g_busyTimeoutMs)) {
-    removeStaleJournal();
-    return true;
-  }
-  error = "the model store " + path_ +
-          " is in use by another run on this project; runs are not interleaved, so this run "
-          "was refused (try again when the other has ended)";
-  return false;
+void ModelStore::beginRun() {
+  if (!lock_->lockRun(g_busyTimeoutMs)) throw EngineError(inUse(path_));
+  removeStaleJournal();
 }
 
 // A store in WAL mode never uses a rollback journal, and SQLite neither

@@ -45,11 +45,10 @@ class ModelStore {
 
   // Opens the store file at `path`. Run access creates the file when it is
   // missing and takes the run lock (see beginRun); Query access opens an
-  // existing store only and returns null with an empty error when there is
-  // none yet. A file that is not a Korvane store of this schema version is
-  // refused with a reason and left untouched.
-  static std::unique_ptr<ModelStore> open(const std::string& path, Access access,
-                                          std::string& error);
+  // existing store only and returns null when there is none yet. A file that
+  // is not a Korvane store of this schema version is refused (EngineError)
+  // and left untouched.
+  static std::unique_ptr<ModelStore> open(const std::string& path, Access access);
   // Milliseconds to wait for another connection's lock before giving up.
   static void setBusyTimeout(int ms);
   // The store file and the files SQLite and the run lock keep beside it.
@@ -57,8 +56,8 @@ class ModelStore {
 
   ~ModelStore();
 
-  // Takes the run lock: false with a reason when another run holds it.
-  bool beginRun(std::string& error);
+  // Takes the run lock; EngineError when another run holds it.
+  void beginRun();
   void endRun();
   // False when the file at path() is no longer the one this store opened
   // (removed or replaced since).

@@ -9,11 +9,13 @@ namespace korvane::engine {
 using hosts::MxConfiguration;
 using hosts::MxDataAccess;
 using hosts::MxEngine;
+using hosts::MxError;
 using hosts::MxModel;
 using hosts::MxModelLibrary;
 using hosts::MxPoint;
 using hosts::MxProject;
 using hosts::MxRunResult;
+using hosts::MxStatus;
 using hosts::MxString;
 using hosts::PointRecord;
 

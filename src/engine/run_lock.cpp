@@ -62,7 +62,7 @@ void RunLock::lockRead(int timeoutMs) {
     beginRead_.run();
     read_.step();  // takes the shared lock until the transaction ends
     read_.reset();
-  } catch (...) {
+  } catch (const SqliteError&) {  // busy, or the lock file failed: not locked
     readers_ = 0;
     if (sqlite3_get_autocommit(db_.handle()) == 0) db_.exec("ROLLBACK");
     throw;

@@ -2,21 +2,20 @@
 
 namespace korvane::engine {
 
-ModelStore* StoreAccess::get(std::string& error) {
-  error.clear();
+ModelStore* StoreAccess::get() {
   if (store_ && !store_->stillAt()) store_.reset();
-  if (!store_) store_ = ModelStore::open(path_, ModelStore::Access::Query, error);
+  if (!store_) store_ = ModelStore::open(path_, ModelStore::Access::Query);
   return store_.get();
 }
 
-ModelStore* StoreAccess::beginRun(std::string& error) {
-  error.clear();
+ModelStore& StoreAccess::beginRun() {
   if (store_ && !store_->stillAt()) store_.reset();
   if (!store_) {
-    store_ = ModelStore::open(path_, ModelStore::Access::Run, error);
-    return store_.get();  // opened with the run lock taken
+    store_ = ModelStore::open(path_, ModelStore::Access::Run);  // with the run lock taken
+    return *store_;
   }
-  return store_->beginRun(error) ? store_.get() : nullptr;
+  store_->beginRun();
+  return *store_;
 }
 
 void StoreAccess::endRun() {

@@ -16,16 +16,12 @@ class StoreAccess {
  public:
   explicit StoreAccess(std::string path) : path_(std::move(path)) {}
   const std::string& path() const { return path_; }
-  // The store for queries, or null with a reason in `error` (empty when
-  // there is no store yet).
-  ModelStore* get(std::string& error);
-  ModelStore* get() {
-    std::string ignored;
-    return get(ignored);
-  }
-  // The store with the run lock taken, created when missing; null with a
-  // reason when it is refused or another run holds it.
-  ModelStore* beginRun(std::string& error);
+  // The store for queries; null when there is none yet. EngineError when it
+  // is refused or cannot be opened.
+  ModelStore* get();
+  // The store with the run lock taken, created when missing. EngineError when
+  // it is refused or another run holds it.
+  ModelStore& beginRun();
   void endRun();
 
  private:

@@ -53,7 +53,7 @@ std::string fnGetparam(CallContext& ctx) {
   for (int group = 1; group <= kParameterGroups; ++group) {
     std::string value;
     ctx.query().status = data.parameter(raw, group, value);
-    if (ctx.query().status == 1) return value;
+    if (ctx.query().status == hosts::MxStatus::kFound) return value;
   }
   return {};
 }

@@ -16,9 +16,24 @@ namespace korvane::hosts {
 
 // An engine that cannot answer at all: its model store cannot be read. Not
 // "no such model": a query never takes a broken store for an empty one.
+// modelExists, stringExists and the model library throw it, with the reason;
+// the data-access queries answer kStoreFailure instead.
 class MxError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
+};
+
+// The status words of the data-access queries: one meaning each, the same
+// from every engine.
+struct MxStatus {
+  static constexpr std::int32_t kFound = 0;
+  static constexpr std::int32_t kNoModel = -1;      // no such model (or none current, no store yet)
+  static constexpr std::int32_t kNoString = -2;     // the model has no string of that label
+  static constexpr std::int32_t kNoPoint = -3;      // no such point of the string, or record
+  static constexpr std::int32_t kBadArgument = -4;  // an argument outside what the query takes
+  static constexpr std::int32_t kNoFreeLabel = -5;  // every label of the prefix is taken
+  static constexpr std::int32_t kNoParameter = -6;  // no parameter of that name in the group
+  static constexpr std::int32_t kStoreFailure = -9;  // the model store cannot be read
 };
 
 // Result area of one string-point or data-record query.
@@ -45,6 +60,7 @@ class MxConfiguration {
   // Runs an input file; called with the word "input" and the file's full name.
   // Returns when the run has ended.
   virtual MxRunResult run(std::string_view verb, const std::string& fullName) = 0;
+  // As the models are now; MxError when that cannot be known.
   virtual bool modelExists(std::string_view model) = 0;
   virtual bool stringExists(std::string_view model, std::string_view label) = 0;
 };
@@ -60,7 +76,7 @@ class MxProject {
   virtual std::string projectFileName() = 0;
 };
 
-// MX's data-access object. Every query returns the raw status word (0 = found).
+// MX's data-access object. Every query returns a status word of MxStatus.
 class MxDataAccess {
  public:
   virtual ~MxDataAccess() = default;
@@ -78,7 +94,7 @@ class MxDataAccess {
   // How many labels of a model begin with a prefix.
   virtual std::int32_t labelCount(std::string_view model, std::string_view prefix,
                                   std::int32_t& count) = 0;
-  // A parameter by name in group 1 to 7 (status 1 = found).
+  // A parameter by name in group 1 to 7: kFound, or kNoParameter.
   virtual std::int32_t parameter(std::string_view name, int group, std::string& value) = 0;
 };
 
@@ -106,7 +122,8 @@ class MxModel {
   virtual std::unique_ptr<MxString> string(std::string_view label) = 0;
 };
 
-// MX's model library.
+// MX's model library. Its objects and their strings throw MxError when the
+// store cannot be read, never answer "none" for it.
 class MxModelLibrary {
  public:
   virtual ~MxModelLibrary() = default;

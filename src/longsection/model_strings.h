@@ -1,5 +1,6 @@
 // Long-section strings read from the model: a long-section string holds the
-// chainage in x and the level in z, point by point.
+// chainage in x and the level in z, point by point. Both throw hosts::MxError
+// when the engine cannot read its models.
 #pragma once
 
 #include <string>

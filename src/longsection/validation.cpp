@@ -33,9 +33,7 @@ struct Checker {
   }
 };
 
-}  // namespace
-
-std::vector<std::string> validate(const Parameters& p, hosts::MxEngine* engine,
+std::vector<std::string> problems(const Parameters& p, hosts::MxEngine* engine,
                                   const Messages& texts, Extent* extent) {
   Checker c{texts, {}};
   const struct {
@@ -125,6 +123,17 @@ std::vector<std::string> validate(const Parameters& p, hosts::MxEngine* engine,
     if (extent) *extent = {start, end, sheets};
   }
   return c.problems;
+}
+
+}  // namespace
+
+std::vector<std::string> validate(const Parameters& p, hosts::MxEngine* engine,
+                                  const Messages& texts, Extent* extent) {
+  try {
+    return problems(p, engine, texts, extent);
+  } catch (const hosts::MxError& e) {  // the models cannot be checked at all
+    return {texts.format("Runtime", "mxstore", e.what())};
+  }
 }
 
 }  // namespace korvane::longsection

@@ -23,7 +23,8 @@ struct Extent {
 
 // The problems found, in the order of the panel's fields; empty when the set
 // can be drawn. Without an engine the model and its strings are not checked
-// and no extent is worked out.
+// and no extent is worked out; when the engine cannot read its models, that
+// is the one problem.
 std::vector<std::string> validate(const Parameters& p, hosts::MxEngine* engine,
                                   const Messages& texts, Extent* extent = nullptr);
 

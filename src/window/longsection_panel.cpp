@@ -237,8 +237,12 @@ void LongsectionPanel::fillFiles() {
 
 void LongsectionPanel::fillStrings() {
   std::vector<std::string> labels;
-  if (session_.ctx.engine)
-    labels = longsection::stringLabels(*session_.ctx.engine, toCore(model_->text().trimmed()));
+  try {
+    if (session_.ctx.engine)
+      labels = longsection::stringLabels(*session_.ctx.engine, toCore(model_->text().trimmed()));
+  } catch (const hosts::MxError& e) {  // no labels to offer; say why
+    problems_->setText(session_.format("Runtime", "mxstore", fromCore(e.what())));
+  }
   for (QComboBox* c : {master_, ground_, design_}) {
     const QString kept = c->currentText();
     c->clear();

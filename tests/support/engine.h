@@ -1,13 +1,11 @@
-// Shared set-up of the embedded engine tests: a throw-away project per test,
-// an engine on it, and helpers to run Linemode text and read files back.
+// Shared set-up of the embedded engine tests: a throw-away project (the
+// TempProject of support/project.h) with an engine on it, and helpers to run
+// Linemode text and see what it left.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -20,65 +18,44 @@ namespace korvane::testing {
 class EngineTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder_ = project_.folder();
     engine_ = makeEngine();
     ASSERT_TRUE(engine_);
   }
   void TearDown() override { engine_.reset(); }
 
   std::unique_ptr<engine::EmbeddedEngine> makeEngine() {
-    engine::EngineOptions o;
-    o.projectFolder = folder_.string();
-    o.settings = {{"PrivateMacros", "/macros/private"}, {"PublicMacros", "/macros/public"}};
     std::string error;
-    auto e = engine::EmbeddedEngine::create(o, error);
-    EXPECT_TRUE(error.empty()) << error;
+    auto e = engine::EmbeddedEngine::create(
+        {project_.folder(),
+         {{"PrivateMacros", "/macros/private"}, {"PublicMacros", "/macros/public"}}},
+        error);
+    EXPECT_TRUE(e) << error;
     return e;
-  }
-
-  std::string path(const std::string& name) const { return (folder_ / name).string(); }
-
-  void write(const std::string& name, const std::string& text) {
-    std::ofstream(path(name), std::ios::binary) << text;
-  }
-
-  std::string read(const std::string& name) const {
-    std::ifstream in(path(name), std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
   }
 
   std::vector<std::string> readLines(const std::string& name) const {
     std::vector<std::string> lines;
-    engine::splitLines(read(name), lines);
+    engine::splitLines(project_.read(name), lines);
     return lines;
   }
 
   // Runs Linemode text as the input file "input.txt"; returns the error (empty on success).
   std::string run(const std::string& text) {
-    write("input.txt", text);
-    return engine_->configuration().run("input", path("input.txt")).error;
+    return engine_->configuration().run("input", project_.write("input.txt", text)).error;
   }
 
-  std::string listing() const { return read("korvane-engine.lst"); }
+  std::string listing() const { return project_.read("korvane-engine.lst"); }
 
   engine::ModelString load(const std::string& model, const std::string& label) {
-    engine::ModelString s;
-    std::string error;
-    EXPECT_TRUE(engine_->loadString(model, label, s, error)) << error;
-    return s;
+    return engine_->loadString(model, label);
   }
 
   std::vector<std::string> labels(const std::string& model) {
-    std::vector<std::string> out;
     auto m = engine_->library().model(model);
-    if (m) out = m->stringLabels();
-    return out;
+    return m ? m->stringLabels() : std::vector<std::string>{};
   }
 
   test::TempProject project_;  // removed after the engine has let go of it
-  std::filesystem::path folder_;
   std::unique_ptr<engine::EmbeddedEngine> engine_;
 };
 

@@ -129,8 +129,10 @@ TEST_F(ComMx, QueriesAnswerThroughTheirReferenceArguments) {
   EXPECT_EQ(data.labelCount("GROUND", "GR", count), 0);
   EXPECT_EQ(count, 2);
   std::string units;
-  EXPECT_EQ(data.parameter("units", 1, units), 1);
+  // MX answers 1 for a parameter it has; every engine answers kFound.
+  EXPECT_EQ(data.parameter("units", 1, units), hosts::MxStatus::kFound);
   EXPECT_EQ(units, "metres");
+  EXPECT_EQ(data.parameter("colour", 1, units), hosts::MxStatus::kNoParameter);
 }
 
 TEST_F(ComMx, TheModelLibraryGivesStringsWithTheirPointData) {

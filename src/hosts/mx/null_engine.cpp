@@ -19,28 +19,28 @@ MxRunResult NullEngine::run(std::string_view, const std::string&) {
 
 std::int32_t NullEngine::stringInfo(std::string_view, std::string_view, std::int32_t& count) {
   count = 0;
-  return kNotFound;
+  return MxStatus::kNoModel;
 }
 
 std::int32_t NullEngine::point(std::string_view, std::string_view, std::int32_t, PointRecord&) {
-  return kNotFound;
+  return MxStatus::kNoModel;
 }
 
-std::int32_t NullEngine::record(std::int32_t, PointRecord&) { return kNotFound; }
+std::int32_t NullEngine::record(std::int32_t, PointRecord&) { return MxStatus::kNoModel; }
 
 std::int32_t NullEngine::nextLabel(std::string_view, std::string_view, std::string& label) {
   label.clear();
-  return kNotFound;
+  return MxStatus::kNoModel;
 }
 
 std::int32_t NullEngine::labelCount(std::string_view, std::string_view, std::int32_t& count) {
   count = 0;
-  return kNotFound;
+  return MxStatus::kNoModel;
 }
 
 std::int32_t NullEngine::parameter(std::string_view, int, std::string& value) {
   value.clear();
-  return 0;  // status 1 means found
+  return MxStatus::kNoParameter;
 }
 
 }  // namespace korvane::hosts

@@ -1,6 +1,6 @@
 // The engine for "--engine none": runs nothing; every model query answers
-// "not found". Settings and the project folder are still answered, so that
-// file search and `projectdir` work without MX.
+// "no such model", every parameter "no such parameter". Settings and the project folder are still
+// answered, so that file search and `projectdir` work without MX.
 #pragma once
 
 #include <map>
@@ -40,7 +40,6 @@ class NullEngine final : public MxEngine, MxConfiguration, MxProject, MxDataAcce
   int runCount() const { return runs_; }
 
  private:
-  static constexpr std::int32_t kNotFound = -1;
   std::string projectFolder_;
   std::map<std::string, std::string> settings_;
   int runs_ = 0;

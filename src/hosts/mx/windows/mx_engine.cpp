@@ -166,11 +166,13 @@ class ComMxEngine final : public MxEngine,
     count = static_cast<std::int32_t>(args[2].number());
     return status;
   }
+  // MX's automation answers 1 for a parameter it found, unlike its other
+  // queries; translated here into the status words every engine answers.
   std::int32_t parameter(std::string_view name, int group, std::string& value) override {
     std::vector<AutoValue> args{std::string(name), std::int32_t(group), std::string()};
-    auto status = query(n_.parameter, args);
+    const bool found = query(n_.parameter, args) == 1;
     value = args[2].text();
-    return status;
+    return found ? MxStatus::kFound : MxStatus::kNoParameter;
   }
 
   // Model library.
