@@ -15,25 +15,25 @@ struct Check : test::CliProject {
   const std::string typo = "crea,A\ninsrt,axis\ncrea,|modl|\n";
   std::string file() { return project.path("inputs/typo.ipf"); }
   std::string insrtLine() {
-    return en.format("Check", "place", file(), "2") + ", " + en.format("Check", "column", "1") +
-           ": " + en.format("Check", "directive", "insrt") + " " +
-           en.format("Check", "suggest", "insert");
+    return en.format({"Check", "place"}, file(), "2") + ", " + en.format({"Check", "column"}, "1") +
+           ": " + en.format({"Check", "directive"}, "insrt") + " " +
+           en.format({"Check", "suggest"}, "insert");
   }
 };
 
 TEST_F(Check, ReportsEachWarningAndHowMany) {
   project.write("inputs/typo.ipf", typo);
   EXPECT_EQ(run("check inputs/typo.ipf --engine none --lang en"), 1);
-  const std::string modl = en.format("Check", "place", file(), "3") + ", " +
-                           en.format("Check", "column", "7") + ": " +
-                           en.format("Check", "variable", "modl");
-  EXPECT_EQ(err(), insrtLine() + "\n" + modl + "\n" + en.format("Check", "count", "2") + "\n");
+  const std::string modl = en.format({"Check", "place"}, file(), "3") + ", " +
+                           en.format({"Check", "column"}, "7") + ": " +
+                           en.format({"Check", "variable"}, "modl");
+  EXPECT_EQ(err(), insrtLine() + "\n" + modl + "\n" + en.format({"Check", "count"}, "2") + "\n");
   // Told to run no engine, no model store appears.
   EXPECT_FALSE(project.exists("korvane-models.db"));
 
   project.write("inputs/clean.ipf", "crea,A\n#m=1\ncrea,|m|\n");
   EXPECT_EQ(run("check inputs/clean.ipf --lang en"), 0);
-  EXPECT_EQ(err(), en.text("Check", "none") + "\n");
+  EXPECT_EQ(err(), en.text({"Check", "none"}) + "\n");
 }
 
 TEST_F(Check, WarningsOnCompileOnlyWhenAskedAndTheLinesStayTheSame) {
@@ -53,8 +53,8 @@ TEST_F(Check, WarningsOnRunAfterTheEntry) {
   ASSERT_EQ(run("run inputs/rows.ipf --lang en"), 0) << err();
   EXPECT_EQ(err(), "");
   ASSERT_EQ(run("run inputs/rows.ipf --warnings --lang en"), 0) << err();
-  EXPECT_EQ(err(), en.format("Check", "place", project.path("inputs/rows.ipf"), "1") + ": " +
-                       en.text("Check", "rows") + "\n");
+  EXPECT_EQ(err(), en.format({"Check", "place"}, project.path("inputs/rows.ipf"), "1") + ": " +
+                       en.text({"Check", "rows"}) + "\n");
 }
 
 }  // namespace

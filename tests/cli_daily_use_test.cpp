@@ -40,15 +40,15 @@ TEST_F(DailyUse, NoModelStoreOutsideAProjectAndAClearMessageForAMissingOne) {
   project.write("loose/a.ipf", "crea,A\n");
   EXPECT_EQ(runIn("loose", "run a.ipf --lang en"), 2);
   EXPECT_EQ(test::errorText(project.read("loose/err.txt")),
-            en.format("Cli", "not_project", project.path("loose")) + "\n" +
-                en.text("Cli", "choose_project") + "\n");
+            en.format({"Cli", "not_project"}, project.path("loose")) + "\n" +
+                en.text({"Cli", "choose_project"}) + "\n");
   EXPECT_FALSE(project.exists("loose/korvane-models.db"));
   EXPECT_FALSE(project.exists("loose/tmpinput.txt"));
   // Named with --project, the folder is taken as it is.
   EXPECT_EQ(runIn("loose", "run a.ipf --project ."), 0) << project.read("loose/err.txt");
   EXPECT_TRUE(project.exists("loose/korvane-models.db"));
   EXPECT_EQ(run("run a.ipf --project nowhere --lang en"), 2);
-  EXPECT_EQ(err(), en.format("Cli", "no_project", project.path("nowhere")) + "\n");
+  EXPECT_EQ(err(), en.format({"Cli", "no_project"}, project.path("nowhere")) + "\n");
 }
 
 TEST_F(DailyUse, CompileAsksTheSameEngineAsRunUnlessToldNone) {
@@ -63,26 +63,26 @@ TEST_F(DailyUse, CompileAsksTheSameEngineAsRunUnlessToldNone) {
 
 TEST_F(DailyUse, LanguageChosenOnTheCommandLineOrInTheEnvironment) {
   EXPECT_EQ(run("run a.ipf --project nowhere --lang hu"), 2);
-  EXPECT_EQ(err(), shown(hu.format("Cli", "no_project", project.path("nowhere"))) + "\n");
+  EXPECT_EQ(err(), shown(hu.format({"Cli", "no_project"}, project.path("nowhere"))) + "\n");
   EXPECT_EQ(test::runKorvane(project.folder(), "compile --home '" + home + "'", "KORVANE_LANG=en"),
             2);
-  EXPECT_EQ(err(), "korvane: " + en.format("Cli", "arg_required", "ENTRY") + "\n" +
-                       en.text("Cli", "arg_hint") + "\n");
+  EXPECT_EQ(err(), "korvane: " + en.format({"Cli", "arg_required"}, "ENTRY") + "\n" +
+                       en.text({"Cli", "arg_hint"}) + "\n");
   EXPECT_EQ(run("compile --lang hu"), 2);
-  EXPECT_EQ(err(), "korvane: " + shown(hu.format("Cli", "arg_required", "ENTRY")) + "\n" +
-                       shown(hu.text("Cli", "arg_hint")) + "\n");
+  EXPECT_EQ(err(), "korvane: " + shown(hu.format({"Cli", "arg_required"}, "ENTRY")) + "\n" +
+                       shown(hu.text({"Cli", "arg_hint"})) + "\n");
 }
 
 TEST_F(DailyUse, HelpVersionAndMistypedCommands) {
   EXPECT_EQ(run("--version"), 0);
   EXPECT_EQ(project.read("out.txt").rfind("korvane ", 0), 0u);
   EXPECT_EQ(run("help run --lang en"), 0);
-  EXPECT_NE(project.read("out.txt").find(en.text("Cli", "h_run")), std::string::npos);
+  EXPECT_NE(project.read("out.txt").find(en.text({"Cli", "h_run"})), std::string::npos);
   EXPECT_NE(project.read("out.txt").find("--save-one"), std::string::npos);
   EXPECT_EQ(run("help nothing --lang en"), 2);
-  EXPECT_NE(err().find(en.format("Cli", "arg_nocommand", "nothing")), std::string::npos);
+  EXPECT_NE(err().find(en.format({"Cli", "arg_nocommand"}, "nothing")), std::string::npos);
   EXPECT_EQ(run("model list --lang en"), 2);
-  EXPECT_NE(err().find(en.format("Cli", "did_you_mean", "models")), std::string::npos) << err();
+  EXPECT_NE(err().find(en.format({"Cli", "did_you_mean"}, "models")), std::string::npos) << err();
   EXPECT_FALSE(project.exists("tmpinput.txt"));
 }
 
@@ -91,7 +91,7 @@ TEST_F(DailyUse, PresetsAreSetBeforeEachEntryAndSectionsAreListed) {
   EXPECT_EQ(run("compile a.ipf a.ipf -D w=W -D g_n=1"), 0) << err();
   EXPECT_EQ(project.read("out.txt"), "crea,W1\r\ncrea,W2\r\n");  // g_n carries on
   EXPECT_EQ(run("compile a.ipf -D =5 --lang en"), 2);
-  EXPECT_EQ(err(), en.format("Cli", "bad_preset", "=5") + "\n");
+  EXPECT_EQ(err(), en.format({"Cli", "bad_preset"}, "=5") + "\n");
   project.write("s.ipf", "crea,a\n[main]\ncrea,b\n[trim] ignored\n");
   EXPECT_EQ(run("sections s.ipf"), 0);
   EXPECT_EQ(project.read("out.txt"), "main\ntrim\n");
@@ -121,7 +121,7 @@ struct RunSummary : DailyUse {
   // The files the summary of the last run lists.
   std::string written() {
     const std::string out = project.read("out.txt");
-    const std::string head = en.format("Cli", "summary_files", "");
+    const std::string head = en.format({"Cli", "summary_files"}, "");
     const std::size_t at = out.find(head);
     if (at == std::string::npos) return "<no summary> " + out;
     return out.substr(at + head.size(), out.find('\n', at) - at - head.size());

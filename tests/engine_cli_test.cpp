@@ -28,13 +28,13 @@ class EngineCli : public korvane::testing::EngineTest {
   korvane::Messages en{korvane::test::sourceDir() + "/data/English.lng"};
   // The headings line of `models show` of a model, and of one of its strings.
   std::string stringsHead() {
-    return en.text("Cli", "col_label") + "\t" + en.text("Cli", "col_dims") + "\t" +
-           en.text("Cli", "col_points") + "\n";
+    return en.text({"Cli", "col_label"}) + "\t" + en.text({"Cli", "col_dims"}) + "\t" +
+           en.text({"Cli", "col_points"}) + "\n";
   }
   std::string pointsHead(int dimensions = 3) {
-    std::string h = en.text("Cli", "col_point");
+    std::string h = en.text({"Cli", "col_point"});
     for (int d = 1; d <= dimensions; ++d)
-      h += "\t" + en.format("Cli", "col_dim", std::to_string(d));
+      h += "\t" + en.format({"Cli", "col_dim"}, std::to_string(d));
     return h + "\n";
   }
 };
@@ -73,8 +73,9 @@ TEST_F(EngineCli, ImportListShowExportDelete) {
             std::string::npos);
 
   ASSERT_EQ(korvane("models delete COPY --lang en" + project()), 0) << err_;
-  EXPECT_EQ(out_,
-            en.format("Cli", "deleted", "COPY", en.format("Cli", "model_counts", "2", "5")) + "\n");
+  EXPECT_EQ(
+      out_,
+      en.format({"Cli", "deleted"}, "COPY", en.format({"Cli", "model_counts"}, "2", "5")) + "\n");
   EXPECT_EQ(korvane("models delete COPY" + project()), 1);
   EXPECT_NE(err_.find("COPY"), std::string::npos) << err_;  // the language file says there is none
   EXPECT_EQ(korvane("models show COPY" + project()), 1);

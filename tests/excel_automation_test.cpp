@@ -137,9 +137,9 @@ TEST_F(ExcelOverAutomation, TheDitchMacrosRunInTheRunningExcelWithArgumentsByRef
 TEST_F(ExcelOverAutomation, NoRunningExcelIsTheAddInMessage) {
   book("ditch.xls");
   EXPECT_FALSE(compile("ditch_pips,T\r\nbasexls=ditch\r\n"));
-  EXPECT_EQ(c.stopMessage(), c.ctx.text("Messages", "s12"));
+  EXPECT_EQ(c.stopMessage(), c.ctx.text({"Messages", "s12"}));
   EXPECT_FALSE(compile("xlmacro,Book.xlsm!Go\r\n"));  // no excel.exe process
-  EXPECT_EQ(c.stopMessage(), c.ctx.text("Messages", "s8"));
+  EXPECT_EQ(c.stopMessage(), c.ctx.text({"Messages", "s8"}));
   system.processes = {"EXCEL.EXE"};
   system.running["Excel.Application"] = app;
   ASSERT_TRUE(compile("xlmacro,Book.xlsm!Go,1,x\r\n")) << failure();

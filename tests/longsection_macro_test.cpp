@@ -76,7 +76,7 @@ TEST_F(LongsectionMacro, DrawsTheExampleDesignSheetBySheet) {
     wrong.groundString = "NONE";
     EXPECT_EQ(
         validate(wrong, engine.get(), texts),
-        std::vector<std::string>{texts.format("Longsection", "nostringx", "NONE", "DESIGN M1")});
+        std::vector<std::string>{texts.format({"Longsection", "nostringx"}, "NONE", "DESIGN M1")});
   }
   // 100 m at 40 m a sheet: two whole sheets and one of 20 m.
   EXPECT_EQ(extent.start, 1000);

@@ -103,10 +103,10 @@ TEST(LongsectionValidation, EachProblemGetsItsMessage) {
   p.sheetHeight = 80;  // margins 20, bands 100: no room for the graph
   p.referenceModel.clear();
   const auto problems = longsection::validate(p, nullptr, texts);
-  const std::vector<std::string> expected = {texts.text("Longsection", "nomodel"),
-                                             texts.text("Longsection", "scale"),
-                                             texts.format("Longsection", "sheetsmall", "420", "80"),
-                                             texts.format("Longsection", "range", "120", "80")};
+  const std::vector<std::string> expected = {
+      texts.text({"Longsection", "nomodel"}), texts.text({"Longsection", "scale"}),
+      texts.format({"Longsection", "sheetsmall"}, "420", "80"),
+      texts.format({"Longsection", "range"}, "120", "80")};
   EXPECT_EQ(problems, expected);
 
   p = drawable();
@@ -115,9 +115,10 @@ TEST(LongsectionValidation, EachProblemGetsItsMessage) {
   p.masterString = "MA\"S";
   const auto more = longsection::validate(p, nullptr, texts);
   ASSERT_EQ(more.size(), 3u);
-  EXPECT_EQ(more[0], texts.format("Longsection", "badname", "MA\"S"));
-  EXPECT_EQ(more[1], texts.format("Longsection", "nostring", texts.text("Longsection", "design")));
-  EXPECT_EQ(more[2], texts.format("Longsection", "chainage", "km 3"));
+  EXPECT_EQ(more[0], texts.format({"Longsection", "badname"}, "MA\"S"));
+  EXPECT_EQ(more[1],
+            texts.format({"Longsection", "nostring"}, texts.text({"Longsection", "design"})));
+  EXPECT_EQ(more[2], texts.format({"Longsection", "chainage"}, "km 3"));
 }
 
 TEST(LongsectionSheets, TheRangeIsCutIntoWholeSheets) {

@@ -39,12 +39,12 @@ TEST_F(Meter, ShowsWhereTheCompileStandsAtMostOnceAnInterval) {
   now += milliseconds(200);
   meter.engineRun(4);
   ASSERT_EQ(shown.size(), 2u);
-  EXPECT_EQ(shown[1], en.format("Cli", "progress_at", "part.ipm", "7") + "  " +
-                          en.format("Cli", "progress_counts", "3001", "4"));
+  EXPECT_EQ(shown[1], en.format({"Cli", "progress_at"}, "part.ipm", "7") + "  " +
+                          en.format({"Cli", "progress_counts"}, "3001", "4"));
   // Back in the outer file, at the line it stood at.
   meter.fileLeft();
-  EXPECT_EQ(meter.text(), en.format("Cli", "progress_at", "road.ipf", "1000") + "  " +
-                              en.format("Cli", "progress_counts", "3001", "4"));
+  EXPECT_EQ(meter.text(), en.format({"Cli", "progress_at"}, "road.ipf", "1000") + "  " +
+                              en.format({"Cli", "progress_counts"}, "3001", "4"));
 }
 
 TEST_F(Meter, ANewEntryCountsAfresh) {
@@ -52,7 +52,7 @@ TEST_F(Meter, ANewEntryCountsAfresh) {
   read(10);
   meter.engineRun(2);
   meter.startEntry();
-  EXPECT_EQ(meter.text(), en.format("Cli", "progress_counts", "0", "0"));
+  EXPECT_EQ(meter.text(), en.format({"Cli", "progress_counts"}, "0", "0"));
   EXPECT_EQ(meter.linesCompiled(), 0);
 }
 

@@ -165,7 +165,7 @@ TEST_F(WorkbookFiles, BadWorkbooksSheetsCellsAndValuesEndTheRunAndChangeNothing)
   };
   for (const auto& [line, key] : cases) {
     EXPECT_FALSE(compile(std::string(line) + "\r\n")) << line;
-    const std::string title = c.ctx.text("Runtime", key);
+    const std::string title = c.ctx.text({"Runtime", key});
     const std::string fixed = title.substr(0, title.find('%'));
     EXPECT_NE(failure().find(fixed), std::string::npos) << line << ": " << failure();
   }
@@ -175,9 +175,9 @@ TEST_F(WorkbookFiles, BadWorkbooksSheetsCellsAndValuesEndTheRunAndChangeNothing)
 TEST_F(WorkbookFiles, MacrosNeedExcel) {
   project.write("excel/ditch.xlsx", "");
   EXPECT_FALSE(compile("xlmacro,Book.xlsm!Go,1\r\n"));
-  EXPECT_EQ(c.stopMessage(), c.ctx.text("Messages", "s8"));
+  EXPECT_EQ(c.stopMessage(), c.ctx.text({"Messages", "s8"}));
   EXPECT_FALSE(compile("ditch_pips,T\r\nbasexls=ditch.xlsx\r\n"));
-  EXPECT_EQ(c.stopMessage(), c.ctx.text("Messages", "s12"));
+  EXPECT_EQ(c.stopMessage(), c.ctx.text({"Messages", "s12"}));
 }
 
 // The example project reads its design parameters from excel/design.xlsx and

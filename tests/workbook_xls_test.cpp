@@ -81,7 +81,7 @@ TEST_F(XlsWorkbook, XlgetReadsNumbersAndTextsAndXlputEndsTheRunWithTheBookUnchan
   EXPECT_EQ(c.var("e"), "");         // outside the used area
   const std::string before = project.read("excel/old.xls");
   EXPECT_FALSE(compile("xlput,old,Adatok,1,1,7\r\n"));
-  const std::string title = c.ctx.text("Runtime", "xlreadonly");
+  const std::string title = c.ctx.text({"Runtime", "xlreadonly"});
   EXPECT_NE(failure().find(title.substr(0, title.find('%'))), std::string::npos) << failure();
   EXPECT_EQ(project.read("excel/old.xls"), before);
 }

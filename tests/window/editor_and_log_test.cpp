@@ -41,7 +41,7 @@ TEST(RunLog, EngineFailuresAreLoggedAndSuccessIsNot) {
   engine.failWith = "unknown command";
   EXPECT_FALSE(logging.configuration().run("input", input).ok());
   ASSERT_EQ(log.lines().size(), 1u);
-  EXPECT_EQ(log.lines()[0], messages.format("Runtime", "engine", "unknown command"));
+  EXPECT_EQ(log.lines()[0], messages.format({"Runtime", "engine"}, "unknown command"));
   EXPECT_NE(log.lines()[0].find("unknown command"), std::string::npos);
   EXPECT_EQ(engine.runs.size(), 2u);
 

@@ -160,7 +160,7 @@ TEST_F(ComMx, ACompileRunThroughMxEndsWithTheSentinelGoneOrStopsWithS5) {
 
   project.write("stops.ipf", "fake,stop\r\ncrea,NEVER\r\n");  // MX stops at a line it refuses
   EXPECT_FALSE(c.compile("stops.ipf"));
-  EXPECT_NE(c.stopMessage().find(c.ctx.messages.text("Messages", "s5")), std::string::npos)
+  EXPECT_NE(c.stopMessage().find(c.ctx.messages.text({"Messages", "s5"})), std::string::npos)
       << c.stopMessage();
   EXPECT_FALSE(mx->configuration().modelExists("NEVER"));
   mx->configuration().run(

@@ -85,9 +85,9 @@ void LongsectionPanelTest::fromModelToPreview() {
   child<QLineEdit>(panel, "endChainage")->setText("1000");
   press(panel, "ls_generate");
   const Messages& texts = f.session->ctx.messages;
-  QVERIFY(panel->problems().contains(fromCore(texts.text("Longsection", "scale"))));
+  QVERIFY(panel->problems().contains(fromCore(texts.text({"Longsection", "scale"}))));
   QVERIFY(
-      panel->problems().contains(fromCore(texts.format("Longsection", "range", "1100", "1000"))));
+      panel->problems().contains(fromCore(texts.format({"Longsection", "range"}, "1100", "1000"))));
   QVERIFY(!fs::fileExists(f.path("road_ls.ipf")));
   auto* toRun = child<QListWidget>(&w, "ToRun");
   QCOMPARE(toRun->count(), 0);

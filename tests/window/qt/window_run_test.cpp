@@ -64,7 +64,7 @@ void WindowRunTest::aStopInTheSecondOfThreeEntries() {
   QTRY_VERIFY_WITH_TIMEOUT(!w.running() && boxes.boxes == 1, 20000);
 
   QCOMPARE(boxes.title, f.text("Messages", "s4"));
-  QCOMPARE(boxes.text, fromCore(f.session->ctx.messages.format("Messages", "s9", "missing.ipm")));
+  QCOMPARE(boxes.text, fromCore(f.session->ctx.messages.format({"Messages", "s9"}, "missing.ipm")));
   QCOMPARE(selectedWhenBoxShown, QList<int>({0, 1}));  // what ran, the failing one last
   QVERIFY(statusWhenBoxShown != f.text("StatusBar1", "stat1"));
   QCOMPARE(child<QLabel>(&w, "stat")->text(), f.text("StatusBar1", "stat1"));
@@ -192,7 +192,7 @@ void WindowRunTest::variablesViewer() {
   // The second page: the trapped string-function failure.
   const QString log = v->logText()->toPlainText();
   QVERIFY2(
-      log.contains(fromCore(f.session->ctx.messages.format("Runtime", "strfunc", "left", "2"))),
+      log.contains(fromCore(f.session->ctx.messages.format({"Runtime", "strfunc"}, "left", "2"))),
       qPrintable(log));
   QVERIFY(log.contains(fromCore(f.path("v.ipf"))));
   v->tabs()->setCurrentIndex(1);
@@ -217,7 +217,7 @@ void WindowRunTest::helpLongDrawAndAbout() {
   w.action("mnuCHM")->trigger();
   QCOMPARE(boxes.boxes, 1);
   QCOMPARE(boxes.text,
-           f.session->format("Window", "nohelp", fromCore(fs::join(f.home(), "KorvaneHU.chm"))));
+           f.session->format({"Window", "nohelp"}, fromCore(fs::join(f.home(), "KorvaneHU.chm"))));
   // LongDraw opens the long-section panel, once however often it is asked for.
   w.action("mnuLongDraw")->trigger();
   QVERIFY(w.longsectionPanel() && w.longsectionPanel()->isVisible());
@@ -230,7 +230,7 @@ void WindowRunTest::helpLongDrawAndAbout() {
   QCOMPARE(boxes.boxes, 2);
   QCOMPARE(boxes.title, f.text("Menu1", "About"));
   QCOMPARE(boxes.text, QString("Korvane"));
-  QVERIFY(details.contains(f.session->format("Window", "version", KORVANE_TEST_VERSION)));
+  QVERIFY(details.contains(f.session->format({"Window", "version"}, KORVANE_TEST_VERSION)));
   QVERIFY(details.contains(fromCore(f.project())));
 }
 

@@ -81,7 +81,7 @@ void WindowFixture::close() {
 }
 
 QString WindowFixture::text(const char* section, const char* key) const {
-  return session->text(section, key);
+  return session->text({section, key});
 }
 
 BoxCatcher::BoxCatcher() {
