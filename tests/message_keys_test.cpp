@@ -6,7 +6,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -61,11 +60,10 @@ std::vector<std::string> sectionLiterals(const std::string& name, const std::str
 }
 
 std::set<std::string> languageSections() {
-  static const std::regex head(R"(^\[(\w+)\]\r?$)", std::regex::multiline);
-  const std::string lng = readAll(sourceDir() + "/data/English.lng");
+  std::istringstream in(readAll(sourceDir() + "/data/English.lng"));
   std::set<std::string> sections;
-  for (std::sregex_iterator m(lng.begin(), lng.end(), head), end; m != end; ++m)
-    sections.insert((*m)[1]);
+  for (std::string line; std::getline(in, line);)
+    if (line.size() > 2 && line[0] == '[') sections.insert(line.substr(1, line.find(']') - 1));
   return sections;
 }
 
