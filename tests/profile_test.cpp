@@ -109,9 +109,9 @@ TEST_F(Profile, WritingEditsInPlaceAndKeepsEverythingElse) {
 TEST_F(Profile, MessagesReplacePlaceholdersOnce) {
   std::string lang = project.write("x.lng", "[Messages]\r\ns9=File %1 in %2 (%1)\r\n");
   Messages m(lang);
-  EXPECT_EQ(m.format("Messages", "s9", "a%2", "b"), "File a%2 in b (a%2)");
-  EXPECT_EQ(m.text("Messages", "nokey"), "");
-  EXPECT_EQ(Messages(project.path("none.lng")).text("Messages", "s9"), "");
+  EXPECT_EQ(m.format({"Messages", "s9"}, "a%2", "b"), "File a%2 in b (a%2)");
+  EXPECT_EQ(m.text({"Messages", "nokey"}), "");
+  EXPECT_EQ(Messages(project.path("none.lng")).text({"Messages", "s9"}), "");
 }
 
 // A key in one language file and not in the other shows an empty text; the

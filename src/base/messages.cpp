@@ -14,14 +14,13 @@ std::string replaceAll(std::string text, std::string_view what, std::string_view
   return text;
 }
 
-std::string Messages::text(std::string_view section, std::string_view key) const {
-  return ReadProfileString(section, key, file_);
+std::string Messages::text(MessageKey key) const {
+  return ReadProfileString(key.section, key.key, file_);
 }
 
-std::string Messages::format(std::string_view section, std::string_view key, std::string_view a1,
-                             std::string_view a2) const {
+std::string Messages::format(MessageKey key, std::string_view a1, std::string_view a2) const {
   // One pass, so that a value holding "%1" or "%2" is never replaced again.
-  const std::string t = text(section, key);
+  const std::string t = text(key);
   std::string out;
   out.reserve(t.size() + a1.size() + a2.size());
   for (std::size_t i = 0; i < t.size(); ++i) {

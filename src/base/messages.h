@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/message_key.h"
+
 namespace korvane {
 
 class Messages {
@@ -13,10 +15,9 @@ class Messages {
 
   const std::string& file() const { return file_; }
   // The text, or empty text when the file, section or key is missing.
-  std::string text(std::string_view section, std::string_view key) const;
+  std::string text(MessageKey key) const;
   // The text with every "%1" replaced by a1 and every "%2" by a2.
-  std::string format(std::string_view section, std::string_view key, std::string_view a1 = {},
-                     std::string_view a2 = {}) const;
+  std::string format(MessageKey key, std::string_view a1 = {}, std::string_view a2 = {}) const;
 
  private:
   std::string file_;

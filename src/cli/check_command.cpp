@@ -3,6 +3,8 @@
 // as they will in the run; --engine none runs nothing and changes no model.
 #include <CLI/CLI.hpp>
 
+#include "base/texts/check_texts.h"
+#include "base/texts/cli_texts.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
@@ -35,11 +37,11 @@ int runCheck(CheckOptions o) {
     }
   }
   if (!stopped && warnings.count() == 0) {
-    printError(ctx.messages.text("Check", "none"));
+    printError(ctx.messages.text(texts::check::kNone));
     return 0;
   }
   if (warnings.count() > 0)
-    printError(ctx.messages.format("Check", "count", std::to_string(warnings.count())));
+    printError(ctx.messages.format(texts::check::kCount, std::to_string(warnings.count())));
   return 1;
 }
 
@@ -47,8 +49,8 @@ int runCheck(CheckOptions o) {
 
 void addCheckCommand(CLI::App& app) {
   auto o = std::make_shared<CheckOptions>();
-  auto* cmd = app.add_subcommand("check", cliText("h_check"));
-  cmd->add_option("ENTRY", o->words, cliText("h_entry"))->required();
+  auto* cmd = app.add_subcommand("check", cliText(texts::cli::kHelpCheck));
+  cmd->add_option("ENTRY", o->words, cliText(texts::cli::kHelpEntry))->required();
   addSessionOptions(cmd, o->session);
   cmd->callback([o] { setExitCode(runCheck(*o)); });
 }

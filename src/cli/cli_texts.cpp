@@ -39,8 +39,8 @@ void loadCliTexts(const std::vector<std::string>& words) {
     t.messages = Messages(home.language);
 }
 
-std::string cliText(const char* key, const std::string& a1, const std::string& a2) {
-  return toTerminal(cliMessages().format("Cli", key, a1, a2));
+std::string cliText(MessageKey key, const std::string& a1, const std::string& a2) {
+  return toTerminal(cliMessages().format(key, a1, a2));
 }
 
 }  // namespace korvane::cli

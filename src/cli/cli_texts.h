@@ -18,7 +18,7 @@ const std::string& cliHome();
 // give; without a language file the texts are empty.
 void loadCliTexts(const std::vector<std::string>& words);
 const Messages& cliMessages();
-// A "Cli" text for the terminal (UTF-8 outside Windows).
-std::string cliText(const char* key, const std::string& a1 = {}, const std::string& a2 = {});
+// A text for the terminal (UTF-8 outside Windows).
+std::string cliText(MessageKey key, const std::string& a1 = {}, const std::string& a2 = {});
 
 }  // namespace korvane::cli

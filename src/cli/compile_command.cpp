@@ -8,6 +8,8 @@
 #include <iostream>
 
 #include "base/fs.h"
+#include "base/texts/cli_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
@@ -44,7 +46,7 @@ int runCompile(CompileOptions o) {
   if (!o.output.empty()) {
     file.open(fs::native(fromTerminal(o.output)), std::ios::binary | std::ios::trunc);
     if (!file) {
-      printError(ctx.messages.format("Runtime", "write", fromTerminal(o.output)));
+      printError(ctx.messages.format(texts::runtime::kCannotWrite, fromTerminal(o.output)));
       return 1;
     }
     out = &file;
@@ -74,8 +76,8 @@ int runCompile(CompileOptions o) {
   out->flush();
   int result = 0;
   if (!*out) {
-    printError(
-        ctx.messages.format("Runtime", "write", o.output.empty() ? "-" : fromTerminal(o.output)));
+    printError(ctx.messages.format(texts::runtime::kCannotWrite,
+                                   o.output.empty() ? "-" : fromTerminal(o.output)));
     result = 1;
   }
 
@@ -83,7 +85,7 @@ int runCompile(CompileOptions o) {
     std::string text;
     for (const auto& item : ctx.vars.viewerItems()) text += item + "\r\n";
     if (!fs::writeFileAtomic(fromTerminal(o.varsFile), text)) {
-      printError(ctx.messages.format("Runtime", "write", fromTerminal(o.varsFile)));
+      printError(ctx.messages.format(texts::runtime::kCannotWrite, fromTerminal(o.varsFile)));
       result = 1;
     }
   }
@@ -98,11 +100,11 @@ int runCompile(CompileOptions o) {
 
 void addCompileCommand(CLI::App& app) {
   auto o = std::make_shared<CompileOptions>();
-  auto* cmd = app.add_subcommand("compile", cliText("h_compile"));
-  cmd->add_option("ENTRY", o->words, cliText("h_entry"))->required();
+  auto* cmd = app.add_subcommand("compile", cliText(texts::cli::kHelpCompile));
+  cmd->add_option("ENTRY", o->words, cliText(texts::cli::kHelpEntry))->required();
   addSessionOptions(cmd, o->session);
-  cmd->add_option("-o,--output", o->output, cliText("h_output"));
-  cmd->add_option("--vars", o->varsFile, cliText("h_vars"));
+  cmd->add_option("-o,--output", o->output, cliText(texts::cli::kHelpOutput));
+  cmd->add_option("--vars", o->varsFile, cliText(texts::cli::kHelpVars));
   addWarningsOption(cmd, o->warnings);
   cmd->callback([o] { setExitCode(runCompile(*o)); });
 }

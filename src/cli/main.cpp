@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/fs.h"
+#include "base/texts/cli_texts.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
@@ -21,6 +22,9 @@
 #endif
 
 namespace {
+
+using korvane::MessageKey;
+namespace texts = korvane::texts;
 
 const char* const kCommands[] = {"compile", "run", "check", "sections", "models", "help"};
 
@@ -58,15 +62,17 @@ std::string argumentError(const CLI::ParseError& e) {
     return at == std::string::npos ? what : what.substr(0, at);
   };
   if (dynamic_cast<const CLI::RequiredError*>(&e)) {
-    if (what.find("subcommand") != std::string::npos) return cliText("arg_command");
-    return cliText("arg_required", before(" is required"));
+    if (what.find("subcommand") != std::string::npos) return cliText(texts::cli::kArgCommand);
+    return cliText(texts::cli::kArgRequired, before(" is required"));
   }
   if (dynamic_cast<const CLI::ExtrasError*>(&e)) {
     const std::size_t colon = what.find(": ");
-    return cliText("arg_extra", colon == std::string::npos ? what : what.substr(colon + 2));
+    return cliText(texts::cli::kArgExtra,
+                   colon == std::string::npos ? what : what.substr(colon + 2));
   }
-  if (dynamic_cast<const CLI::ArgumentMismatch*>(&e)) return cliText("arg_value", before(":"));
-  return cliText("arg_invalid", what);
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&e))
+    return cliText(texts::cli::kArgValue, before(":"));
+  return cliText(texts::cli::kArgInvalid, what);
 }
 
 }  // namespace
@@ -80,19 +86,28 @@ int main(int argc, char** argv) {
   const std::vector<std::string> args(argv + 1, argv + argc);
   loadCliTexts(args);
 
-  CLI::App app{cliText("h_app")};
-  app.set_help_flag("-h,--help", cliText("h_help"));
+  CLI::App app{cliText(texts::cli::kHelpApp)};
+  app.set_help_flag("-h,--help", cliText(texts::cli::kHelpHelp));
   app.set_version_flag("--version", std::string("korvane ") + KORVANE_VERSION);
   auto fmt = app.get_formatter();
-  for (const char* label : {"Usage", "OPTIONS", "Options", "Positionals", "Subcommands",
-                            "SUBCOMMAND", "SUBCOMMANDS", "REQUIRED"}) {
-    const std::string key = std::string("l_") + label;
-    const std::string text = cliText(key.c_str());
+  const std::pair<const char*, MessageKey> labels[] = {
+      {"Usage", texts::cli::kLabelUsage},
+      {"OPTIONS", texts::cli::kLabelOptionsWord},
+      {"Options", texts::cli::kLabelOptions},
+      {"Positionals", texts::cli::kLabelPositionals},
+      {"Subcommands", texts::cli::kLabelSubcommands},
+      {"SUBCOMMAND", texts::cli::kLabelSubcommandWord},
+      {"SUBCOMMANDS", texts::cli::kLabelSubcommandsWord},
+      {"REQUIRED", texts::cli::kLabelRequired},
+  };
+  for (const auto& [label, key] : labels) {
+    const std::string text = cliText(key);
     if (!text.empty()) fmt->label(label, text);
   }
-  if (!cliText("l_Options").empty()) app.option_defaults()->group(cliText("l_Options"));
+  if (!cliText(texts::cli::kLabelOptions).empty())
+    app.option_defaults()->group(cliText(texts::cli::kLabelOptions));
   std::string lang;
-  app.add_option("--lang", lang, cliText("h_lang"))->envname("KORVANE_LANG");
+  app.add_option("--lang", lang, cliText(texts::cli::kHelpLang))->envname("KORVANE_LANG");
   app.fallthrough();
   app.require_subcommand(1);
   addCompileCommand(app);
@@ -101,10 +116,10 @@ int main(int argc, char** argv) {
   addSectionsCommand(app);
   addModelsCommand(app);
   std::vector<std::string> helpTopic;
-  auto* help = app.add_subcommand("help", cliText("h_helpcmd"));
-  help->add_option("COMMAND", helpTopic, cliText("h_topic"));
+  auto* help = app.add_subcommand("help", cliText(texts::cli::kHelpHelpCommand));
+  help->add_option("COMMAND", helpTopic, cliText(texts::cli::kHelpTopic));
   std::string home;  // read before parsing (cliHome); taken here so that it is no stray word
-  help->add_option("--home", home, cliText("h_home"));
+  help->add_option("--home", home, cliText(texts::cli::kHelpHome));
 
   if (!args.empty() && !isCommand(args[0]) && args[0][0] != '-') return runBatch(args);
   try {
@@ -116,7 +131,8 @@ int main(int argc, char** argv) {
   } catch (const CLI::CallForVersion& e) {
     return app.exit(e);
   } catch (const CLI::ParseError& e) {
-    std::cerr << "korvane: " << argumentError(e) << "\n" << cliText("arg_hint") << std::endl;
+    std::cerr << "korvane: " << argumentError(e) << "\n"
+              << cliText(texts::cli::kArgHint) << std::endl;
     return 2;
   }
   if (help->parsed()) {
@@ -128,8 +144,8 @@ int main(int argc, char** argv) {
       } catch (const CLI::OptionNotFound&) {
       }
       if (!sub) {
-        std::cerr << "korvane: " << cliText("arg_nocommand", word) << "\n"
-                  << cliText("arg_hint") << std::endl;
+        std::cerr << "korvane: " << cliText(texts::cli::kArgNoCommand, word) << "\n"
+                  << cliText(texts::cli::kArgHint) << std::endl;
         return 2;
       }
       topic = sub;

@@ -10,6 +10,8 @@
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/messages.h"
+#include "base/texts/cli_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
@@ -58,14 +60,14 @@ std::unique_ptr<EmbeddedEngine> openEngine() {
   stdfs::path folder = named.empty() ? stdfs::current_path(ec) : korvane::fs::native(named);
   const std::string shown = korvane::fs::fromNative(stdfs::absolute(folder, ec));
   if (named.empty() && !isProjectFolder(shown)) {
-    std::cerr << "korvane models: " << terminal(messages().format("Cli", "not_project", shown))
+    std::cerr << "korvane models: " << terminal(messages().format(texts::cli::kNotProject, shown))
               << "\n"
-              << terminal(messages().text("Cli", "choose_project")) << "\n";
+              << terminal(messages().text(texts::cli::kChooseProject)) << "\n";
     setExitCode(kUsageError);
     return nullptr;
   }
   if (!stdfs::is_directory(folder, ec)) {
-    std::cerr << "korvane models: " << terminal(messages().format("Cli", "no_project", shown))
+    std::cerr << "korvane models: " << terminal(messages().format(texts::cli::kNoProject, shown))
               << "\n";
     setExitCode(kUsageError);
     return nullptr;
@@ -84,10 +86,10 @@ std::unique_ptr<EmbeddedEngine> openEngine() {
   return engine;
 }
 
-// A line of column headings ("Cli" keys), tab-separated like the rows.
-void heading(std::initializer_list<const char*> keys) {
+// A line of column headings, tab-separated like the rows.
+void heading(std::initializer_list<MessageKey> keys) {
   std::string line;
-  for (const char* k : keys) line += (line.empty() ? "" : "\t") + messages().text("Cli", k);
+  for (MessageKey k : keys) line += (line.empty() ? "" : "\t") + messages().text(k);
   std::cout << terminal(line) << '\n';
 }
 
@@ -121,9 +123,9 @@ void printColumns(const std::vector<std::vector<std::string>>& rows) {
 
 int list(EmbeddedEngine& e) {
   const std::vector<engine::ModelSummary> models = e.models();
-  std::vector<std::vector<std::string>> rows{{messages().text("Cli", "col_model"),
-                                              messages().text("Cli", "col_strings"),
-                                              messages().text("Cli", "col_points")}};
+  std::vector<std::vector<std::string>> rows{{messages().text(texts::cli::kColumnModel),
+                                              messages().text(texts::cli::kColumnStrings),
+                                              messages().text(texts::cli::kColumnPoints)}};
   for (const auto& m : models)
     rows.push_back({m.name, std::to_string(m.strings), std::to_string(m.points)});
   printColumns(rows);
@@ -134,7 +136,7 @@ int show(EmbeddedEngine& e) {
   const std::string model = cp::fromUtf8(args().model);
   if (args().label.empty()) {
     const std::vector<engine::StringRow> rows = e.strings(model);
-    heading({"col_label", "col_dims", "col_points"});
+    heading({texts::cli::kColumnLabel, texts::cli::kColumnDimension, texts::cli::kColumnPoints});
     for (const auto& r : rows)
       std::cout << terminal(r.header.label) << '\t' << r.header.dimension << '\t' << r.pointCount
                 << '\n';
@@ -143,9 +145,9 @@ int show(EmbeddedEngine& e) {
   const engine::ModelString s = e.loadString(model, cp::fromUtf8(args().label));
   std::size_t dims = 3;
   for (const auto& p : s.points) dims = std::max(dims, p.dims.size());
-  std::string head = messages().text("Cli", "col_point");
+  std::string head = messages().text(texts::cli::kColumnPoint);
   for (std::size_t d = 1; d <= dims; ++d)
-    head += "\t" + messages().format("Cli", "col_dim", std::to_string(d));
+    head += "\t" + messages().format(texts::cli::kColumnDim, std::to_string(d));
   std::cout << terminal(head) << '\n';
   for (std::size_t i = 0; i < s.points.size(); ++i) {
     const auto& p = s.points[i];
@@ -168,7 +170,7 @@ int report(const hosts::MxRunResult& r) {
   if (r.ok()) return kOk;
   std::cerr << "korvane models: " << terminal(r.error) << "\n";
   if (!r.listing.empty())
-    std::cerr << "  " << terminal(messages().format("Cli", "listing", r.listing)) << "\n";
+    std::cerr << "  " << terminal(messages().format(texts::cli::kListing, r.listing)) << "\n";
   return kEngineError;
 }
 
@@ -177,7 +179,7 @@ std::string counts(EmbeddedEngine& e, const std::string& model) {
   const std::vector<engine::StringRow> rows = e.strings(model);
   long points = 0;
   for (const auto& r : rows) points += r.pointCount;
-  return messages().format("Cli", "model_counts", std::to_string(rows.size()),
+  return messages().format(texts::cli::kModelCounts, std::to_string(rows.size()),
                            std::to_string(points));
 }
 
@@ -218,16 +220,17 @@ int exportModel(EmbeddedEngine& e) {
   e.exportGenio(model, [&text](const std::string& line) { text << line << "\r\n"; });
   std::ofstream out(args().output, std::ios::binary | std::ios::trunc);
   out << text.str();
-  if (!out) return fail(messages().format("Runtime", "write", args().output));
+  if (!out) return fail(messages().format(texts::runtime::kCannotWrite, args().output));
   return kOk;
 }
 
 int remove(EmbeddedEngine& e) {
   const std::string model = cp::fromUtf8(args().model);
-  if (!e.modelExists(model)) return fail(messages().format("Cli", "no_model", model));
+  if (!e.modelExists(model)) return fail(messages().format(texts::cli::kNoModel, model));
   const std::string text = counts(e, model);
   const int rc = report(e.runLines({"dele," + model}, "korvane models delete"));
-  if (rc == kOk) std::cout << terminal(messages().format("Cli", "deleted", model, text)) << "\n";
+  if (rc == kOk)
+    std::cout << terminal(messages().format(texts::cli::kDeleted, model, text)) << "\n";
   return rc;
 }
 
@@ -243,8 +246,8 @@ int exec(EmbeddedEngine& e) {
 CLI::App* subcommand(CLI::App* models, const char* name, const std::string& help,
                      int (*action)(EmbeddedEngine&)) {
   CLI::App* sub = models->add_subcommand(name, help);
-  sub->add_option("--project", args().project, cliText("h_mproject"));
-  sub->add_option("--home", args().home, cliText("h_home"));
+  sub->add_option("--project", args().project, cliText(texts::cli::kHelpModelsProject));
+  sub->add_option("--home", args().home, cliText(texts::cli::kHelpHome));
   sub->callback([action] {
     HomePaths home;
     std::string error;
@@ -270,31 +273,34 @@ CLI::App* subcommand(CLI::App* models, const char* name, const std::string& help
 }  // namespace
 
 void addModelsCommand(CLI::App& app) {
-  auto* models = app.add_subcommand("models", cliText("h_models"));
+  auto* models = app.add_subcommand("models", cliText(texts::cli::kHelpModels));
   models->require_subcommand(1);
   ModelsArgs& a = args();
 
-  subcommand(models, "list", cliText("h_mlist"), list);
-  auto* showCmd = subcommand(models, "show", cliText("h_mshow"), show);
-  showCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
-  showCmd->add_option("LABEL", a.label, cliText("h_label"));
-  auto* importCmd = subcommand(models, "import", cliText("h_mimport"), import);
-  importCmd->add_option("FILE", a.file, cliText("h_genio"))->required();
-  importCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
-  auto* exportCmd = subcommand(models, "export", cliText("h_mexport"), exportModel);
-  exportCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
-  exportCmd->add_option("-o,--output", a.output, cliText("h_moutput"));
-  auto* deleteCmd = subcommand(models, "delete", cliText("h_mdelete"), remove);
-  deleteCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
-  auto* sectionsCmd = subcommand(models, "sections", cliText("h_msections"), sections);
-  sectionsCmd->add_option("MODEL", a.model, cliText("h_model"))->required();
-  sectionsCmd->add_option("MASTER", a.master, cliText("h_master"))->required();
-  sectionsCmd->add_option("TARGET", a.target, cliText("h_starget"))->required();
-  sectionsCmd->add_option("--interval", a.sections.interval, cliText("h_sinterval"));
-  sectionsCmd->add_option("--width", a.sections.halfWidth, cliText("h_swidth"));
-  sectionsCmd->add_option("--prefix", a.sections.prefix, cliText("h_sprefix"));
-  auto* execCmd = subcommand(models, "exec", cliText("h_mexec"), exec);
-  execCmd->add_option("FILE", a.file, cliText("h_file"))->required();
+  subcommand(models, "list", cliText(texts::cli::kHelpModelsList), list);
+  auto* showCmd = subcommand(models, "show", cliText(texts::cli::kHelpModelsShow), show);
+  showCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
+  showCmd->add_option("LABEL", a.label, cliText(texts::cli::kHelpLabel));
+  auto* importCmd = subcommand(models, "import", cliText(texts::cli::kHelpModelsImport), import);
+  importCmd->add_option("FILE", a.file, cliText(texts::cli::kHelpGenio))->required();
+  importCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
+  auto* exportCmd =
+      subcommand(models, "export", cliText(texts::cli::kHelpModelsExport), exportModel);
+  exportCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
+  exportCmd->add_option("-o,--output", a.output, cliText(texts::cli::kHelpModelsOutput));
+  auto* deleteCmd = subcommand(models, "delete", cliText(texts::cli::kHelpModelsDelete), remove);
+  deleteCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
+  auto* sectionsCmd =
+      subcommand(models, "sections", cliText(texts::cli::kHelpModelsSections), sections);
+  sectionsCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
+  sectionsCmd->add_option("MASTER", a.master, cliText(texts::cli::kHelpMaster))->required();
+  sectionsCmd->add_option("TARGET", a.target, cliText(texts::cli::kHelpSectionTarget))->required();
+  sectionsCmd->add_option("--interval", a.sections.interval,
+                          cliText(texts::cli::kHelpSectionInterval));
+  sectionsCmd->add_option("--width", a.sections.halfWidth, cliText(texts::cli::kHelpSectionWidth));
+  sectionsCmd->add_option("--prefix", a.sections.prefix, cliText(texts::cli::kHelpSectionPrefix));
+  auto* execCmd = subcommand(models, "exec", cliText(texts::cli::kHelpModelsExec), exec);
+  execCmd->add_option("FILE", a.file, cliText(texts::cli::kHelpFile))->required();
 }
 
 }  // namespace korvane::cli

@@ -21,6 +21,7 @@
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/similar.h"
+#include "base/texts/cli_texts.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
@@ -61,11 +62,11 @@ class TerminalProgress final : public RunProgress {
   void entryStarted(std::size_t i, std::size_t n, const std::string& entry) override {
     meter_.startEntry();
     print("[" + std::to_string(i + 1) + "/" + std::to_string(n) + "] " +
-          ctx_.messages.format("Cli", "entry", entry));
+          ctx_.messages.format(texts::cli::kEntry, entry));
   }
   void engineRun(std::size_t, int run) override {
     meter_.engineRun(run);
-    if (!tty_) print("      " + ctx_.messages.format("Cli", "mxrun", std::to_string(run)));
+    if (!tty_) print("      " + ctx_.messages.format(texts::cli::kMxRun, std::to_string(run)));
   }
   void entryFinished(std::size_t, bool) override {
     if (open_) {
@@ -168,7 +169,7 @@ void printSummary(const RunContext& ctx, const FolderState& before,
     if (same) continue;
     if (!changed.empty()) changed += ", ";
     changed += "\"" + m.name + "\" (" +
-               ctx.messages.format("Cli", "model_counts", std::to_string(m.strings),
+               ctx.messages.format(texts::cli::kModelCounts, std::to_string(m.strings),
                                    std::to_string(m.points)) +
                ")";
   }
@@ -189,8 +190,8 @@ void printSummary(const RunContext& ctx, const FolderState& before,
     if (!files.empty()) files += ", ";
     files += name;
   }
-  print(ctx.messages.format("Cli", "summary_models", changed.empty() ? "-" : changed));
-  print(ctx.messages.format("Cli", "summary_files", files.empty() ? "-" : files));
+  print(ctx.messages.format(texts::cli::kSummaryModels, changed.empty() ? "-" : changed));
+  print(ctx.messages.format(texts::cli::kSummaryFiles, files.empty() ? "-" : files));
 }
 
 struct RunOptions {
@@ -226,19 +227,19 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
   RunOutcome outcome = runEntries(ctx, entries, settings, &progress);
   printSummary(ctx, filesBefore, modelsBefore);
   if (outcome.stopped) {
-    print(ctx.messages.format("Cli", "stopped", std::to_string(outcome.stoppedAt + 1)));
+    print(ctx.messages.format(texts::cli::kStopped, std::to_string(outcome.stoppedAt + 1)));
     printError(outcome.message);
     return 1;
   }
-  print(ctx.messages.format("Cli", "done", std::to_string(outcome.entriesRun)));
+  print(ctx.messages.format(texts::cli::kDone, std::to_string(outcome.entriesRun)));
   return 0;
 }
 
 void addOptions(CLI::App* cmd, RunOptions& o) {
   addSessionOptions(cmd, o.session);
-  cmd->add_flag("--save-one", o.saveOne, cliText("h_saveone"));
-  cmd->add_flag("--save-sep", o.saveSep, cliText("h_savesep"));
-  cmd->add_flag("--keep-scripts", o.keepScripts, cliText("h_keepscripts"));
+  cmd->add_flag("--save-one", o.saveOne, cliText(texts::cli::kHelpSaveOne));
+  cmd->add_flag("--save-sep", o.saveSep, cliText(texts::cli::kHelpSaveSeparate));
+  cmd->add_flag("--keep-scripts", o.keepScripts, cliText(texts::cli::kHelpKeepScripts));
   addWarningsOption(cmd, o.warnings);
 }
 
@@ -246,8 +247,8 @@ void addOptions(CLI::App* cmd, RunOptions& o) {
 
 void addRunCommand(CLI::App& app) {
   auto o = std::make_shared<RunOptions>();
-  auto* cmd = app.add_subcommand("run", cliText("h_run"));
-  cmd->add_option("ENTRY", o->words, cliText("h_entry"))->required();
+  auto* cmd = app.add_subcommand("run", cliText(texts::cli::kHelpRun));
+  cmd->add_option("ENTRY", o->words, cliText(texts::cli::kHelpEntry))->required();
   addOptions(cmd, *o);
   cmd->callback([o] { setExitCode(runRun(*o, entriesFromWords(o->words))); });
 }
@@ -264,9 +265,9 @@ int runBatch(const std::vector<std::string>& words) {
     const std::vector<std::string> commands = {"compile",  "run",    "check",
                                                "sections", "models", "help"};
     const std::string closest = text::closestWord(words.front(), commands);
-    std::cerr << "korvane: " << cliText("no_entry", words.front()) << "\n";
-    if (!closest.empty()) std::cerr << cliText("did_you_mean", closest) << "\n";
-    std::cerr << cliText("arg_hint") << std::endl;
+    std::cerr << "korvane: " << cliText(texts::cli::kNoEntry, words.front()) << "\n";
+    if (!closest.empty()) std::cerr << cliText(texts::cli::kDidYouMean, closest) << "\n";
+    std::cerr << cliText(texts::cli::kArgHint) << std::endl;
     return 2;
   }
   return runRun(o, entries);

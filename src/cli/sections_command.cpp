@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "base/texts/cli_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/session.h"
@@ -12,20 +14,20 @@ namespace korvane::cli {
 
 void addSectionsCommand(CLI::App& app) {
   auto file = std::make_shared<std::string>();
-  auto* cmd = app.add_subcommand("sections", cliText("h_sections"));
-  cmd->add_option("FILE", *file, cliText("h_file"))->required();
+  auto* cmd = app.add_subcommand("sections", cliText(texts::cli::kHelpSections));
+  cmd->add_option("FILE", *file, cliText(texts::cli::kHelpFile))->required();
   static std::string home;  // read before parsing; taken here so that it is no stray word
-  cmd->add_option("--home", home, cliText("h_home"));
+  cmd->add_option("--home", home, cliText(texts::cli::kHelpHome));
   cmd->callback([file] {
     const std::string path = fromTerminal(*file);
     auto sections = readSections(path);
     if (!sections) {
-      printError(cliMessages().format("Runtime", "read", path));
+      printError(cliMessages().format(texts::runtime::kCannotRead, path));
       setExitCode(1);
       return;
     }
     for (const std::string& s : *sections) std::cout << toTerminal(s) << "\n";
-    if (sections->empty()) printError(cliMessages().format("Cli", "no_sections", path));
+    if (sections->empty()) printError(cliMessages().format(texts::cli::kNoSections, path));
     setExitCode(0);
   });
 }

@@ -12,6 +12,7 @@
 
 #include "base/codepage.h"
 #include "base/fs.h"
+#include "base/texts/cli_texts.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "shell/driver.h"
@@ -109,20 +110,21 @@ bool refusesOwnInput(const RunContext& ctx, const std::vector<std::string>& entr
                      const std::vector<std::string>& outputs) {
   auto clash = inputAmongOutputs(entryFiles(entries), outputs);
   if (!clash) return false;
-  printError(ctx.messages.format("Cli", "self_output", *clash));
+  printError(ctx.messages.format(texts::cli::kSelfOutput, *clash));
   return true;
 }
 
 void addSessionOptions(CLI::App* cmd, SessionOptions& session) {
-  cmd->add_option("--project", session.project, cliText("h_project"));
-  cmd->add_option("--home", session.home, cliText("h_home"));
-  cmd->add_option("--engine", session.engine, cliText("h_engine"));
-  cmd->add_option("--answer", session.answers, cliText("h_answer"));
-  cmd->add_option("-D,--define", session.presets, cliText("h_define"))->allow_extra_args(false);
+  cmd->add_option("--project", session.project, cliText(texts::cli::kHelpProject));
+  cmd->add_option("--home", session.home, cliText(texts::cli::kHelpHome));
+  cmd->add_option("--engine", session.engine, cliText(texts::cli::kHelpEngine));
+  cmd->add_option("--answer", session.answers, cliText(texts::cli::kHelpAnswer));
+  cmd->add_option("-D,--define", session.presets, cliText(texts::cli::kHelpDefine))
+      ->allow_extra_args(false);
 }
 
 void addWarningsOption(CLI::App* cmd, bool& warnings) {
-  cmd->add_flag("--warnings", warnings, cliText("h_warnings"));
+  cmd->add_flag("--warnings", warnings, cliText(texts::cli::kHelpWarnings));
 }
 
 std::unique_ptr<Session> Session::open(const SessionOptions& options, int& status) {
@@ -145,7 +147,7 @@ std::unique_ptr<Session> Session::open(const SessionOptions& options, int& statu
     const std::size_t eq = text.find('=');
     const std::string name = eq == std::string::npos ? std::string() : text.substr(0, eq);
     if (name.empty() || name.find_first_of(" ,|\"") != std::string::npos) {
-      printError(s->ctx.messages.format("Cli", "bad_preset", text));
+      printError(s->ctx.messages.format(texts::cli::kBadPreset, text));
       status = 2;
       return nullptr;
     }

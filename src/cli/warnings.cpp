@@ -1,5 +1,6 @@
 #include "cli/warnings.h"
 
+#include "base/texts/check_texts.h"
 #include "cli/session.h"
 #include "shell/input_sections.h"
 
@@ -20,8 +21,8 @@ void Warnings::print() {
   for (; printed_ < all.size(); ++printed_)
     printError(describeFinding(ctx_.messages, all[printed_]));
   if (diagnostics_.count() > all.size() && !moreSaid_) {
-    printError(
-        ctx_.messages.format("Check", "more", std::to_string(diagnostics_.count() - all.size())));
+    printError(ctx_.messages.format(texts::check::kMore,
+                                    std::to_string(diagnostics_.count() - all.size())));
     moreSaid_ = true;
   }
 }

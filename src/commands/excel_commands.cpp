@@ -6,6 +6,8 @@
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/texts/messages_texts.h"
+#include "base/texts/outputs_texts.h"
 #include "commands/command_rows.h"
 #include "compiler/extension/compile_failure.h"
 #include "compiler/extension/directive_call.h"
@@ -38,7 +40,7 @@ AutoValue runAddIn(CallContext& ctx, const std::string& macro, std::vector<AutoV
   hosts::ExcelHost* excel = ctx.excelHost();
   const std::optional<AutoValue> result =
       excel ? trapped([&] { return std::optional(excel->run(macro, args)); }) : std::nullopt;
-  if (!result) throw StopMessage("s12");
+  if (!result) throw StopMessage(texts::messages::kExcelMacroFailed);
   return *result;
 }
 
@@ -71,7 +73,7 @@ DirectiveResult xlput(DirectiveCall& d) {
 DirectiveResult xlmacro(DirectiveCall& d) {
   CallContext& ctx = d.context();
   hosts::ExcelHost* excel = ctx.excelHost();
-  if (!excel || !excel->running()) throw StopMessage("s8");
+  if (!excel || !excel->running()) throw StopMessage(texts::messages::kExcelNotRunning);
   std::array<std::string, 14> fields;
   int count = 0;
   for (int i = 0; i < 14; ++i) {
@@ -119,7 +121,7 @@ DirectiveResult ditchPips(DirectiveCall& d) {
 }
 
 constexpr DirectiveRow kRows[] = {
-    {"xlmacro", {.announce = "s10", .flushFirst = true}, xlmacro},
+    {"xlmacro", {.announce = texts::outputs::kExcelMacroAnnounced, .flushFirst = true}, xlmacro},
     {"xlput", {.flushFirst = true}, xlput},
     {"ditch_list",
      {.flushFirst = true,

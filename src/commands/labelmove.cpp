@@ -4,6 +4,7 @@
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/text.h"
+#include "base/texts/runtime_texts.h"
 #include "commands/command_rows.h"
 #include "commands/label_order.h"
 #include "commands/query_file.h"
@@ -40,7 +41,7 @@ DirectiveResult labelmove(DirectiveCall& d) {
   const std::string &source = d.argument(1), &target = d.argument(2);
   const std::string orderText = ctx.evaluate("order");
   const std::optional<LabelOrder> order = parseLabelOrder(orderText);
-  if (!order) throw RuntimeFailure("order", orderText);
+  if (!order) throw RuntimeFailure(texts::runtime::kLabelOrder, orderText);
 
   QueryFile file(fs::join(ctx.projectFolder(), kLabelmoveFile));
   ctx.writeLine("over," + file.path() + ",genio");

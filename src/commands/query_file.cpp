@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "base/fs.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/call_context.h"
 #include "compiler/extension/compile_failure.h"
 
@@ -25,7 +26,7 @@ std::vector<std::string> QueryFile::run(CallContext& ctx) const {
 
 std::vector<std::string> QueryFile::lines() const {
   const std::optional<std::string> data = fs::readFile(path_);
-  if (!data) throw RuntimeFailure("read", path_);
+  if (!data) throw RuntimeFailure(texts::runtime::kCannotRead, path_);
   std::vector<std::string> lines;
   std::size_t pos = 0;
   while (pos < data->size()) {

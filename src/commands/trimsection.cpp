@@ -5,6 +5,8 @@
 #include "base/conversions.h"
 #include "base/fs.h"
 #include "base/text.h"
+#include "base/texts/outputs_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "commands/command_rows.h"
 #include "commands/query_file.h"
 #include "commands/section_trimming.h"
@@ -56,7 +58,7 @@ DirectiveResult trimsection(DirectiveCall& d) {
   ctx.writeLine("003,ordr,4=1,1,2,3,4,5");
   ctx.writeLine("019," + selection + ",4=1");
   const std::vector<std::string> lines = file.run(ctx);
-  ctx.writeLine("   " + ctx.text("Outputs", "s3"));
+  ctx.writeLine("   " + ctx.text(texts::outputs::kTrimStart));
   ctx.writeLine("edit," + model);
   std::string label;
   std::vector<Crossing> crossings;
@@ -70,7 +72,8 @@ DirectiveResult trimsection(DirectiveCall& d) {
         for (const std::string& r : trimRecords(label, crossings, masks, dist)) ctx.writeLine(r);
       } else {
         if (crossings.size() == kMaxCrossings)
-          throw RuntimeFailure("crossings", text::trim(label), std::to_string(kMaxCrossings));
+          throw RuntimeFailure(texts::runtime::kTooManyCrossings, text::trim(label),
+                               std::to_string(kMaxCrossings));
         std::string crossed = columns(line, 49, 4);
         crossed.resize(4, ' ');
         crossings.push_back({crossed, static_cast<float>(conv::Val(columns(line, 37, 12)))});
@@ -79,7 +82,7 @@ DirectiveResult trimsection(DirectiveCall& d) {
   }
   file.remove();
   ctx.writeLine("999");
-  ctx.writeLine("   " + ctx.text("Outputs", "s4"));
+  ctx.writeLine("   " + ctx.text(texts::outputs::kTrimEnd));
   return DirectiveResult::Continue;
 }
 

@@ -1,6 +1,7 @@
 // Commands whose implementations are not part of this build end the compile
 // run with a clear message, after their preparation, instead of succeeding
 // silently.
+#include "base/texts/runtime_texts.h"
 #include "commands/command_rows.h"
 #include "compiler/extension/compile_failure.h"
 
@@ -8,10 +9,10 @@ namespace korvane::commands {
 namespace {
 
 DirectiveResult superelevation(DirectiveCall&) {
-  throw RuntimeFailure("notavail", "superelevation");
+  throw RuntimeFailure(texts::runtime::kNotAvailable, "superelevation");
 }
 DirectiveResult earthworkToExcel(DirectiveCall&) {
-  throw RuntimeFailure("notavail", "earthwork->excel");
+  throw RuntimeFailure(texts::runtime::kNotAvailable, "earthwork->excel");
 }
 
 constexpr DirectiveRow kRows[] = {

@@ -1,5 +1,7 @@
 #include "compiler/extension/call_context.h"
 
+#include "base/texts/messages_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/compile_internals.h"
 #include "compiler/expression.h"
 #include "compiler/extension/compile_failure.h"
@@ -24,12 +26,9 @@ void CallContext::writeLine(std::string_view line) {
 }
 void CallContext::flushAndRun() { korvane::flushAndRun(ctx_); }
 
-std::string CallContext::text(const char* section, const char* key) const {
-  return ctx_.text(section, key);
-}
-std::string CallContext::format(std::string_view section, std::string_view key, std::string_view a1,
-                                std::string_view a2) const {
-  return ctx_.messages.format(section, key, a1, a2);
+std::string CallContext::text(MessageKey key) const { return ctx_.text(key); }
+std::string CallContext::format(MessageKey key, std::string_view a1, std::string_view a2) const {
+  return ctx_.messages.format(key, a1, a2);
 }
 
 const std::string& CallContext::projectFolder() const { return ctx_.projectFolder; }
@@ -45,12 +44,13 @@ std::vector<std::string>& CallContext::selection() { return internals(ctx_).sele
 QueryState& CallContext::query() { return internals(ctx_).query; }
 
 hosts::AutoObject CallContext::autocad() {
-  if (!ctx_.autocad) throw StopMessage("s15", "");  // no AutoCAD on this machine
+  if (!ctx_.autocad)
+    throw StopMessage(texts::messages::kNoAutocad, "");  // no AutoCAD on this machine
   return ctx_.autocad(ctx_);
 }
 
 hosts::ExcelHost& CallContext::excel(std::string_view what) const {
-  if (!ctx_.excel) throw RuntimeFailure("notavail", std::string(what));
+  if (!ctx_.excel) throw RuntimeFailure(texts::runtime::kNotAvailable, std::string(what));
   return *ctx_.excel;
 }
 hosts::ExcelHost* CallContext::excelHost() const { return ctx_.excel; }

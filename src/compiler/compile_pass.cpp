@@ -6,6 +6,8 @@
 #include "base/conversions.h"
 #include "base/fs.h"
 #include "base/text.h"
+#include "base/texts/messages_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/compile_call.h"
 #include "compiler/compile_internals.h"
 #include "compiler/expression.h"
@@ -98,8 +100,7 @@ void defaultBlock(RunContext& ctx, const std::string& keyword, const std::string
 void prepare(CompileCall& call, DirectiveCall& d, const std::string& keyword,
              const Preparation& p) {
   RunContext& ctx = call.ctx;
-  if (p.announce)
-    ctx.output.writeLine("   " + ctx.messages.format("Outputs", p.announce, d.argument(1)));
+  if (p.announce) ctx.output.writeLine("   " + ctx.messages.format(*p.announce, d.argument(1)));
   if (p.flushFirst) flushAndRun(ctx);
   if (p.readKeywordText) d.setKeywordText(call.readKeywordText());
   if (p.defaults != DefaultBlock::None) {
@@ -237,7 +238,7 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   }
   const std::string& name = call.name.empty() ? currentFile : call.name;
   if (in.depth > kMaxCompileDepth)
-    throw RuntimeFailure("depth", std::to_string(kMaxCompileDepth), name);
+    throw RuntimeFailure(texts::runtime::kInsertsTooDeep, std::to_string(kMaxCompileDepth), name);
 
   // The same file, named from the same place, as the last call at this depth
   // (the next pass of a repeated part): while the source cache holds what it
@@ -252,7 +253,7 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   if (reentering)
     call.reader.reopen(found.fullName, again.held, again.start);
   else if (!found.found || !call.reader.open(found.fullName, &in.sources))
-    throw StopMessage("s9", found.shownName);
+    throw StopMessage(texts::messages::kFileNotFound, found.shownName);
   call.folder = found.folder;
   // A repeated part is read once a pass; `count` has just been set to the pass.
   const long pass =
@@ -263,18 +264,19 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     if (!reentering) {
       if (!label.empty() && !seekLine(call, label)) {
         ctx.observers.notify([&](CompileObserver& w) { w.sectionMissing(found.fullName, label); });
-        throw StopMessage("s13", found.shownName, label);
+        throw StopMessage(texts::messages::kSectionNotFound, found.shownName, label);
       }
       const char* seek = mode == CompileMode::Repeating  ? "repeat"
                          : mode == CompileMode::Trailing ? "endrepeat"
                                                          : nullptr;
-      if (seek && !seekLine(call, seek)) throw StopMessage("s14", seek);
+      if (seek && !seekLine(call, seek)) throw StopMessage(texts::messages::kLineNotFound, seek);
       rememberStart(again, call, fileSpec, baseFolder, currentFile, found);
     }
     ObservedFile observed(ctx.observers, found.fullName);
     std::string& line = storage.read;
     for (;;) {
-      if (ctx.interrupted && ctx.interrupted->load()) throw RuntimeFailure("interrupted");
+      if (ctx.interrupted && ctx.interrupted->load())
+        throw RuntimeFailure(texts::runtime::kInterrupted);
       call.rawLine.clear();  // a line the reader refuses has no text to show
       if (!call.readLine(line)) return;
       call.rawLine = line;

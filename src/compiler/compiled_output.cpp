@@ -5,6 +5,7 @@
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/text.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/compile_failure.h"
 
 namespace korvane {
@@ -39,7 +40,7 @@ void CompiledOutput::open(const std::string& fullName, bool append) {
   origins_.clear();
   linesWritten_ = 0;
   file_ = fs::openFile(fs::native(fullName), append ? "ab" : "wb");
-  if (!file_) throw RuntimeFailure("write", fullName);
+  if (!file_) throw RuntimeFailure(texts::runtime::kCannotWrite, fullName);
 }
 
 void CompiledOutput::close() {
@@ -49,8 +50,8 @@ void CompiledOutput::close() {
 }
 
 void CompiledOutput::writeLine(std::string_view line) {
-  if (!file_) throw RuntimeFailure("write", name_);
-  if (!writeRecord(line, file_)) throw RuntimeFailure("write", name_);
+  if (!file_) throw RuntimeFailure(texts::runtime::kCannotWrite, name_);
+  if (!writeRecord(line, file_)) throw RuntimeFailure(texts::runtime::kCannotWrite, name_);
   const bool sentinel = isSentinelLine(line);
   noteOrigin(sources_ && !sentinel ? sources_->here() : SourceOrigin{});
   if (tap_ && !sentinel && isMxChannel()) tap_(line);

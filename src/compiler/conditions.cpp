@@ -4,6 +4,7 @@
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/compile_call.h"
 #include "compiler/compile_internals.h"
 #include "compiler/directives.h"
@@ -64,7 +65,7 @@ void conditionDirective(CompileCall& call, const std::string& line) {
   const std::string s = line.size() > 3 ? line.substr(3) : std::string();
   const std::string lowered = cp::lower(s);
   const std::size_t thenAt = lowered.find(" then ");
-  if (thenAt == std::string::npos) throw RuntimeFailure("then", s);
+  if (thenAt == std::string::npos) throw RuntimeFailure(texts::runtime::kNoThen, s);
   const std::size_t elseAt = lowered.find(" else ");
   std::string condition = s.substr(0, thenAt);
   std::string thenPart, elsePart;

@@ -7,6 +7,7 @@
 
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/compile_internals.h"
 #include "compiler/expression_tree.h"
 #include "compiler/extension/compile_failure.h"
@@ -32,16 +33,17 @@ double arithmetic(char op, double l, double r, std::string_view expr) {
       v = l * r;
       break;
     case '/':
-      if (r == 0) throw RuntimeFailure("div0", std::string(expr));
+      if (r == 0) throw RuntimeFailure(texts::runtime::kDivisionByZero, std::string(expr));
       v = l / r;
       break;
     case '^':
-      if (l == 0 && r < 0) throw RuntimeFailure("div0", std::string(expr));
-      if (l < 0 && r != std::floor(r)) throw RuntimeFailure("badarg", std::string(expr));
+      if (l == 0 && r < 0) throw RuntimeFailure(texts::runtime::kDivisionByZero, std::string(expr));
+      if (l < 0 && r != std::floor(r))
+        throw RuntimeFailure(texts::runtime::kBadArgument, std::string(expr));
       v = std::pow(l, r);
       break;
   }
-  if (!std::isfinite(v)) throw RuntimeFailure("overflow", std::string(expr));
+  if (!std::isfinite(v)) throw RuntimeFailure(texts::runtime::kOverflow, std::string(expr));
   return v;
 }
 
@@ -67,7 +69,7 @@ class Level {
   explicit Level(int& d) : depth_(d) {
     if (++depth_ > kMaxExpressionDepth) {
       --depth_;
-      throw RuntimeFailure("exprdepth", std::to_string(kMaxExpressionDepth));
+      throw RuntimeFailure(texts::runtime::kExpressionTooDeep, std::to_string(kMaxExpressionDepth));
     }
   }
   ~Level() { --depth_; }
@@ -193,7 +195,7 @@ Operand value(RunContext& ctx, const ExpressionTree& t, std::uint32_t i) {
     case ExpressionNode::Kind::Quoted:
       return Operand::literal(t.textOf(n), n);
     case ExpressionNode::Kind::TooDeep:
-      throw RuntimeFailure("exprdepth", std::to_string(kMaxExpressionDepth));
+      throw RuntimeFailure(texts::runtime::kExpressionTooDeep, std::to_string(kMaxExpressionDepth));
     case ExpressionNode::Kind::Operator:
       break;
   }
@@ -225,7 +227,8 @@ std::string Evaluate(RunContext& ctx, std::string& expr) {
   bool called = false;
   for (std::size_t close; (close = expr.rfind(')')) != std::string::npos;) {
     std::size_t open = matchingParen(expr, close);
-    if (open == std::string::npos) throw RuntimeFailure("paren", expr);
+    if (open == std::string::npos)
+      throw RuntimeFailure(texts::runtime::kUnbalancedParentheses, expr);
     std::string v = FunctionDispatch(ctx, expr, open, close);
     std::string temp = newTemporaryName(ctx);
     applyAssignments(ctx, temp + "=\"" + v + "\",");
@@ -293,14 +296,14 @@ void substituteLine(RunContext& ctx, std::string& line) {
   int rounds = 0;
   for (std::size_t a; (a = line.find('|')) != std::string::npos;) {
     std::size_t b = line.find('|', a + 1);
-    if (b == std::string::npos) throw RuntimeFailure("bar");
-    if (++rounds > kMaxSubstitutions) throw RuntimeFailure("bar");
+    if (b == std::string::npos) throw RuntimeFailure(texts::runtime::kUnpairedBar);
+    if (++rounds > kMaxSubstitutions) throw RuntimeFailure(texts::runtime::kUnpairedBar);
     std::string inner = line.substr(a + 1, b - a - 1);
     InBars bars(internals(ctx).barDepth);
     std::string value = Evaluate(ctx, inner);
     line.replace(a, b - a + 1, value);
     if (line.size() > kMaxTextLength)
-      throw RuntimeFailure("linelen", std::to_string(kMaxTextLength));
+      throw RuntimeFailure(texts::runtime::kLineTooLong, std::to_string(kMaxTextLength));
   }
 }
 
@@ -308,7 +311,7 @@ void splitFields(RunContext& ctx, std::string_view line) {
   CompileInternals& in = internals(ctx);
   std::size_t pos = 0, n = 0;
   do {
-    if (n == in.fields.size()) throw RuntimeFailure("fields");
+    if (n == in.fields.size()) throw RuntimeFailure(texts::runtime::kTooManyFields);
     const std::string_view f = trimmed(nextFieldView(line, pos));
     std::string& field = in.fields[n++];
     if (n > in.fieldsUsed) in.fieldsUsed = n;  // fields from here on are empty
@@ -337,7 +340,8 @@ void evaluateArguments(RunContext& ctx, std::string_view argumentText) {
   std::size_t pos = 0;
   int n = 0;
   while (pos < argumentText.size() || (n == 0 && pos == 0)) {
-    if (n == static_cast<int>(in.args.size())) throw RuntimeFailure("args");
+    if (n == static_cast<int>(in.args.size()))
+      throw RuntimeFailure(texts::runtime::kTooManyArguments);
     std::string f = nextField(argumentText, pos);
     // A call inside the argument clears and refills the shared array: slots this
     // call filled before it are lost, as the language has always behaved.

@@ -1,5 +1,8 @@
 #include "compiler/failure_message.h"
 
+#include "base/texts/diagnostics_texts.h"
+#include "base/texts/messages_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/line_reader.h"
 
 namespace korvane {
@@ -23,9 +26,8 @@ std::string inputLineText(const std::string& file, long n) {
 }
 
 std::string runtimeText(const Messages& messages, const CompileFailure& f) {
-  const std::string a2 =
-      f.reasonKey() ? messages.format("Automation", f.reasonKey(), f.arg2()) : f.arg2();
-  return messages.format("Runtime", f.key(), quotedText(f.arg1()), quotedText(a2));
+  const std::string a2 = f.reason() ? messages.format(*f.reason(), f.arg2()) : f.arg2();
+  return messages.format(f.key(), quotedText(f.arg1()), quotedText(a2));
 }
 
 std::string describeTrail(const Messages& messages, const std::vector<SourcePlace>& trail) {
@@ -33,40 +35,43 @@ std::string describeTrail(const Messages& messages, const std::vector<SourcePlac
   for (std::size_t i = 0; i < trail.size(); ++i) {
     const SourcePlace& p = trail[i];
     if (i > 0)
-      m += "\n" + messages.format("Diagnostics", "inserted", p.file, std::to_string(p.line));
+      m += "\n" + messages.format(texts::diagnostics::kInsertedBy, p.file, std::to_string(p.line));
     // The pass of a repetition: of the innermost place on a line of its own,
     // of an outer one after it.
     if (p.repetition > 0)
       m += (i == 0 ? "\n" : " ") +
-           messages.format("Diagnostics", "pass", std::to_string(p.repetition));
+           messages.format(texts::diagnostics::kRepetitionPass, std::to_string(p.repetition));
   }
   return m;
 }
 
 std::string describeFailure(const Messages& messages, const CompileFailure& f) {
   if (f.kind() == CompileFailure::Kind::Message) {
-    std::string m = messages.format("Messages", f.key(), f.arg1(), f.arg2());
-    if (!f.engineError.empty()) m += "\n" + messages.format("Runtime", "engine", f.engineError);
+    std::string m = messages.format(f.key(), f.arg1(), f.arg2());
+    if (!f.engineError.empty())
+      m += "\n" + messages.format(texts::runtime::kEngineStopped, f.engineError);
     if (!f.mxSource.empty()) {
       const SourcePlace& p = f.mxSource.front();
-      m += "\n" + messages.format("Runtime", "where", p.file, std::to_string(p.line));
-      m += "\n" + messages.format("Runtime", "text", quotedText(inputLineText(p.file, p.line)));
-      m += "\n" + messages.format("Diagnostics", "mxline", quotedText(f.mxLine));
+      m += "\n" + messages.format(texts::runtime::kWhere, p.file, std::to_string(p.line));
+      m += "\n" +
+           messages.format(texts::runtime::kLineText, quotedText(inputLineText(p.file, p.line)));
+      m += "\n" + messages.format(texts::diagnostics::kMxLine, quotedText(f.mxLine));
       m += describeTrail(messages, f.mxSource);
     } else if (!f.whereFile.empty()) {
-      m += "\n" + messages.format("Runtime", "where", f.whereFile, std::to_string(f.whereLine));
+      m += "\n" + messages.format(texts::runtime::kWhere, f.whereFile, std::to_string(f.whereLine));
     }
     // A part of an inserted file that is not there is named with its file.
-    if ((f.key() == "s14") && !f.file.empty()) {
-      m += "\n" + messages.format("Diagnostics", "infile", f.file);
+    if (f.key() == texts::messages::kLineNotFound && !f.file.empty()) {
+      m += "\n" + messages.format(texts::diagnostics::kInFile, f.file);
       if (f.trail.size() > 1) m += describeTrail(messages, f.trail);
     }
     return m;
   }
-  std::string m = messages.text("Runtime", "title") + ": " + runtimeText(messages, f);
+  std::string m = messages.text(texts::runtime::kTitle) + ": " + runtimeText(messages, f);
   if (!f.file.empty())
-    m += "\n" + messages.format("Runtime", "where", f.file, std::to_string(f.line));
-  if (!f.lineText.empty()) m += "\n" + messages.format("Runtime", "text", quotedText(f.lineText));
+    m += "\n" + messages.format(texts::runtime::kWhere, f.file, std::to_string(f.line));
+  if (!f.lineText.empty())
+    m += "\n" + messages.format(texts::runtime::kLineText, quotedText(f.lineText));
   m += describeTrail(messages, f.trail);
   return m;
 }

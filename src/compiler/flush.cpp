@@ -4,6 +4,10 @@
 
 #include "base/fs.h"
 #include "base/text.h"
+#include "base/texts/messages_texts.h"
+#include "base/texts/outputs_texts.h"
+#include "base/texts/runtime_texts.h"
+#include "base/texts/status_bar_texts.h"
 #include "compiler/compile_internals.h"
 #include "compiler/extension/compile_failure.h"
 
@@ -76,12 +80,12 @@ void copyToSaveFiles(RunContext& ctx, const std::string& compiled) {
   SaveFiles& s = ctx.save;
   if (!s.one && !s.separate) return;
   auto data = fs::readFile(compiled);
-  if (!data) throw RuntimeFailure("read", compiled);
+  if (!data) throw RuntimeFailure(texts::runtime::kCannotRead, compiled);
   std::string combined, separate;
   if (s.one && s.inputName != s.lastAnnounced) {
     combined += "\r\n";
     if (!s.lastAnnounced.empty()) combined += "\r\n\r\n";
-    std::string marker = "   " + ctx.text("Outputs", "s12") + ":   " + s.inputName;
+    std::string marker = "   " + ctx.text(texts::outputs::kInputFile) + ":   " + s.inputName;
     combined += marker + "\r\n";
     s.lastCombinedLine = marker;
     s.lastAnnounced = s.inputName;
@@ -105,9 +109,9 @@ void copyToSaveFiles(RunContext& ctx, const std::string& compiled) {
     if (s.separate) add(separate, s.lastSeparateLine, line);
   }
   if (s.one && !fs::appendFile(s.combinedPath, combined))
-    throw RuntimeFailure("write", s.combinedPath);
+    throw RuntimeFailure(texts::runtime::kCannotWrite, s.combinedPath);
   if (s.separate && !fs::appendFile(s.separatePath, separate))
-    throw RuntimeFailure("write", s.separatePath);
+    throw RuntimeFailure(texts::runtime::kCannotWrite, s.separatePath);
 }
 
 void saveCompiledOutput(RunContext& ctx) noexcept {
@@ -124,16 +128,16 @@ void runCompiledOutput(RunContext& ctx) {
   const std::string name = ctx.output.fullName();
   copyToSaveFiles(ctx, name);
   if (onlySentinels(name)) return;
-  ctx.status(ctx.text("StatusBar1", "stat3"));
+  ctx.status(ctx.text(texts::status_bar::kMxRunning));
   ++in.engineRuns;
   if (ctx.onEngineRun) ctx.onEngineRun(in.engineRuns);
   hosts::MxRunResult result;
   if (ctx.engine) result = ctx.engine->configuration().run("input", name);
-  ctx.status(ctx.text("StatusBar1", "stat2"));
+  ctx.status(ctx.text(texts::status_bar::kCompiling));
   bool sentinelLeft = ctx.engine && ctx.engine->configuration().modelExists(kSentinelModel);
   if (sentinelLeft || !result.ok()) {
-    ctx.status(ctx.text("StatusBar1", "stat4"));
-    StopMessage stop("s5");
+    ctx.status(ctx.text(texts::status_bar::kMxFailed));
+    StopMessage stop(texts::messages::kMxStoppedEarly);
     stop.engineError = result.error;
     stop.whereFile = in.whereFile;
     stop.whereLine = in.whereLine;
@@ -163,13 +167,15 @@ void flushAndRun(RunContext& ctx) {
       break;
     case Channel::AutoCadScript:
       ctx.output.close();
-      if (!ctx.players.script) throw StopMessage("s15", "");  // no AutoCAD here
+      if (!ctx.players.script)
+        throw StopMessage(texts::messages::kNoAutocad, "");  // no AutoCAD here
       ctx.players.script(ctx, name);
       reopenFresh(ctx, name);
       break;
     case Channel::MicroStationKeyin:
       ctx.output.close();
-      if (!ctx.players.keyin) throw RuntimeFailure("mstation");  // no MicroStation here
+      if (!ctx.players.keyin)
+        throw RuntimeFailure(texts::runtime::kNoMicroStation);  // no MicroStation here
       ctx.players.keyin(ctx, name);
       reopenFresh(ctx, name);
       break;

@@ -12,7 +12,8 @@ namespace korvane {
 void flushAndRun(RunContext& ctx);
 
 // Runs the closed MX input through the engine and checks that MX reached its
-// end (the sentinel model is gone); a StopMessage ("s5") when it did not.
+// end (the sentinel model is gone); a StopMessage (kMxStoppedEarly) when it
+// did not.
 void runCompiledOutput(RunContext& ctx);
 
 // Copies the closed MX input to the save files without running it (after a

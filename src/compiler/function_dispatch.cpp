@@ -1,6 +1,7 @@
 #include "compiler/function_dispatch.h"
 
 #include "base/codepage.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/expression.h"
 #include "compiler/extension/call_context.h"
 #include "compiler/extension/compile_failure.h"
@@ -24,7 +25,7 @@ std::string FunctionDispatch(RunContext& ctx, const std::string& expr, std::size
                              std::size_t close) {
   if (open >= expr.size() || close >= expr.size() || close <= open || expr[open] != '(' ||
       expr[close] != ')')
-    throw RuntimeFailure("paren", expr);
+    throw RuntimeFailure(texts::runtime::kUnbalancedParentheses, expr);
   std::size_t start = open;
   while (start > 0 && isNameCharacter(expr[start - 1])) --start;
   std::string inner = expr.substr(open + 1, close - open - 1);

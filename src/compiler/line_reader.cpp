@@ -4,6 +4,7 @@
 
 #include "base/codepage.h"
 #include "base/fs.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/compile_failure.h"
 #include "compiler/source_cache.h"
 
@@ -93,7 +94,8 @@ bool LineReader::readLine(std::string& line) {
     std::size_t n = 0;
     const std::size_t avail = len_ - pos_;
     while (n < avail && start[n] != '\n' && start[n] != '\r' && start[n] != '\0') ++n;
-    if (line.size() + n > kMaxLine) throw RuntimeFailure("linelen", std::to_string(kMaxLine));
+    if (line.size() + n > kMaxLine)
+      throw RuntimeFailure(texts::runtime::kLineTooLong, std::to_string(kMaxLine));
     line.append(start, n);
     pos_ += n;
     if (n < avail) break;  // a line end or a NUL
@@ -101,7 +103,7 @@ bool LineReader::readLine(std::string& line) {
   }
   if (pos_ < len_) {
     const char c = data_[pos_++];
-    if (c == '\0') throw RuntimeFailure("binary", name_);
+    if (c == '\0') throw RuntimeFailure(texts::runtime::kNotText, name_);
     if (c == '\r' && fill() && data_[pos_] == '\n') ++pos_;  // CR LF, or a lone CR
   }
   if (utf8_) line = cp::fromUtf8(line);

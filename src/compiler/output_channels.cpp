@@ -3,6 +3,8 @@
 // that channel and return to the MX input. The preparation writes the
 // announcing line and runs the flush before the handlers switch.
 #include "base/fs.h"
+#include "base/texts/outputs_texts.h"
+#include "base/texts/status_bar_texts.h"
 #include "compiler/compile_call.h"
 #include "compiler/compile_internals.h"
 #include "compiler/flush.h"
@@ -47,15 +49,15 @@ R backToMx(DirectiveCall& d) {
   RunContext& ctx = compileCallOf(d).ctx;
   ctx.output.close();
   beginMxOutput(ctx);
-  ctx.status(ctx.text("StatusBar1", "stat3"));
+  ctx.status(ctx.text(texts::status_bar::kMxRunning));
   return R::Continue;
 }
 
 // The announcing line comes before the flush.
 constexpr DirectiveRow kRows[] = {
-    {"script", {.announce = "s9", .flushFirst = true}, script},
-    {"key-in", {.announce = "s13", .flushFirst = true}, keyin},
-    {"print", {.announce = "s11", .flushFirst = true}, print},
+    {"script", {.announce = texts::outputs::kScriptAnnounced, .flushFirst = true}, script},
+    {"key-in", {.announce = texts::outputs::kKeyinAnnounced, .flushFirst = true}, keyin},
+    {"print", {.announce = texts::outputs::kPrintAnnounced, .flushFirst = true}, print},
     {"endscript", {.flushFirst = true}, backToMx},
     {"endkey-in", {.flushFirst = true}, backToMx},
     {"endprint", {.flushFirst = true}, backToMx},

@@ -5,6 +5,7 @@
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/compile_call.h"
 #include "compiler/compile_internals.h"
 #include "compiler/directives.h"
@@ -74,7 +75,7 @@ void counted(const Insert& in, const std::string& r, bool eachMode) {
     if (eachMode) {
       const std::vector<std::string>& selection = internals(ctx).selection;
       if (static_cast<std::size_t>(i) > selection.size())
-        throw RuntimeFailure("subscript", "each(" + std::to_string(i) + ")");
+        throw RuntimeFailure(texts::runtime::kSubscript, "each(" + std::to_string(i) + ")");
       applyAssignments(ctx, "each=" + selection[i - 1] + ",");
     }
     in.compile(CompileMode::Repeating);

@@ -65,8 +65,8 @@ struct SaveFiles {
 };
 
 // Reaches the running AutoCAD for the AutoCAD getters: its application
-// object, or a StopMessage ("s15", "s17") when there is none. Left empty,
-// there is no AutoCAD on the machine.
+// object, or a StopMessage (kNoAutocad, kAutocadRelease) when there is none.
+// Left empty, there is no AutoCAD on the machine.
 using AutoCadFinder = std::function<hosts::AutoObject(RunContext&)>;
 
 struct RunEnvironment {
@@ -92,9 +92,7 @@ struct RunEnvironment {
   std::string privateMacros() const;
   std::string mxProjectFolder() const;
 
-  std::string text(const char* section, const char* key) const {
-    return messages.text(section, key);
-  }
+  std::string text(MessageKey key) const { return messages.text(key); }
   void status(const std::string& t) const {
     if (statusSink) statusSink->status(t);
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/expression.h"
 #include "compiler/extension/compile_failure.h"
 
@@ -42,7 +43,7 @@ void VariableTable::set(const std::string& name, std::string value) {
     entries_[s.entry - 1].second = std::move(value);
     return;
   }
-  if (entries_.size() >= kCapacity) throw RuntimeFailure("vars");
+  if (entries_.size() >= kCapacity) throw RuntimeFailure(texts::runtime::kVariablesFull);
   if (name.empty() || isTemporaryName(name)) mayHoldTemporaries_ = true;
   if (!name.empty() && startsWithDigit(name)) mayHoldNumberNames_ = true;
   entries_.emplace_back(name, std::move(value));

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/conversions.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/compile_failure.h"
 
 namespace korvane {
@@ -34,7 +35,7 @@ std::int32_t longArg(const CallContext& ctx, int k) {
 }
 
 std::string numberResult(double v, const char* function) {
-  if (!std::isfinite(v)) throw RuntimeFailure("overflow", function);
+  if (!std::isfinite(v)) throw RuntimeFailure(texts::runtime::kOverflow, function);
   return conv::CStr(v);
 }
 

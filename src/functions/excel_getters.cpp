@@ -2,6 +2,7 @@
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/compile_failure.h"
 #include "compiler/extension/workbook_path.h"
 #include "functions/function_rows.h"
@@ -27,10 +28,12 @@ std::string fnXlget(CallContext& ctx) {
 std::string fnGetname(CallContext& ctx) {
   const std::string book = ctx.arg(1), a2 = ctx.arg(2), a3 = ctx.arg(3), sheet = ctx.arg(4);
   const bool columnLast = conv::IsNumeric(a3);
-  if (!columnLast && !conv::IsNumeric(a2)) throw RuntimeFailure("badarg", "getname");
+  if (!columnLast && !conv::IsNumeric(a2))
+    throw RuntimeFailure(texts::runtime::kBadArgument, "getname");
   const std::string& key = columnLast ? a2 : a3;
   const std::int32_t column = conv::CLng(columnLast ? a3 : a2);
-  if (column < 1 || column > kDataColumns) throw RuntimeFailure("badarg", "getname");
+  if (column < 1 || column > kDataColumns)
+    throw RuntimeFailure(texts::runtime::kBadArgument, "getname");
   const std::string path = resolveWorkbook(ctx, book);
   if (path.empty()) return {};
   auto ws = ctx.excel("getname").worksheet(path, sheet);

@@ -2,6 +2,7 @@
 // is not a number, a logarithm of zero or an overflow ends the compile run.
 #include <cmath>
 
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/call_context.h"
 #include "compiler/extension/compile_failure.h"
 #include "functions/argument_conversion.h"
@@ -31,13 +32,13 @@ std::string fnAtn(CallContext& ctx) { return numberResult(std::atan(numberArg(ct
 
 std::string fnLn(CallContext& ctx) {
   double x = numberArg(ctx, 1);
-  if (x <= 0) throw RuntimeFailure("badarg", "ln(" + ctx.arg(1) + ")");
+  if (x <= 0) throw RuntimeFailure(texts::runtime::kBadArgument, "ln(" + ctx.arg(1) + ")");
   return numberResult(std::log(x), "ln");
 }
 
 std::string fnLg(CallContext& ctx) {
   double x = numberArg(ctx, 1);
-  if (x <= 0) throw RuntimeFailure("badarg", "lg(" + ctx.arg(1) + ")");
+  if (x <= 0) throw RuntimeFailure(texts::runtime::kBadArgument, "lg(" + ctx.arg(1) + ")");
   return numberResult(std::log(x) / std::log(10.0), "lg");
 }
 

@@ -6,6 +6,7 @@
 #include "base/conversions.h"
 #include "base/fs.h"
 #include "base/text.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/call_context.h"
 #include "compiler/extension/compile_failure.h"
 #include "functions/function_rows.h"
@@ -54,7 +55,7 @@ std::string fnGetminmax(CallContext& ctx) {
   ctx.flushAndRun();
 
   const std::optional<std::string> data = fs::readFile(file);
-  if (!data) throw RuntimeFailure("read", file);
+  if (!data) throw RuntimeFailure(texts::runtime::kCannotRead, file);
   fs::removeFile(file);
   const std::vector<std::string> lines = linesOf(*data);
 

@@ -8,6 +8,8 @@
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/texts/outputs_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/compile_failure.h"
 #include "compiler/extension/model_queries.h"
 #include "functions/argument_conversion.h"
@@ -29,7 +31,8 @@ bool startsLower(const std::string& s, std::string_view prefix) {
 std::string recordField(CallContext& ctx, const char* function, const std::string& field,
                         bool text) {
   const std::int16_t k = integerOf(field);
-  if (k < 1 || k > 16) throw RuntimeFailure("field", function, std::to_string(k));
+  if (k < 1 || k > 16)
+    throw RuntimeFailure(texts::runtime::kFieldNumber, function, std::to_string(k));
   const hosts::PointRecord& r = ctx.query().record;
   const auto i = static_cast<std::size_t>(k - 1);
   return text ? r.txt[i] : conv::CStr(r.num[i]);
@@ -38,7 +41,7 @@ std::string recordField(CallContext& ctx, const char* function, const std::strin
 std::unique_ptr<hosts::MxModel> libraryModel(CallContext& ctx, const char* function,
                                              const std::string& model) {
   auto m = queryEngine(ctx, function).library().model(model);
-  if (!m) throw RuntimeFailure("nomodel", model);
+  if (!m) throw RuntimeFailure(texts::runtime::kNoModel, model);
   return m;
 }
 
@@ -88,7 +91,8 @@ std::string fnGetpoint(CallContext& ctx) {
   const std::int32_t n = ctx.arg(3).empty() ? 0 : longArg(ctx, 3);
   ctx.flushAndRun();
   if (loadPoint(ctx, model, label, n) != 0) {
-    ctx.writeLine("   " + ctx.text("Outputs", "s7") + "(" + text::rtrim(model) + "," + label + ")");
+    ctx.writeLine("   " + ctx.text(texts::outputs::kPointQueryFailed) + "(" + text::rtrim(model) +
+                  "," + label + ")");
     return "0";
   }
   std::string result;
@@ -116,10 +120,11 @@ std::string fnGetlength(CallContext& ctx) {
   const bool plan = cp::lower(ctx.arg(3)) == "plan";
   ctx.flushAndRun();
   auto s = libraryModel(ctx, "getlength", model)->string(label);
-  if (!s) throw RuntimeFailure("nostring", model, label);
+  if (!s) throw RuntimeFailure(texts::runtime::kNoString, model, label);
   const std::vector<hosts::MxPoint> points = s->points();
   ctx.query().pointCount = static_cast<std::int32_t>(points.size());
-  if (points.size() > kMaxLengthPoints) throw RuntimeFailure("longstring", "getlength", label);
+  if (points.size() > kMaxLengthPoints)
+    throw RuntimeFailure(texts::runtime::kStringTooLong, "getlength", label);
   double length = 0;
   for (std::size_t i = 1; i < points.size(); ++i) {
     const hosts::MxPoint &a = points[i - 1], &b = points[i];

@@ -1,6 +1,7 @@
 // date, time, sheets and input.
 #include "base/conversions.h"
 #include "base/fs.h"
+#include "base/texts/messages_texts.h"
 #include "compiler/extension/call_context.h"
 #include "functions/function_rows.h"
 
@@ -25,7 +26,7 @@ std::string fnSheets(CallContext& ctx) {
 std::string fnInput(CallContext& ctx) {
   std::string question = ctx.arg(1);
   ctx.flushAndRun();
-  std::string prompt = ctx.text("Messages", "s10") + "\r\n\r\n" + question;
+  std::string prompt = ctx.text(texts::messages::kInputPrompt) + "\r\n\r\n" + question;
   std::string answer;
   if (!ctx.ask("Korvane", prompt, answer)) return {};
   return answer;

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/conversions.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/call_context.h"
 #include "compiler/extension/text_length.h"
 #include "compiler/extension/trap.h"
@@ -22,7 +23,8 @@ using Result = std::optional<std::string>;  // nothing: the arguments are wrong
 template <typename F>
 std::string underTrap(CallContext& ctx, const char* name, int expected, F body) {
   if (Result value = trapped(body)) return std::move(*value);
-  ctx.writeLog(ctx.format("Runtime", "strfunc", name, std::to_string(expected)));
+  ctx.writeLog(
+      ctx.format(texts::runtime::kStringFunctionArguments, name, std::to_string(expected)));
   return {};
 }
 

@@ -1,12 +1,13 @@
 // Functions whose implementations are not part of this build (the
 // superelevation query) end the run with a clear message.
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/compile_failure.h"
 #include "functions/function_rows.h"
 
 namespace korvane {
 namespace {
 
-std::string fnPls(CallContext&) { throw RuntimeFailure("notavail", "pls"); }
+std::string fnPls(CallContext&) { throw RuntimeFailure(texts::runtime::kNotAvailable, "pls"); }
 
 constexpr FunctionRow kRows[] = {{"pls", fnPls}};
 

@@ -39,24 +39,24 @@ AutoObject AutoValue::object() const {
   return nullptr;
 }
 
-const char* reasonKey(AutomationError::Reason reason) {
+texts::automation::Key reasonKey(AutomationError::Reason reason) {
   switch (reason) {
     case AutomationError::Reason::Raised:
-      return "raised";
+      return texts::automation::kRaised;
     case AutomationError::Reason::NoAnswer:
-      return "noanswer";
+      return texts::automation::kNoAnswer;
     case AutomationError::Reason::Gone:
-      return "gone";
+      return texts::automation::kGone;
     case AutomationError::Reason::NotInstalled:
-      return "notinstalled";
+      return texts::automation::kNotInstalled;
     case AutomationError::Reason::NotRunning:
-      return "notrunning";
+      return texts::automation::kNotRunning;
     case AutomationError::Reason::UnknownMember:
-      return "unknownmember";
+      return texts::automation::kUnknownMember;
     case AutomationError::Reason::Failed:
       break;
   }
-  return "failed";
+  return texts::automation::kFailed;
 }
 
 }  // namespace korvane::hosts

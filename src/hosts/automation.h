@@ -12,6 +12,8 @@
 #include <variant>
 #include <vector>
 
+#include "base/texts/automation_texts.h"
+
 namespace korvane::hosts {
 
 class AutomationObject;
@@ -37,7 +39,7 @@ struct AutoValue {
   std::string text() const;
   double number() const;
   bool truth() const;
-  AutoObject object() const;  // null when the value is no object
+  AutoObject object() const;            // null when the value is no object
   std::vector<double> numbers() const;  // the array, or the one number; empty otherwise
 };
 
@@ -65,8 +67,8 @@ class AutomationError : public std::runtime_error {
   std::string detail;   // the application's own description, or the error code
 };
 
-// The key of a reason in the language file's "Automation" section.
-const char* reasonKey(AutomationError::Reason reason);
+// The text of a reason in the language file's "Automation" section.
+texts::automation::Key reasonKey(AutomationError::Reason reason);
 
 class AutomationObject {
  public:

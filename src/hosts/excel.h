@@ -11,13 +11,14 @@
 #include <string>
 #include <vector>
 
+#include "base/texts/runtime_texts.h"
 #include "hosts/automation.h"
 
 namespace korvane::hosts {
 
 // A workbook that cannot be used as asked. `subject` is the workbook's path
-// (or the cell or sheet named); the language file's "Runtime" section has a
-// text for each reason ("xl" + reasonKey).
+// (or the cell or sheet named); key() is the reason's text in the language
+// file's "Runtime" section.
 class WorkbookError : public std::runtime_error {
  public:
   enum class Reason {
@@ -33,7 +34,7 @@ class WorkbookError : public std::runtime_error {
         reason(reason),
         subject(std::move(subject)),
         detail(std::move(detail)) {}
-  static const char* key(Reason reason);
+  static texts::runtime::Key key(Reason reason);
 
   Reason reason;
   std::string subject;

@@ -2,6 +2,7 @@
 
 #include "base/conversions.h"
 #include "base/fs.h"
+#include "base/texts/longsection_texts.h"
 
 namespace korvane::longsection {
 
@@ -66,8 +67,8 @@ std::string generatedInput(const Parameters& given, const std::string& set, cons
     a.text("ExtraLineType" + n, p.extras[i].lineType);
     a.text("ExtraLayer" + n, p.extras[i].layer);
   }
-  return "## " + texts.format("Longsection", "note", set + kPanelExtension) + "\r\n" + "insert," +
-         kMacroName + "\r\n" + a.lines();
+  return "## " + texts.format(texts::longsection::kGeneratedNote, set + kPanelExtension) + "\r\n" +
+         "insert," + kMacroName + "\r\n" + a.lines();
 }
 
 std::string writeGeneratedInput(const std::string& panelFile, const Parameters& p,

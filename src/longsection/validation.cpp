@@ -4,13 +4,15 @@
 
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/texts/longsection_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "longsection/model_strings.h"
 
 namespace korvane::longsection {
 
 namespace {
 
-constexpr const char* kSection = "Longsection";
+namespace ls = texts::longsection;
 
 // A name goes into the generated input between double quotes, in lines that
 // are split at commas and substituted between bars.
@@ -20,13 +22,12 @@ struct Checker {
   const Messages& texts;
   std::vector<std::string> problems;
 
-  void add(const char* key, const std::string& a1 = {}, const std::string& a2 = {}) {
-    problems.push_back(texts.format(kSection, key, a1, a2));
+  void add(MessageKey key, const std::string& a1 = {}, const std::string& a2 = {}) {
+    problems.push_back(texts.format(key, a1, a2));
   }
-  std::string role(const char* key) const { return texts.text(kSection, key); }
 
   // A number given as text: empty is allowed (the default applies).
-  bool number(const std::string& text, const char* key) {
+  bool number(const std::string& text, MessageKey key) {
     if (text::trim(text).empty() || conv::IsNumeric(text::trim(text))) return true;
     add(key, text);
     return false;
@@ -37,67 +38,69 @@ std::vector<std::string> problems(const Parameters& p, hosts::MxEngine* engine,
                                   const Messages& texts, Extent* extent) {
   Checker c{texts, {}};
   const struct {
-    const char* role;
+    MessageKey role;
     const std::string& label;
-  } strings[] = {
-      {"master", p.masterString}, {"ground", p.groundString}, {"design", p.designString}};
+  } strings[] = {{ls::kMasterRole, p.masterString},
+                 {ls::kGroundRole, p.groundString},
+                 {ls::kDesignRole, p.designString}};
 
   bool modelOk = false;
   if (text::trim(p.referenceModel).empty()) {
-    c.add("nomodel");
+    c.add(ls::kNoModel);
   } else if (!plainName(p.referenceModel)) {
-    c.add("badname", p.referenceModel);
+    c.add(ls::kBadName, p.referenceModel);
   } else if (engine && !engine->configuration().modelExists(p.referenceModel)) {
-    c.add("nomodelx", p.referenceModel);
+    c.add(ls::kModelMissing, p.referenceModel);
   } else {
     modelOk = true;
   }
 
   std::vector<std::pair<std::string, std::string>> labels;  // label, role text
-  for (const auto& s : strings) labels.push_back({s.label, c.role(s.role)});
+  for (const auto& s : strings) labels.push_back({s.label, texts.text(s.role)});
   for (const ExtraString& e : p.extras) {
-    labels.push_back({e.label, c.role("extra")});
-    if (!plainName(e.lineType) || !plainName(e.layer)) c.add("badname", e.lineType + " " + e.layer);
+    labels.push_back({e.label, texts.text(ls::kExtraRole)});
+    if (!plainName(e.lineType) || !plainName(e.layer))
+      c.add(ls::kBadName, e.lineType + " " + e.layer);
   }
   int points = 0;
   std::vector<SectionPoint> design;
   for (std::size_t i = 0; i < labels.size(); ++i) {
     const auto& [label, role] = labels[i];
     if (text::trim(label).empty()) {
-      c.add("nostring", role);
+      c.add(ls::kNoString, role);
       continue;
     }
     if (!plainName(label)) {
-      c.add("badname", label);
+      c.add(ls::kBadName, label);
       continue;
     }
     if (!engine || !modelOk) continue;
     std::vector<SectionPoint> pts;
     if (!readSectionString(*engine, p.referenceModel, label, pts)) {
-      c.add("nostringx", label, p.referenceModel);
+      c.add(ls::kStringMissing, label, p.referenceModel);
       continue;
     }
     if (i == 0) continue;  // the master string is a plan string: not drawn here
-    if (pts.size() < 2) c.add("shortstring", label);
+    if (pts.size() < 2) c.add(ls::kShortString, label);
     points += static_cast<int>(pts.size());
     if (i == 2) design = pts;
   }
   if (points > kMaxDrawnPoints)
-    c.add("toomany", std::to_string(points), std::to_string(kMaxDrawnPoints));
+    c.add(ls::kTooManyPoints, std::to_string(points), std::to_string(kMaxDrawnPoints));
   if (!plainName(p.groundLineType) || !plainName(p.designLineType))
-    c.add("badname", p.groundLineType + " " + p.designLineType);
+    c.add(ls::kBadName, p.groundLineType + " " + p.designLineType);
 
-  if (p.horizontalScale <= 0 || p.verticalScale <= 0) c.add("scale");
-  if (p.chainageInterval <= 0) c.add("interval");
-  if (p.textHeight <= 0 || p.bandHeight <= 0) c.add("textheight");
+  if (p.horizontalScale <= 0 || p.verticalScale <= 0) c.add(ls::kBadScale);
+  if (p.chainageInterval <= 0) c.add(ls::kBadInterval);
+  if (p.textHeight <= 0 || p.bandHeight <= 0) c.add(ls::kBadTextHeight);
   const bool chainagesOk =
-      c.number(p.startChainage, "chainage") & c.number(p.endChainage, "chainage");
-  c.number(p.datumLevel, "datum");
+      c.number(p.startChainage, ls::kBadChainage) & c.number(p.endChainage, ls::kBadChainage);
+  c.number(p.datumLevel, ls::kBadDatum);
 
   const double bands = 5 * p.bandHeight;
   if (graphWidth(p) < kMinGraphWidth ||
       p.sheetHeight - p.marginTop - p.marginBottom - bands < kMinGraphHeight)
-    c.add("sheetsmall", conv::CStr(p.sheetWidth), conv::CStr(p.sheetHeight));
+    c.add(ls::kSheetTooSmall, conv::CStr(p.sheetWidth), conv::CStr(p.sheetHeight));
 
   // The range: the chainages given, else the design string's ends.
   double start = 0, end = 0;
@@ -115,11 +118,12 @@ std::vector<std::string> problems(const Parameters& p, hosts::MxEngine* engine,
     }
   }
   const bool known = haveStart && haveEnd;
-  if (known && start >= end) c.add("range", conv::CStr(start), conv::CStr(end));
+  if (known && start >= end) c.add(ls::kBadRange, conv::CStr(start), conv::CStr(end));
 
   if (known && start < end && sheetChainageLength(p) > 0) {
     const int sheets = sheetCount(p, start, end);
-    if (sheets > kMaxSheets) c.add("sheets", std::to_string(sheets), std::to_string(kMaxSheets));
+    if (sheets > kMaxSheets)
+      c.add(ls::kTooManySheets, std::to_string(sheets), std::to_string(kMaxSheets));
     if (extent) *extent = {start, end, sheets};
   }
   return c.problems;
@@ -132,7 +136,7 @@ std::vector<std::string> validate(const Parameters& p, hosts::MxEngine* engine,
   try {
     return problems(p, engine, texts, extent);
   } catch (const hosts::MxError& e) {  // the models cannot be checked at all
-    return {texts.format("Runtime", "mxstore", e.what())};
+    return {texts.format(korvane::texts::runtime::kModelStore, e.what())};
   }
 }
 

@@ -5,6 +5,7 @@
 #include "base/codepage.h"
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/texts/messages_texts.h"
 #include "compiler/expression.h"
 #include "compiler/extension/compile_failure.h"
 
@@ -13,7 +14,9 @@ namespace {
 
 const char* const kAutoCadKey = "SOFTWARE\\Autodesk\\AutoCAD";
 
-[[noreturn]] void fail(RunContext&, const std::string& wanted) { throw StopMessage("s15", wanted); }
+[[noreturn]] void fail(RunContext&, const std::string& wanted) {
+  throw StopMessage(texts::messages::kNoAutocad, wanted);
+}
 
 }  // namespace
 
@@ -80,7 +83,7 @@ hosts::AutoObject lookUpAutoCad(RunContext& ctx, hosts::AutomationSystem& system
     return system.runningObject(processes == 1 ? "AutoCAD.Application"
                                                : "AutoCAD.Application." + release);
   } catch (const hosts::AutomationError&) {
-    throw StopMessage("s17", release);
+    throw StopMessage(texts::messages::kAutocadRelease, release);
   }
 }
 

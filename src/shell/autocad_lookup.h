@@ -19,7 +19,8 @@ inline constexpr const char* kAutoCadReleases[] = {"16.0", "16.1", "16.2", "17.0
 // installed release.
 std::string launcherRelease(hosts::AutomationSystem& system);
 
-// The chosen AutoCAD application; a StopMessage ("s15", "s17") when there is none.
+// The chosen AutoCAD application; a StopMessage (kNoAutocad, kAutocadRelease)
+// when there is none.
 hosts::AutoObject lookUpAutoCad(RunContext& ctx, hosts::AutomationSystem& system);
 
 // The lookup as the run environment's hook for the AutoCAD getters; `system`

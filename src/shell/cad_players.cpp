@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "base/fs.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/compile_failure.h"
 #include "shell/autocad_lookup.h"
 
@@ -25,7 +26,7 @@ void keepCopy(RunContext& ctx, const std::string& file, int& counter, const char
   char name[32];
   std::snprintf(name, sizeof name, "%s%03d.%s", stem, ++counter, ext);
   if (!fs::copyFile(file, ctx.projectFolder + name))
-    throw RuntimeFailure("write", ctx.projectFolder + name);
+    throw RuntimeFailure(texts::runtime::kCannotWrite, ctx.projectFolder + name);
 }
 
 }  // namespace
@@ -87,7 +88,7 @@ ChannelPlayers makeCadPlayers(hosts::AutomationSystem& system, CadOptions option
       ustation = system.runningObject("MicroStationDGN.Application");
       playMicroStationKeyins(*ustation, file);
     } catch (const hosts::AutomationError&) {
-      if (!options.keepScripts) throw RuntimeFailure("mstation");
+      if (!options.keepScripts) throw RuntimeFailure(texts::runtime::kNoMicroStation);
     }
   };
   return p;

@@ -8,6 +8,7 @@
 #include "base/fs.h"
 #include "base/similar.h"
 #include "base/text.h"
+#include "base/texts/check_texts.h"
 #include "compiler/expression.h"
 #include "compiler/function_dispatch.h"
 #include "compiler/language.h"
@@ -226,35 +227,37 @@ void Diagnostics::add(Finding::Kind kind, const std::string& subject, long colum
 std::string describeFinding(const Messages& messages, const Finding& f) {
   std::string place;
   if (!f.file.empty()) {
-    place = f.line > 0 ? messages.format("Check", "place", f.file, std::to_string(f.line)) : f.file;
-    if (f.column > 0) place += ", " + messages.format("Check", "column", std::to_string(f.column));
+    place =
+        f.line > 0 ? messages.format(texts::check::kPlace, f.file, std::to_string(f.line)) : f.file;
+    if (f.column > 0)
+      place += ", " + messages.format(texts::check::kColumn, std::to_string(f.column));
     place += ": ";
   }
   std::string what;
   switch (f.kind) {
     case Finding::Kind::Directive:
-      what = messages.format("Check", "directive", f.subject);
+      what = messages.format(texts::check::kNoDirective, f.subject);
       break;
     case Finding::Kind::Assignment:
-      what = messages.format("Check", "assignment", f.subject);
+      what = messages.format(texts::check::kAssignment, f.subject);
       break;
     case Finding::Kind::Function:
-      what = messages.format("Check", "function", f.subject);
+      what = messages.format(texts::check::kNoFunction, f.subject);
       break;
     case Finding::Kind::Variable:
-      what = messages.format("Check", "variable", f.subject);
+      what = messages.format(texts::check::kNoValue, f.subject);
       break;
     case Finding::Kind::Setting:
-      what = messages.format("Check", "setting", f.owner, f.subject);
+      what = messages.format(texts::check::kUnknownSetting, f.owner, f.subject);
       break;
     case Finding::Kind::Rows:
-      what = messages.text("Check", "rows");
+      what = messages.text(texts::check::kUnendedRows);
       break;
     case Finding::Kind::Section:
-      what = messages.format("Check", "section", f.owner, f.subject);
+      what = messages.format(texts::check::kNoSection, f.owner, f.subject);
       break;
   }
-  if (!f.suggestion.empty()) what += " " + messages.format("Check", "suggest", f.suggestion);
+  if (!f.suggestion.empty()) what += " " + messages.format(texts::check::kSuggestion, f.suggestion);
   return place + what;
 }
 

@@ -1,6 +1,8 @@
 #include "shell/longsection_draw.h"
 
 #include "base/fs.h"
+#include "base/texts/longsection_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/compile_failure.h"
 #include "longsection/svg_writer.h"
 #include "shell/driver.h"
@@ -20,19 +22,20 @@ bool drawLongsectionWithoutCad(const RunEnvironment& env, const std::string& inp
   const std::string kept = out.script;
   ctx.players.script = [kept](RunContext&, const std::string& file) {
     auto data = fs::readFile(file);
-    if (!data || !fs::appendFile(kept, *data)) throw RuntimeFailure("write", kept);
+    if (!data || !fs::appendFile(kept, *data))
+      throw RuntimeFailure(texts::runtime::kCannotWrite, kept);
   };
   if (const std::optional<Stopped> stopped = ApplyOneFile(ctx, input)) {
     error = stopped->message;
     return false;
   }
   if (!fs::fileExists(out.script)) {
-    error = env.messages.format("Longsection", "noscript", input);
+    error = env.messages.format(texts::longsection::kNoScript, input);
     return false;
   }
   out.svg = longsection::writeSvgBesideScript(out.script);
   if (out.svg.empty()) {
-    error = env.messages.format("Longsection", "nosvg", out.script);
+    error = env.messages.format(texts::longsection::kNoPicture, out.script);
     return false;
   }
   return true;

@@ -1,6 +1,7 @@
 #include "shell/progress_meter.h"
 
 #include "base/fs.h"
+#include "base/texts/cli_texts.h"
 
 namespace korvane {
 namespace {
@@ -31,12 +32,12 @@ void ProgressMeter::engineRun(int run) {
 std::string ProgressMeter::text() const {
   std::string where;
   if (!frames_.empty())
-    where = messages_.format("Cli", "progress_at",
+    where = messages_.format(texts::cli::kProgressAt,
                              fs::fromNative(fs::native(frames_.back().file).filename()),
                              std::to_string(frames_.back().line)) +
             "  ";
-  return where +
-         messages_.format("Cli", "progress_counts", std::to_string(lines_), std::to_string(runs_));
+  return where + messages_.format(texts::cli::kProgressCounts, std::to_string(lines_),
+                                  std::to_string(runs_));
 }
 
 void ProgressMeter::fileEntered(const std::string& fullName) { frames_.push_back({fullName, 0}); }

@@ -4,6 +4,7 @@
 
 #include "base/fs.h"
 #include "base/profile.h"
+#include "base/texts/status_bar_texts.h"
 #include "shell/driver.h"
 
 namespace korvane {
@@ -34,7 +35,7 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
 
   for (std::size_t i = 0; i < entries.size(); ++i) {
     if (progress) progress->entryStarted(i, entries.size(), entries[i]);
-    ctx.status(ctx.text("StatusBar1", "stat2"));
+    ctx.status(ctx.text(texts::status_bar::kCompiling));
     const std::string file = parseRunEntry(entries[i]).path;
     save.separatePath =
         ctx.projectFolder + settings.separatePrefix + fs::splitName(file).base + ".inp";
@@ -55,7 +56,7 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
     ++outcome.entriesRun;
   }
   // Back to idle.
-  ctx.status(ctx.text("StatusBar1", "stat1"));
+  ctx.status(ctx.text(texts::status_bar::kReady));
   return outcome;
 }
 

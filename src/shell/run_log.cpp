@@ -1,5 +1,8 @@
 #include "shell/run_log.h"
 
+#include "base/texts/runtime_texts.h"
+#include "base/texts/window_texts.h"
+
 namespace korvane {
 
 void RunLog::clear() {
@@ -30,8 +33,9 @@ std::string RunLog::text(std::string_view lineEnd) const {
 hosts::MxRunResult LoggingEngine::run(std::string_view verb, const std::string& fullName) {
   hosts::MxRunResult result = engine_.configuration().run(verb, fullName);
   if (!result.ok()) {
-    log_.add(messages_.format("Runtime", "engine", result.error));
-    if (!result.listing.empty()) log_.add(messages_.format("Window", "listing", result.listing));
+    log_.add(messages_.format(texts::runtime::kEngineStopped, result.error));
+    if (!result.listing.empty())
+      log_.add(messages_.format(texts::window::kListing, result.listing));
   }
   return result;
 }

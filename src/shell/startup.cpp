@@ -5,6 +5,7 @@
 #include "base/codepage.h"
 #include "base/fs.h"
 #include "base/profile.h"
+#include "base/texts/cli_texts.h"
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
 #include "shell/standard_language.h"
@@ -65,7 +66,7 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
   EngineKind kind =
       options.defaultEngine ? *options.defaultEngine : defaultEngineKind(out.paths.settings);
   if (!options.engine.empty() && !parseEngineKind(options.engine, kind)) {
-    error = ctx.messages.format("Cli", "engine_missing", options.engine, "none|embedded|mx");
+    error = ctx.messages.format(texts::cli::kEngineMissing, options.engine, "none|embedded|mx");
     return false;
   }
   std::string reason;
@@ -84,12 +85,12 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
       }
     }
     if (!out.engine) {
-      error = ctx.messages.format("Cli", "engine_missing", "mx", reason);
+      error = ctx.messages.format(texts::cli::kEngineMissing, "mx", reason);
       return false;
     }
     const std::string named = options.project.empty() ? "" : projectFolderFor(options.project, "");
     if (!named.empty() && !cp::equalsIgnoreCase(named, project)) {
-      error = ctx.messages.format("Cli", "mx_project", project, named);
+      error = ctx.messages.format(texts::cli::kMxProject, project, named);
       out.failureStatus = 2;
       return false;
     }
@@ -97,7 +98,7 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
     project = projectFolderFor(options.project, options.firstEntry);
   }
   if (!fs::folderExists(project)) {
-    error = ctx.messages.format("Cli", "no_project", project);
+    error = ctx.messages.format(texts::cli::kNoProject, project);
     return false;
   }
   ctx.projectFolder = fs::withTrailingSeparator(project);
@@ -106,20 +107,19 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
   // that is one (or that the user named) gets a store.
   if (options.requireProject && kind == EngineKind::Embedded && options.project.empty() &&
       !isProjectFolder(project)) {
-    error = ctx.messages.format("Cli", "not_project", project) + "\n" +
-            ctx.messages.text("Cli", "choose_project");
+    error = ctx.messages.format(texts::cli::kNotProject, project) + "\n" +
+            ctx.messages.text(texts::cli::kChooseProject);
     return false;
   }
   out.failureStatus = 1;
   if (!out.lock.acquire(project)) {
-    error = ctx.messages.format("Cli", "busy", project);
+    error = ctx.messages.format(texts::cli::kBusy, project);
     return false;
   }
-  if (!out.engine)
-    out.engine = makeEngine(kind, engineSettings(project, out.paths), reason);
+  if (!out.engine) out.engine = makeEngine(kind, engineSettings(project, out.paths), reason);
   if (!out.engine) {
-    error =
-        ctx.messages.format("Cli", "engine_missing", kEngineNames[static_cast<int>(kind)], reason);
+    error = ctx.messages.format(texts::cli::kEngineMissing, kEngineNames[static_cast<int>(kind)],
+                                reason);
     return false;
   }
   ctx.engine = out.engine.get();

@@ -12,6 +12,8 @@
 
 #include "base/conversions.h"
 #include "base/fs.h"
+#include "base/texts/longsection_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "longsection/generated_input.h"
 #include "longsection/model_strings.h"
 #include "longsection/panel_file.h"
@@ -22,6 +24,8 @@
 namespace korvane::window {
 
 namespace {
+
+namespace ls = texts::longsection;
 
 using longsection::Parameters;
 
@@ -55,31 +59,31 @@ LongsectionPanel::LongsectionPanel(WindowSession& session,
   if (last.empty() || !openSet(last)) newSet();
 }
 
-QString LongsectionPanel::text(const char* key) const { return session_.text("Longsection", key); }
+QString LongsectionPanel::text(MessageKey key) const { return session_.text(key); }
 
 void LongsectionPanel::build() {
-  setWindowTitle(text("title"));
+  setWindowTitle(text(ls::kTitle));
   auto* form = new QWidget;
   auto* column = new QVBoxLayout(form);
 
   // Panel files.
-  auto* filesBox = new QGroupBox(text("files"));
+  auto* filesBox = new QGroupBox(text(ls::kFiles));
   auto* filesLayout = new QVBoxLayout(filesBox);
   files_ = new QListWidget;
   files_->setObjectName("panelFiles");
   files_->setMaximumHeight(90);
   filesLayout->addWidget(files_);
   auto* fileButtons = new QHBoxLayout;
-  auto button = [this](const char* key, auto slot) {
+  auto button = [this](MessageKey key, auto slot) {
     auto* b = new QPushButton(text(key));
-    b->setObjectName(QString("ls_") + key);
+    b->setObjectName("ls_" + QLatin1StringView(key.key.data(), qsizetype(key.key.size())));
     connect(b, &QPushButton::clicked, this, slot);
     return b;
   };
-  fileButtons->addWidget(button("new", [this] { newSet(); }));
-  fileButtons->addWidget(button("open", [this] { openDialog(); }));
-  fileButtons->addWidget(button("save", [this] { save(); }));
-  fileButtons->addWidget(button("saveas", [this] { saveAs(); }));
+  fileButtons->addWidget(button(ls::kNew, [this] { newSet(); }));
+  fileButtons->addWidget(button(ls::kOpen, [this] { openDialog(); }));
+  fileButtons->addWidget(button(ls::kSave, [this] { save(); }));
+  fileButtons->addWidget(button(ls::kSaveAs, [this] { saveAs(); }));
   filesLayout->addLayout(fileButtons);
   connect(files_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) {
     openSet(fs::join(session_.ctx.projectFolder, toCore(item->text())));
@@ -87,30 +91,31 @@ void LongsectionPanel::build() {
   column->addWidget(filesBox);
 
   // The model and its strings.
-  auto* modelBox = new QGroupBox(text("model"));
+  auto* modelBox = new QGroupBox(text(ls::kModel));
   auto* modelForm = new QFormLayout(modelBox);
   model_ = field("model");
   master_ = stringChoice("master");
   ground_ = stringChoice("ground");
   design_ = stringChoice("design");
-  modelForm->addRow(text("model"), model_);
-  modelForm->addRow(text("masterl"), master_);
-  modelForm->addRow(text("groundl"), ground_);
-  modelForm->addRow(text("designl"), design_);
+  modelForm->addRow(text(ls::kModel), model_);
+  modelForm->addRow(text(ls::kMasterLabel), master_);
+  modelForm->addRow(text(ls::kGroundLabel), ground_);
+  modelForm->addRow(text(ls::kDesignLabel), design_);
   connect(model_, &QLineEdit::editingFinished, this, [this] { fillStrings(); });
   column->addWidget(modelBox);
 
-  auto* extrasBox = new QGroupBox(text("extras"));
+  auto* extrasBox = new QGroupBox(text(ls::kExtras));
   auto* extrasLayout = new QVBoxLayout(extrasBox);
   extras_ = new QTableWidget(0, 3);
   extras_->setObjectName("extras");
-  extras_->setHorizontalHeaderLabels({text("colstring"), text("collinetype"), text("collayer")});
+  extras_->setHorizontalHeaderLabels(
+      {text(ls::kStringColumn), text(ls::kLineTypeColumn), text(ls::kLayerColumn)});
   extras_->horizontalHeader()->setStretchLastSection(true);
   extras_->verticalHeader()->hide();
   extras_->setMaximumHeight(90);
   extrasLayout->addWidget(extras_);
   auto* extraButtons = new QHBoxLayout;
-  extraButtons->addWidget(button("add", [this] {
+  extraButtons->addWidget(button(ls::kAdd, [this] {
     if (extras_->rowCount() >= longsection::kMaxExtras) return;
     const int row = extras_->rowCount();
     extras_->insertRow(row);
@@ -118,7 +123,7 @@ void LongsectionPanel::build() {
     extras_->setItem(row, 1, new QTableWidgetItem(fromCore(e.lineType)));
     extras_->setItem(row, 2, new QTableWidgetItem(fromCore(e.layer)));
   }));
-  extraButtons->addWidget(button("remove", [this] {
+  extraButtons->addWidget(button(ls::kRemove, [this] {
     if (extras_->currentRow() >= 0) extras_->removeRow(extras_->currentRow());
   }));
   extraButtons->addStretch();
@@ -126,18 +131,18 @@ void LongsectionPanel::build() {
   column->addWidget(extrasBox);
 
   // Scales and sheet.
-  auto* sheetBox = new QGroupBox(text("sheet"));
+  auto* sheetBox = new QGroupBox(text(ls::kSheet));
   auto* grid = new QGridLayout(sheetBox);
   hscale_ = field("hscale");
   vscale_ = field("vscale");
   size_ = new QComboBox;
   size_->setObjectName("sheetSize");
   for (const auto& s : longsection::standardSheetSizes()) size_->addItem(fromCore(s), fromCore(s));
-  size_->addItem(text("custom"), "Custom");
+  size_->addItem(text(ls::kCustomSize), "Custom");
   orientation_ = new QComboBox;
   orientation_->setObjectName("orientation");
-  orientation_->addItem(text("landscape"));
-  orientation_->addItem(text("portrait"));
+  orientation_->addItem(text(ls::kLandscape));
+  orientation_->addItem(text(ls::kPortrait));
   width_ = field("sheetWidth");
   height_ = field("sheetHeight");
   left_ = field("marginLeft");
@@ -145,62 +150,62 @@ void LongsectionPanel::build() {
   top_ = field("marginTop");
   bottom_ = field("marginBottom");
   int row = 0;
-  auto pair = [&](const char* key, QWidget* a, const char* key2, QWidget* b) {
+  auto pair = [&](MessageKey key, QWidget* a, MessageKey key2, QWidget* b) {
     grid->addWidget(new QLabel(text(key)), row, 0);
     grid->addWidget(a, row, 1);
     grid->addWidget(new QLabel(text(key2)), row, 2);
     grid->addWidget(b, row, 3);
     ++row;
   };
-  pair("hscale", hscale_, "vscale", vscale_);
-  pair("size", size_, "orient", orientation_);
-  pair("width", width_, "height", height_);
-  grid->addWidget(new QLabel(text("margins")), row++, 0, 1, 4);
-  pair("left", left_, "right", right_);
-  pair("top", top_, "bottom", bottom_);
+  pair(ls::kHorizontalScale, hscale_, ls::kVerticalScale, vscale_);
+  pair(ls::kSize, size_, ls::kOrientation, orientation_);
+  pair(ls::kWidth, width_, ls::kHeight, height_);
+  grid->addWidget(new QLabel(text(ls::kMargins)), row++, 0, 1, 4);
+  pair(ls::kLeft, left_, ls::kRight, right_);
+  pair(ls::kTop, top_, ls::kBottom, bottom_);
   connect(size_, &QComboBox::currentIndexChanged, this, [this] { sizeChanged(); });
   connect(orientation_, &QComboBox::currentIndexChanged, this, [this] { sizeChanged(); });
   column->addWidget(sheetBox);
 
   // Chainages, levels and the drawing.
-  auto* rangeBox = new QGroupBox(text("chainages"));
+  auto* rangeBox = new QGroupBox(text(ls::kChainages));
   auto* rangeForm = new QFormLayout(rangeBox);
   start_ = field("startChainage");
   end_ = field("endChainage");
-  start_->setPlaceholderText(text("ends"));
-  end_->setPlaceholderText(text("ends"));
+  start_->setPlaceholderText(text(ls::kChainageHint));
+  end_->setPlaceholderText(text(ls::kChainageHint));
   interval_ = field("interval");
-  gradeColumns_ = new QCheckBox(text("gradecols"));
+  gradeColumns_ = new QCheckBox(text(ls::kGradeColumns));
   gradeColumns_->setObjectName("gradeColumns");
   datum_ = field("datum");
-  datum_->setPlaceholderText(text("datumhint"));
+  datum_->setPlaceholderText(text(ls::kDatumHint));
   textHeight_ = field("textHeight");
   groundType_ = field("groundType");
   designType_ = field("designType");
-  rangeForm->addRow(text("start"), start_);
-  rangeForm->addRow(text("end"), end_);
-  rangeForm->addRow(text("intervall"), interval_);
+  rangeForm->addRow(text(ls::kStartChainage), start_);
+  rangeForm->addRow(text(ls::kEndChainage), end_);
+  rangeForm->addRow(text(ls::kBandInterval), interval_);
   rangeForm->addRow(QString(), gradeColumns_);
-  rangeForm->addRow(text("datuml"), datum_);
-  rangeForm->addRow(text("textheightl"), textHeight_);
-  rangeForm->addRow(text("groundtype"), groundType_);
-  rangeForm->addRow(text("designtype"), designType_);
+  rangeForm->addRow(text(ls::kDatumLevel), datum_);
+  rangeForm->addRow(text(ls::kTextHeight), textHeight_);
+  rangeForm->addRow(text(ls::kGroundLineType), groundType_);
+  rangeForm->addRow(text(ls::kDesignLineType), designType_);
   column->addWidget(rangeBox);
 
   // Generate and what follows it.
-  putOnList_ = new QRadioButton(text("torun"));
+  putOnList_ = new QRadioButton(text(ls::kPutOnList));
   putOnList_->setObjectName("putOnList");
-  runNow_ = new QRadioButton(text("runnow"));
+  runNow_ = new QRadioButton(text(ls::kRunNow));
   runNow_->setObjectName("runNow");
   putOnList_->setChecked(true);
   auto* actions = new QHBoxLayout;
-  actions->addWidget(button("generate", [this] {
+  actions->addWidget(button(ls::kGenerate, [this] {
     if (generate()) toRun_(input_, runNow_->isChecked());
   }));
   actions->addWidget(putOnList_);
   actions->addWidget(runNow_);
   actions->addStretch();
-  actions->addWidget(button("preview", [this] { preview(); }));
+  actions->addWidget(button(ls::kPreview, [this] { preview(); }));
   column->addLayout(actions);
   problems_ = new QLabel;
   problems_->setObjectName("problems");
@@ -218,7 +223,7 @@ void LongsectionPanel::build() {
   scroll->setWidgetResizable(true);
   scroll->setMinimumWidth(form->sizeHint().width() + 24);
   preview_ = new LongsectionPreview;
-  preview_->setHint(text("previewnone"));
+  preview_->setHint(text(ls::kPreviewHint));
   auto* split = new QSplitter;
   split->addWidget(scroll);
   split->addWidget(preview_);
@@ -241,7 +246,7 @@ void LongsectionPanel::fillStrings() {
     if (session_.ctx.engine)
       labels = longsection::stringLabels(*session_.ctx.engine, toCore(model_->text().trimmed()));
   } catch (const hosts::MxError& e) {  // no labels to offer; say why
-    problems_->setText(session_.format("Runtime", "mxstore", fromCore(e.what())));
+    problems_->setText(session_.format(texts::runtime::kModelStore, fromCore(e.what())));
   }
   for (QComboBox* c : {master_, ground_, design_}) {
     const QString kept = c->currentText();
@@ -340,7 +345,7 @@ void LongsectionPanel::setParameters(const Parameters& p) {
 void LongsectionPanel::setFile(const std::string& path) {
   file_ = path;
   const QString name = path.empty() ? QString() : fromCore(fs::splitName(path).base + ".ipd");
-  setWindowTitle(name.isEmpty() ? text("title") : text("title") + " - " + name);
+  setWindowTitle(name.isEmpty() ? text(ls::kTitle) : text(ls::kTitle) + " - " + name);
   if (!path.empty()) longsection::rememberPanelFile(session_.ctx.settingsPath, path);
 }
 
@@ -364,14 +369,14 @@ bool LongsectionPanel::openSet(const std::string& path) {
 
 void LongsectionPanel::openDialog() {
   const QString chosen = QFileDialog::getOpenFileName(
-      this, text("open"), fromCore(session_.ctx.projectFolder), text("filter"));
+      this, text(ls::kOpen), fromCore(session_.ctx.projectFolder), text(ls::kFileFilter));
   if (!chosen.isEmpty()) openSet(toCore(chosen));
 }
 
 bool LongsectionPanel::save() {
   if (file_.empty()) return saveAs();
   if (!longsection::writePanelFile(file_, parameters())) {
-    problems_->setText(session_.format("Longsection", "savefailed", fromCore(file_)));
+    problems_->setText(session_.format(ls::kSaveFailed, fromCore(file_)));
     return false;
   }
   fillFiles();
@@ -380,7 +385,7 @@ bool LongsectionPanel::save() {
 
 bool LongsectionPanel::saveAs() {
   QString chosen = QFileDialog::getSaveFileName(
-      this, text("saveas"), fromCore(session_.ctx.projectFolder), text("filter"));
+      this, text(ls::kSaveAs), fromCore(session_.ctx.projectFolder), text(ls::kFileFilter));
   if (chosen.isEmpty()) return false;
   if (!chosen.endsWith(".ipd", Qt::CaseInsensitive)) chosen += ".ipd";
   setFile(toCore(chosen));
@@ -392,10 +397,11 @@ bool LongsectionPanel::check() {
   const auto found =
       longsection::validate(parameters(), session_.ctx.engine, session_.ctx.messages, &extent);
   QString all;
-  for (const auto& m : found) all += (all.isEmpty() ? text("problems") + "\n" : "\n") + fromCore(m);
+  for (const auto& m : found)
+    all += (all.isEmpty() ? text(ls::kProblems) + "\n" : "\n") + fromCore(m);
   problems_->setText(all);
   if (found.empty() && extent.sheets > 0)
-    info_->setText(session_.format("Longsection", "sheetsinfo", QString::number(extent.sheets),
+    info_->setText(session_.format(ls::kSheetsInfo, QString::number(extent.sheets),
                                    number(extent.start) + " - " + number(extent.end)));
   return found.empty();
 }
@@ -404,7 +410,7 @@ bool LongsectionPanel::generate() {
   info_->clear();
   if (!check()) return false;
   if (file_.empty() && !saveAs()) {
-    problems_->setText(text("nofile"));
+    problems_->setText(text(ls::kSaveFirst));
     return false;
   }
   if (!save()) return false;
@@ -417,11 +423,10 @@ bool LongsectionPanel::generate() {
   if (folder.empty()) folder = session_.ctx.projectFolder;
   if (input_.empty() ||
       !longsection::writeDrawingParameterFile(folder, longsection::setName(file_), p, extent)) {
-    problems_->setText(session_.format("Longsection", "savefailed", fromCore(file_)));
+    problems_->setText(session_.format(ls::kSaveFailed, fromCore(file_)));
     return false;
   }
-  info_->setText(info_->text() + "\n" +
-                 session_.format("Longsection", "written", fromCore(input_)));
+  info_->setText(info_->text() + "\n" + session_.format(ls::kWritten, fromCore(input_)));
   return true;
 }
 
@@ -435,8 +440,7 @@ bool LongsectionPanel::preview() {
     return false;
   }
   preview_->load(fromCore(drawn.svg));
-  info_->setText(info_->text() + "\n" +
-                 session_.format("Longsection", "written", fromCore(drawn.svg)));
+  info_->setText(info_->text() + "\n" + session_.format(ls::kWritten, fromCore(drawn.svg)));
   return true;
 }
 

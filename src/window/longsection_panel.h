@@ -51,7 +51,7 @@ class LongsectionPanel : public QWidget {
   void sizeChanged();
   void setFile(const std::string& path);
   bool check();
-  QString text(const char* key) const;
+  QString text(MessageKey key) const;
 
   WindowSession& session_;
   std::function<void(const std::string&, bool)> toRun_;

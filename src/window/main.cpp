@@ -8,6 +8,7 @@
 #include <QStandardPaths>
 #include <iostream>
 
+#include "base/texts/messages_texts.h"
 #include "shell/startup.h"
 #include "window/main_window.h"
 #include "window/pictures.h"
@@ -51,7 +52,7 @@ int main(int argc, char** argv) {
   QLockFile lock(QDir(QStandardPaths::writableLocation(QStandardPaths::TempLocation))
                      .filePath("korvane-window.lock"));
   if (!batch && !lock.tryLock(0)) {
-    tell("Korvane", session->format("Messages", "s1", "Korvane"));
+    tell("Korvane", session->format(texts::messages::kAlreadyRunning, "Korvane"));
     return 0;
   }
 

@@ -6,6 +6,10 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "base/texts/caption_texts.h"
+#include "base/texts/menu_texts.h"
+#include "base/texts/status_bar_texts.h"
+#include "base/texts/toolbar_texts.h"
 #include "shell/window_settings.h"
 #include "window/pictures.h"
 #include "window/text_edge.h"
@@ -251,43 +255,53 @@ void MainWindow::buildPanes() {
 }
 
 void MainWindow::labelControls() {
-  const std::pair<const char*, const char*> menus[] = {
-      {"mnuFile", "File"},
-      {"mnuTools", "Tools"},
-      {"mnuLong", "Long"},
-      {"mnuHelp", "Help"},
+  const std::pair<const char*, MessageKey> menus[] = {
+      {"mnuFile", texts::menu::kFile},
+      {"mnuTools", texts::menu::kTools},
+      {"mnuLong", texts::menu::kLongsection},
+      {"mnuHelp", texts::menu::kHelp},
   };
   for (const auto& [name, key] : menus)
-    findChild<QMenu*>(name)->setTitle(caption(session_.text("Menu1", key)));
-  const std::pair<const char*, const char*> entries[] = {
-      {"mnuEdit", "Edit"},           {"mnuSelect", "Select"},
-      {"mnuSelectAll", "SelectAll"}, {"mnuRun", "Run"},
-      {"mnuStop", "Stop"},           {"mnuDelete", "Delete"},
-      {"mnuDeleteAll", "DeleteAll"}, {"mnuExit", "Exit"},
-      {"mnuRefresh", "Refresh"},     {"mnuDir", "Dir"},
-      {"mnuLists", "Lists"},         {"mnuHome", "Home"},
-      {"mnuLongDraw", "LongDraw"},   {"mnuCHM", "CHM"},
-      {"mnuAbout", "About"},         {"mnuInpsEdit", "InpsEdit"},
-      {"mnuToRunDel", "ToRunDel"},   {"mnuToRunDelAll", "ToRunDelAll"},
-      {"mnuToRunCopy", "ToRunCopy"},
+    findChild<QMenu*>(name)->setTitle(caption(session_.text(key)));
+  const std::pair<const char*, MessageKey> entries[] = {
+      {"mnuEdit", texts::menu::kEdit},
+      {"mnuSelect", texts::menu::kSelect},
+      {"mnuSelectAll", texts::menu::kSelectAll},
+      {"mnuRun", texts::menu::kRun},
+      {"mnuStop", texts::menu::kStop},
+      {"mnuDelete", texts::menu::kDelete},
+      {"mnuDeleteAll", texts::menu::kDeleteAll},
+      {"mnuExit", texts::menu::kExit},
+      {"mnuRefresh", texts::menu::kRefresh},
+      {"mnuDir", texts::menu::kFolderPanel},
+      {"mnuLists", texts::menu::kVariables},
+      {"mnuHome", texts::menu::kHome},
+      {"mnuLongDraw", texts::menu::kLongsectionDraw},
+      {"mnuCHM", texts::menu::kHelpContents},
+      {"mnuAbout", texts::menu::kAbout},
+      {"mnuInpsEdit", texts::menu::kEditInput},
+      {"mnuToRunDel", texts::menu::kToRunDelete},
+      {"mnuToRunDelAll", texts::menu::kToRunDeleteAll},
+      {"mnuToRunCopy", texts::menu::kToRunCopy},
   };
-  for (const auto& [name, key] : entries)
-    action(name)->setText(caption(session_.text("Menu1", key)));
-  action("mnuSaveOne")->setText(caption(session_.text("StatusBar1", "saveone")));
-  action("mnuSaveSep")->setText(caption(session_.text("StatusBar1", "savesep")));
+  for (const auto& [name, key] : entries) action(name)->setText(caption(session_.text(key)));
+  action("mnuSaveOne")->setText(caption(session_.text(texts::status_bar::kSaveOne)));
+  action("mnuSaveSep")->setText(caption(session_.text(texts::status_bar::kSaveSeparate)));
 
-  inpsLabel_->setText(session_.text("Caption1", "s1"));
-  subsLabel_->setText(session_.text("Caption1", "s2"));
-  toRunLabel_->setText(session_.text("Caption1", "s3"));
-  pickAll_->setText(session_.text("Caption1", "s4"));
-  pick_->setToolTip(session_.text("Menu1", "Select"));
-  pickAll_->setToolTip(session_.text("Menu1", "SelectAll"));
+  inpsLabel_->setText(session_.text(texts::caption::kInputFiles));
+  subsLabel_->setText(session_.text(texts::caption::kSections));
+  toRunLabel_->setText(session_.text(texts::caption::kToRun));
+  pickAll_->setText(session_.text(texts::caption::kAll));
+  pick_->setToolTip(session_.text(texts::menu::kSelect));
+  pickAll_->setToolTip(session_.text(texts::menu::kSelectAll));
 
-  const std::pair<const char*, const char*> tips[] = {
-      {"mnuRun", "run"}, {"mnuStop", "stop"}, {"mnuRefresh", "refresh"}, {"mnuLists", "lists"},
-      {"mnuDir", "dir"}, {"mnuHome", "home"}, {"mnuCHM", "help"},
+  const std::pair<const char*, MessageKey> tips[] = {
+      {"mnuRun", texts::toolbar::kRun},         {"mnuStop", texts::toolbar::kStop},
+      {"mnuRefresh", texts::toolbar::kRefresh}, {"mnuLists", texts::toolbar::kVariables},
+      {"mnuDir", texts::toolbar::kFolderPanel}, {"mnuHome", texts::toolbar::kHome},
+      {"mnuCHM", texts::toolbar::kHelp},
   };
-  for (const auto& [name, key] : tips) action(name)->setToolTip(session_.text("ToolBar1", key));
+  for (const auto& [name, key] : tips) action(name)->setToolTip(session_.text(key));
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* e) {

@@ -5,8 +5,10 @@
 #include <QUrl>
 #include <cstdlib>
 
-#include "shell/editor_command.h"
 #include "base/fs.h"
+#include "base/texts/menu_texts.h"
+#include "base/texts/window_texts.h"
+#include "shell/editor_command.h"
 #include "shell/input_sections.h"
 #include "shell/project_folder.h"
 #include "window/main_window.h"
@@ -146,7 +148,7 @@ void MainWindow::editInput() {
   const bool ok = QDesktopServices::openUrl(
       QUrl::fromLocalFile(QString::fromStdU16String(fs::native(path).u16string())));
 #endif
-  if (!ok) warn("Korvane", session_.format("Window", "noeditor", fromCore(path)));
+  if (!ok) warn("Korvane", session_.format(texts::window::kNoEditor, fromCore(path)));
 }
 
 void MainWindow::home() {
@@ -179,7 +181,7 @@ void MainWindow::updateFileMenu() {
 void MainWindow::updateInpsPopup() {
   const std::string name = selectedInput();
   QAction* edit = action("mnuInpsEdit");
-  const QString text = session_.text("Menu1", "InpsEdit").replace("&", "&&");
+  const QString text = session_.text(texts::menu::kEditInput).replace("&", "&&");
   edit->setText(name.empty() ? text : text + ": " + fromCore(name).replace("&", "&&"));
   edit->setEnabled(!name.empty());
 }

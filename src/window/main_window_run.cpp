@@ -8,6 +8,10 @@
 #include <iostream>
 
 #include "base/fs.h"
+#include "base/texts/menu_texts.h"
+#include "base/texts/messages_texts.h"
+#include "base/texts/status_bar_texts.h"
+#include "base/texts/window_texts.h"
 #include "shell/help_viewer.h"
 #include "window/longsection_panel.h"
 #include "window/main_window.h"
@@ -56,7 +60,7 @@ void MainWindow::onRunFinished() {
       raise();
       activateWindow();
     }
-    warn(session_.text("Messages", "s4"), fromCore(outcome.message));
+    warn(session_.text(texts::messages::kRunStopped), fromCore(outcome.message));
   }
   setRunning(false);
   idleReset();
@@ -68,7 +72,7 @@ void MainWindow::idleReset() {
   if (inps_->count() > 0 && inps_->selectedItems().isEmpty()) inps_->setCurrentRow(0);
   if (!batch_) focusInputs();
   holdStatus_ = false;
-  panels_->setState(session_.text("StatusBar1", "stat1"));
+  panels_->setState(session_.text(texts::status_bar::kReady));
 }
 
 int MainWindow::runBatch(const std::string& entry) {
@@ -111,7 +115,9 @@ void MainWindow::showHelp() {
       fs::fileExists(help) && (showHelpFile(help) ||  // Windows' HTML help viewer
                                QDesktopServices::openUrl(QUrl::fromLocalFile(
                                    QString::fromStdU16String(fs::native(help).u16string()))));
-  if (!ok) warn(session_.text("Menu1", "CHM"), session_.format("Window", "nohelp", fromCore(help)));
+  if (!ok)
+    warn(session_.text(texts::menu::kHelpContents),
+         session_.format(texts::window::kNoHelp, fromCore(help)));
 }
 
 void MainWindow::showLongDraw() {
@@ -132,15 +138,15 @@ void MainWindow::showLongDraw() {
 void MainWindow::showAbout() {
   QMessageBox box(this);
   box.setObjectName("aboutBox");
-  box.setWindowTitle(session_.text("Menu1", "About"));
+  box.setWindowTitle(session_.text(texts::menu::kAbout));
   box.setIconPixmap(picturePixmap("korvane", 64, devicePixelRatioF()));
   box.setTextFormat(Qt::PlainText);
   box.setText("Korvane");
   box.setInformativeText(
-      session_.text("Window", "about") + "\n\n" +
-      session_.format("Window", "version", KORVANE_VERSION) + "\n" +
-      session_.format("Window", "project", fromCore(session_.ctx.projectFolder)) + "\n" +
-      session_.format("Window", "settings", fromCore(session_.paths().settings)));
+      session_.text(texts::window::kAbout) + "\n\n" +
+      session_.format(texts::window::kVersion, KORVANE_VERSION) + "\n" +
+      session_.format(texts::window::kProject, fromCore(session_.ctx.projectFolder)) + "\n" +
+      session_.format(texts::window::kSettings, fromCore(session_.paths().settings)));
   box.exec();
 }
 

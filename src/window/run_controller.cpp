@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QInputDialog>
 
+#include "base/texts/window_texts.h"
 #include "window/text_edge.h"
 
 namespace korvane::window {
@@ -53,7 +54,7 @@ void RunController::status(const std::string& text) {
 }
 
 void RunController::entryStarted(std::size_t index, std::size_t, const std::string& entry) {
-  session_.log.add(session_.ctx.messages.format("Window", "logentry", entry));
+  session_.log.add(session_.ctx.messages.format(texts::window::kLogEntry, entry));
   if (closing_) return;
   const int i = static_cast<int>(index);
   // Waits until the window shows which entry runs.

@@ -19,13 +19,10 @@ std::unique_ptr<WindowSession> WindowSession::open(const StartupOptions& options
   return s;
 }
 
-QString WindowSession::text(const char* section, const char* key) const {
-  return fromCore(ctx.messages.text(section, key));
-}
+QString WindowSession::text(MessageKey key) const { return fromCore(ctx.messages.text(key)); }
 
-QString WindowSession::format(const char* section, const char* key, const QString& a1,
-                              const QString& a2) const {
-  return fromCore(ctx.messages.format(section, key, toCore(a1), toCore(a2)));
+QString WindowSession::format(MessageKey key, const QString& a1, const QString& a2) const {
+  return fromCore(ctx.messages.format(key, toCore(a1), toCore(a2)));
 }
 
 std::string WindowSession::helpFile() const {

@@ -20,9 +20,8 @@ class WindowSession {
   static std::unique_ptr<WindowSession> open(const StartupOptions& options, std::string& error);
 
   // A text of the language file, ready for a widget.
-  QString text(const char* section, const char* key) const;
-  QString format(const char* section, const char* key, const QString& a1,
-                 const QString& a2 = {}) const;
+  QString text(MessageKey key) const;
+  QString format(MessageKey key, const QString& a1, const QString& a2 = {}) const;
 
   const HomePaths& paths() const { return started_.paths; }
   // The help file: "Korvane" + HU or EN + ".chm" beside the settings.

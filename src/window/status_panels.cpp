@@ -1,11 +1,14 @@
 #include "window/status_panels.h"
 
+#include "base/texts/status_bar_texts.h"
 #include "shell/window_settings.h"
 #include "window/pictures.h"
 #include "window/text_edge.h"
 
 namespace korvane::window {
 namespace {
+
+namespace status_bar = texts::status_bar;
 
 constexpr int kPictureSize = 16;
 
@@ -48,7 +51,8 @@ StatusPanels::StatusPanels(QStatusBar* bar, const WindowSession& session, QActio
 
 void StatusPanels::setInsideProject(bool inside) {
   showPicture(excl_, inside ? "proj" : "notproj");
-  excl_->setToolTip(session_.text("StatusBar1", inside ? "chk" : "excl"));
+  excl_->setToolTip(
+      session_.text(inside ? status_bar::kInsideProject : status_bar::kOutsideProject));
 }
 
 void StatusPanels::setFolder(const QString& folder) {
@@ -83,9 +87,9 @@ void StatusPanels::toggle(const QString& key) {
 void StatusPanels::repaint(const QString& key) {
   QToolButton* b = saveButton(key);
   const bool on = bevel(key) == kBevelPressed;
-  const QByteArray k = key.toLatin1();
-  b->setToolTip(fromCore(saveModeTip(bevel(key), session_.ctx.text("StatusBar1", k.constData()),
-                                     session_.ctx.text("StatusBar1", "saveact"))));
+  const MessageKey panelText = b == saveOne_ ? status_bar::kSaveOne : status_bar::kSaveSeparate;
+  b->setToolTip(fromCore(saveModeTip(bevel(key), session_.ctx.text(panelText),
+                                     session_.ctx.text(status_bar::kSaveModeOn))));
   const QString pictureKey = on ? key : key + "bw";
   b->setIcon(picture(pictureKey));
   b->setProperty("picture", pictureKey);

@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 
+#include "base/texts/lists_texts.h"
 #include "compiler/variable_table.h"
 #include "shell/window_settings.h"
 #include "window/text_edge.h"
@@ -21,7 +22,7 @@ QFont fixedFont() {
 VariablesViewer::VariablesViewer(const WindowSession& session, QWidget* parent)
     : QWidget(parent, Qt::Window) {
   setObjectName("frmVars");
-  setWindowTitle(session.text("Lists", "Caption"));
+  setWindowTitle(session.text(texts::lists::kCaption));
   const int minimum = kViewerMinTwips / kTwipsPerPixel;
   setMinimumSize(minimum, minimum);
   resize(minimum * 2, minimum * 2);
@@ -37,10 +38,10 @@ VariablesViewer::VariablesViewer(const WindowSession& session, QWidget* parent)
   txtChai_->setFont(fixedFont());
   txtChai_->setReadOnly(true);
   txtChai_->setLineWrapMode(QPlainTextEdit::NoWrap);
-  tbsLook_->addTab(lstVars_, session.text("Lists", "Vars"));
-  tbsLook_->setTabToolTip(0, session.text("Lists", "Varstip"));
-  tbsLook_->addTab(txtChai_, session.text("Lists", "Sups"));
-  tbsLook_->setTabToolTip(1, session.text("Lists", "Supstip"));
+  tbsLook_->addTab(lstVars_, session.text(texts::lists::kVariables));
+  tbsLook_->setTabToolTip(0, session.text(texts::lists::kVariablesTip));
+  tbsLook_->addTab(txtChai_, session.text(texts::lists::kLog));
+  tbsLook_->setTabToolTip(1, session.text(texts::lists::kLogTip));
 
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(4, 4, 4, 4);

@@ -57,7 +57,7 @@ struct ComAutoCad : ::testing::Test {
     try {
       return lookUpAutoCad(ev.ctx, system)->get("Version").text();
     } catch (const CompileFailure& f) {
-      return f.key() + ":" + f.arg1();
+      return std::string(f.key().key) + ":" + f.arg1();
     }
   }
 };

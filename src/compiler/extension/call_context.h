@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/message_key.h"
 #include "hosts/automation.h"
 #include "hosts/excel.h"
 #include "hosts/mx.h"
@@ -38,9 +39,8 @@ class CallContext {
   void flushAndRun();
 
   // Texts of the language file.
-  std::string text(const char* section, const char* key) const;
-  std::string format(std::string_view section, std::string_view key, std::string_view a1 = {},
-                     std::string_view a2 = {}) const;
+  std::string text(MessageKey key) const;
+  std::string format(MessageKey key, std::string_view a1 = {}, std::string_view a2 = {}) const;
 
   // Folders and hosts.
   const std::string& projectFolder() const;  // ends with a separator

@@ -1,6 +1,7 @@
 #include "compiler/extension/compile_failure.h"
 
 #include "base/conversions.h"
+#include "base/texts/runtime_texts.h"
 #include "hosts/automation.h"
 #include "hosts/excel.h"
 #include "hosts/mx.h"
@@ -8,16 +9,16 @@
 namespace korvane {
 namespace {
 
-const char* conversionKey(conv::ConvErrc code) {
+texts::runtime::Key conversionKey(conv::ConvErrc code) {
   switch (code) {
     case conv::ConvErrc::Overflow:
-      return "overflow";
+      return texts::runtime::kOverflow;
     case conv::ConvErrc::TypeMismatch:
-      return "mismatch";
+      return texts::runtime::kTypeMismatch;
     case conv::ConvErrc::InvalidPattern:
-      return "pattern";
+      return texts::runtime::kBadPattern;
     default:
-      return "badarg";
+      return texts::runtime::kBadArgument;
   }
 }
 
@@ -29,12 +30,13 @@ RuntimeFailure foreignFailure(std::string subject) {
   } catch (const conv::ConversionError& e) {
     return RuntimeFailure(conversionKey(e.code()), subject.empty() ? e.what() : std::move(subject));
   } catch (const hosts::AutomationError& e) {
-    if (e.subject.empty()) return RuntimeFailure("automation", e.what());
-    return RuntimeFailure("automation", e.subject, e.detail, hosts::reasonKey(e.reason));
+    if (e.subject.empty()) return RuntimeFailure(texts::runtime::kAutomationFailed, e.what());
+    return RuntimeFailure(texts::runtime::kAutomationFailed, e.subject, e.detail,
+                          hosts::reasonKey(e.reason));
   } catch (const hosts::WorkbookError& e) {
     return RuntimeFailure(hosts::WorkbookError::key(e.reason), e.subject, e.detail);
   } catch (const hosts::MxError& e) {
-    return RuntimeFailure("mxstore", e.what());
+    return RuntimeFailure(texts::runtime::kModelStore, e.what());
   }
 }
 

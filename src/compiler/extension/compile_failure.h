@@ -11,10 +11,14 @@
 // place, foreignFailure().
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "base/texts/automation_texts.h"
+#include "base/texts/messages_texts.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/source_place.h"
 
 namespace korvane {
@@ -24,13 +28,13 @@ class CompileFailure : public std::runtime_error {
   enum class Kind { Message, Runtime };
 
   Kind kind() const { return kind_; }
-  // The key in the language file's section for the kind, and its "%1", "%2".
-  const std::string& key() const { return key_; }
+  // The text in the language file's section for the kind, and its "%1", "%2".
+  MessageKey key() const { return key_; }
   const std::string& arg1() const { return a1_; }
   const std::string& arg2() const { return a2_; }
-  // For a call to another program that failed: the key of the "Automation"
-  // text that says why, which stands for "%2" with arg2() as its own "%1".
-  const char* reasonKey() const { return reason_; }
+  // For a call to another program that failed: the "Automation" text that
+  // says why, which stands for "%2" with arg2() as its own "%1".
+  const std::optional<texts::automation::Key>& reason() const { return reason_; }
 
   // Where the compile stood; filled by the innermost compile level.
   bool located = false;
@@ -51,34 +55,35 @@ class CompileFailure : public std::runtime_error {
   std::vector<SourcePlace> mxSource;
 
  protected:
-  CompileFailure(Kind kind, std::string key, std::string a1, std::string a2,
-                 const char* reason = nullptr)
-      : std::runtime_error(key),
+  CompileFailure(Kind kind, MessageKey key, std::string a1, std::string a2,
+                 std::optional<texts::automation::Key> reason = {})
+      : std::runtime_error(std::string(key.key)),
         kind_(kind),
-        key_(std::move(key)),
+        key_(key),
         a1_(std::move(a1)),
         a2_(std::move(a2)),
         reason_(reason) {}
 
  private:
   Kind kind_;
-  std::string key_, a1_, a2_;
-  const char* reason_;
+  MessageKey key_;
+  std::string a1_, a2_;
+  std::optional<texts::automation::Key> reason_;
 };
 
-// A run-time failure; `key` names the message in the "Runtime" section.
+// A run-time failure: a text of the "Runtime" section.
 class RuntimeFailure : public CompileFailure {
  public:
-  explicit RuntimeFailure(std::string key, std::string a1 = {}, std::string a2 = {},
-                          const char* reason = nullptr)
-      : CompileFailure(Kind::Runtime, std::move(key), std::move(a1), std::move(a2), reason) {}
+  explicit RuntimeFailure(texts::runtime::Key key, std::string a1 = {}, std::string a2 = {},
+                          std::optional<texts::automation::Key> reason = {})
+      : CompileFailure(Kind::Runtime, key, std::move(a1), std::move(a2), reason) {}
 };
 
-// A message of the "Messages" section that ends the run.
+// A text of the "Messages" section that ends the run.
 class StopMessage : public CompileFailure {
  public:
-  explicit StopMessage(std::string key, std::string a1 = {}, std::string a2 = {})
-      : CompileFailure(Kind::Message, std::move(key), std::move(a1), std::move(a2)) {}
+  explicit StopMessage(texts::messages::Key key, std::string a1 = {}, std::string a2 = {})
+      : CompileFailure(Kind::Message, key, std::move(a1), std::move(a2)) {}
 };
 
 // Called inside a catch block: the run-time failure for the error being

@@ -5,9 +5,12 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "base/texts/outputs_texts.h"
 
 namespace korvane {
 
@@ -39,8 +42,8 @@ enum class DefaultBlock {
 // What the compile pass does for a directive before calling its handler, in
 // this order. Fields of the directive line are taken before any of it.
 struct Preparation {
-  // "Outputs" key of a line written as "   " + text ("%1" = argument 1).
-  const char* announce = nullptr;
+  // The "Outputs" text of a line written as "   " + text ("%1" = argument 1).
+  std::optional<texts::outputs::Key> announce = std::nullopt;
   bool flushFirst = false;
   bool readKeywordText = false;  // the joined lines after the directive line
   DefaultBlock defaults = DefaultBlock::None;

@@ -2,12 +2,13 @@
 
 #include "base/codepage.h"
 #include "base/conversions.h"
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/compile_failure.h"
 
 namespace korvane {
 
 hosts::MxEngine& queryEngine(CallContext& ctx, std::string_view function) {
-  if (!ctx.engine()) throw RuntimeFailure("notavail", std::string(function));
+  if (!ctx.engine()) throw RuntimeFailure(texts::runtime::kNotAvailable, std::string(function));
   return *ctx.engine();
 }
 

@@ -2,12 +2,14 @@
 
 #include <string>
 
+#include "base/texts/runtime_texts.h"
 #include "compiler/extension/compile_failure.h"
 
 namespace korvane {
 
 void checkTextLength(std::size_t length) {
-  if (length > kMaxTextLength) throw RuntimeFailure("textlen", std::to_string(kMaxTextLength));
+  if (length > kMaxTextLength)
+    throw RuntimeFailure(texts::runtime::kTextTooLong, std::to_string(kMaxTextLength));
 }
 
 }  // namespace korvane

@@ -1,6 +1,7 @@
 #include "compiler/extension/workbook_path.h"
 
 #include "base/fs.h"
+#include "base/texts/outputs_texts.h"
 
 namespace korvane {
 
@@ -11,7 +12,7 @@ std::string resolveWorkbook(CallContext& ctx, const std::string& name) {
                                ? fs::join(parts.folder, file)
                                : fs::join(fs::join(ctx.mxProjectFolder(), "excel"), file);
   if (fs::fileExists(path)) return path;
-  ctx.writeLog(ctx.text("Outputs", "s8") + ": " + path);
+  ctx.writeLog(ctx.text(texts::outputs::kWorkbookNotFound) + ": " + path);
   return {};
 }
 

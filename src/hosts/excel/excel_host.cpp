@@ -6,22 +6,22 @@
 
 namespace korvane::hosts {
 
-const char* WorkbookError::key(Reason reason) {
+texts::runtime::Key WorkbookError::key(Reason reason) {
   switch (reason) {
     case Reason::Unreadable:
-      return "xlbook";
+      return texts::runtime::kWorkbookUnreadable;
     case Reason::NoSheet:
-      return "xlsheet";
+      return texts::runtime::kNoWorksheet;
     case Reason::BadCell:
-      return "xlcell";
+      return texts::runtime::kNotACell;
     case Reason::Refused:
-      return "xlvalue";
+      return texts::runtime::kCellRefused;
     case Reason::Unwritable:
-      return "xlwrite";
+      return texts::runtime::kWorkbookUnwritable;
     case Reason::ReadOnly:
-      return "xlreadonly";
+      return texts::runtime::kWorkbookReadOnly;
   }
-  return "xlbook";
+  return texts::runtime::kWorkbookUnreadable;
 }
 
 namespace {
