@@ -35,7 +35,6 @@ inline std::string errorText(std::string text) {
 struct CliProject : ::testing::Test {
   TempProject project;
   std::string home = sourceDir() + "/data";
-  bool homeFromEnvironment = false;  // KORVANE_HOME=HOME instead of --home HOME
 
   // A project as engineers lay it out: the folder holds an "inputs" folder.
   CliProject() { std::filesystem::create_directories(project.path("inputs")); }
@@ -44,7 +43,6 @@ struct CliProject : ::testing::Test {
   // standard output goes to out.txt and standard error to err.txt there.
   int run(const std::string& args, const std::string& folder = "") {
     const std::string where = folder.empty() ? project.folder() : project.path(folder);
-    if (homeFromEnvironment) return runKorvane(where, args, "KORVANE_HOME='" + home + "'");
     return runKorvane(where, args + " --home '" + home + "'");
   }
   std::string out(const std::string& folder = ".") const {
