@@ -24,10 +24,12 @@ inline std::string asShown(const std::string& cp1250) {
 }
 
 // What the program wrote to its standard error, with "\n" line ends: on
-// Windows standard error is in text mode and writes CR LF.
+// Windows standard error is in text mode and writes each "\n" as CR LF (a CR
+// of the text itself stays).
 inline std::string errorText(std::string text) {
 #ifdef _WIN32
-  for (std::size_t at; (at = text.find("\r\n")) != std::string::npos;) text.erase(at, 1);
+  for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos; ++at)
+    text.erase(at, 1);
 #endif
   return text;
 }
