@@ -2,7 +2,8 @@
 // session in a throw-away project; every command in it must print what it
 // shows, byte for byte. Besides blank lines and "#" comments it holds:
 //
-//   requires posix           (or workbook-files) run only where there is one
+//   requires posix           skipped on other systems ("requires workbook-files":
+//                            where workbooks are not read without Excel)
 //   copy examples/road       a folder of the repository into the project
 //   folder NAME, move FROM TO, link NAME TARGET (a symbolic link)
 //   write NAME [(crlf)]      a file of the lines indented under it by two spaces,
@@ -25,7 +26,8 @@
 // \\ and \xNN (a byte), " (esc)" alone being an empty last line; one ending in
 // " (glob)" matches "*" to any characters and "?" to one. The file is UTF-8:
 // commands and streams are in the terminal's encoding (on Windows the ANSI
-// code page, standard error's CR LF read as LF), files hold the bytes written.
+// code page, and the CR LF that standard error's text mode writes for LF is
+// read as LF); files hold the bytes written.
 //
 // docs/language.md runs as "language_guide": each `ipf` example (on the
 // embedded engine after "ipf embedded"), with the `ipm` files before it, must

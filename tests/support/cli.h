@@ -41,18 +41,13 @@ struct CliProject : ::testing::Test {
   // A project as engineers lay it out: the folder holds an "inputs" folder.
   CliProject() { std::filesystem::create_directories(project.path("inputs")); }
 
-  // Runs `korvane ARGS --home HOME` in the project, or in its `folder`;
-  // standard output goes to out.txt and standard error to err.txt there.
-  int run(const std::string& args, const std::string& folder = "") {
-    const std::string where = folder.empty() ? project.folder() : project.path(folder);
-    return runKorvane(where, args + " --home '" + home + "'");
+  // Runs `korvane ARGS --home HOME` in the project; standard output goes to
+  // out.txt and standard error to err.txt there.
+  int run(const std::string& args) {
+    return runKorvane(project.folder(), args + " --home '" + home + "'");
   }
-  std::string out(const std::string& folder = ".") const {
-    return project.read(folder + "/out.txt");
-  }
-  std::string err(const std::string& folder = ".") const {
-    return errorText(project.read(folder + "/err.txt"));
-  }
+  std::string out() const { return project.read("out.txt"); }
+  std::string err() const { return errorText(project.read("err.txt")); }
 };
 
 // The example project (examples/road) in the project folder.
