@@ -1,15 +1,14 @@
 // Runs cannot damage each other or the files they read: one run per project
-// folder at a time, no output that is one of the run's inputs, and write
-// failures that end with "cannot write" instead of success.
+// folder at a time, and on Windows write failures that end with "cannot write"
+// instead of success. The outputs a run may not write over, and the write
+// failures of POSIX systems, are tests/cli/outputs.t and write_failures.t.
 #include "shell/project_guard.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "support/cli.h"
-#include "support/process.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -44,30 +43,6 @@ TEST_F(ProjectGuard, TheHoldEndsWithItsOwner) {
   EXPECT_TRUE(again.acquire(project.folder()));
 }
 
-TEST_F(ProjectGuard, AnOutputThatIsAnInputIsRefusedAndTheFileKept) {
-  const std::string input = "crea,a\r\n";
-  project.write("road.ipf", input);
-  EXPECT_EQ(run("compile road.ipf -o road.ipf"), 2);
-  EXPECT_EQ(project.read("road.ipf"), input);
-  EXPECT_EQ(run("compile road.ipf -o ./sub/../road.ipf"), 2);  // however it is named
-  EXPECT_EQ(run("compile road.ipf --vars road.ipf"), 2);
-  EXPECT_EQ(project.read("road.ipf"), input);
-
-  project.write("tmpinput.txt", input);
-  EXPECT_EQ(run("compile tmpinput.txt"), 2);
-  EXPECT_EQ(project.read("tmpinput.txt"), input);
-
-  project.write("complete.inp", input);
-  EXPECT_EQ(run("run complete.inp --save-one --engine none"), 2);
-  EXPECT_EQ(project.read("complete.inp"), input);
-  EXPECT_NE(err().find("complete.inp"), std::string::npos) << err();
-
-  project.write("compiled_part.inp", input);
-  EXPECT_EQ(run("run compiled_part.inp --save-sep --engine none"), 0);  // not its own name
-  project.write("part.ipf", "crea,p\r\n");
-  EXPECT_EQ(run("run part.ipf compiled_part.inp --save-sep --engine none"), 2);
-}
-
 #ifdef _WIN32
 // On Windows a read-only folder still takes new files; what refuses a write is
 // a read-only file, and a file that another program holds open without
@@ -98,36 +73,7 @@ TEST_F(ProjectGuard, WriteFailuresEndWithCannotWrite) {
   CloseHandle(held);
   EXPECT_EQ(project.read("held.txt"), "old");
   EXPECT_FALSE(project.exists("held.txt.korvane-new"));  // nothing left beside it
-
-  EXPECT_EQ(run("compile a.ipf --vars sub"), 0);
-  std::filesystem::remove(wide("sub"));
-  std::filesystem::create_directory(wide("sub"));
-  EXPECT_EQ(run("compile a.ipf --vars sub"), 1);  // a folder is not replaced
-  EXPECT_TRUE(std::filesystem::is_directory(wide("sub")));
 }
-#else
-TEST_F(ProjectGuard, WriteFailuresEndWithCannotWrite) {
-  project.write("a.ipf", "crea,a\n");
-  if (std::filesystem::exists("/dev/full")) {
-    EXPECT_EQ(run("compile a.ipf -o /dev/full"), 1);
-    EXPECT_NE(err().find("/dev/full"), std::string::npos) << err();
-    test::ProgramRun toFull;
-    toFull.argv = {test::builtProgram("korvane"), "compile", "a.ipf", "--home", home};
-    toFull.folder = project.folder();
-    toFull.out = "/dev/full";
-    toFull.err = project.path("err.txt");
-    EXPECT_EQ(test::runProgram(toFull), 1) << err();
-  }
-  EXPECT_EQ(run("compile a.ipf --vars /dev/null"), 1);  // a device is not replaced
-  EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
-
-  project.write("real/vars.txt", "old");
-  std::filesystem::create_symlink(project.path("real/vars.txt"), project.path("link.txt"));
-  EXPECT_EQ(run("compile a.ipf --vars link.txt"), 0);
-  EXPECT_TRUE(std::filesystem::is_symlink(project.path("link.txt")));  // written through
-  EXPECT_EQ(project.read("real/vars.txt"), "");
-}
-
 #endif
 
 }  // namespace

@@ -24,10 +24,12 @@ inline std::string asShown(const std::string& cp1250) {
 }
 
 // What the program wrote to its standard error, with "\n" line ends: on
-// Windows standard error is in text mode and writes CR LF.
+// Windows standard error is in text mode and writes each "\n" as CR LF (a CR
+// of the text itself stays).
 inline std::string errorText(std::string text) {
 #ifdef _WIN32
-  for (std::size_t at; (at = text.find("\r\n")) != std::string::npos;) text.erase(at, 1);
+  for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos; ++at)
+    text.erase(at, 1);
 #endif
   return text;
 }
@@ -35,24 +37,17 @@ inline std::string errorText(std::string text) {
 struct CliProject : ::testing::Test {
   TempProject project;
   std::string home = sourceDir() + "/data";
-  bool homeFromEnvironment = false;  // KORVANE_HOME=HOME instead of --home HOME
 
   // A project as engineers lay it out: the folder holds an "inputs" folder.
   CliProject() { std::filesystem::create_directories(project.path("inputs")); }
 
-  // Runs `korvane ARGS --home HOME` in the project, or in its `folder`;
-  // standard output goes to out.txt and standard error to err.txt there.
-  int run(const std::string& args, const std::string& folder = "") {
-    const std::string where = folder.empty() ? project.folder() : project.path(folder);
-    if (homeFromEnvironment) return runKorvane(where, args, "KORVANE_HOME='" + home + "'");
-    return runKorvane(where, args + " --home '" + home + "'");
+  // Runs `korvane ARGS --home HOME` in the project; standard output goes to
+  // out.txt and standard error to err.txt there.
+  int run(const std::string& args) {
+    return runKorvane(project.folder(), args + " --home '" + home + "'");
   }
-  std::string out(const std::string& folder = ".") const {
-    return project.read(folder + "/out.txt");
-  }
-  std::string err(const std::string& folder = ".") const {
-    return errorText(project.read(folder + "/err.txt"));
-  }
+  std::string out() const { return project.read("out.txt"); }
+  std::string err() const { return errorText(project.read("err.txt")); }
 };
 
 // The example project (examples/road) in the project folder.

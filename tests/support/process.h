@@ -19,14 +19,6 @@ struct ProgramRun {
 // The program's exit status; -1 when it could not be started or was killed.
 int runProgram(const ProgramRun& run);
 
-// How a line that a program writes to a text-mode stream (standard error)
-// ends in the file it is redirected to.
-#ifdef _WIN32
-inline constexpr const char* kTextLineEnd = "\r\n";
-#else
-inline constexpr const char* kTextLineEnd = "\n";
-#endif
-
 // Splits a command line written with POSIX shell quoting ('...' and "...") into words.
 std::vector<std::string> shellWords(const std::string& line);
 
