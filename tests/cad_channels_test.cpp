@@ -161,6 +161,8 @@ TEST_F(ChannelRun, ScriptBlocksArePlayedThroughTheChosenAutoCad) {
                       "doc.SendCommand(_script\r" + project.path("tmpinput.scr") + "\r)"),
             acad.log.end());
   EXPECT_EQ(project.read("tmpinput.scr"), "");  // begun afresh after playing
+  EXPECT_EQ(c.lines,
+            (std::vector<std::string>{"crea,a", "   Continued in an AutoCAD script", "crea,b"}));
 }
 
 TEST_F(ChannelRun, KeyinsGoToMicroStationAndItsAbsenceIsAFailure) {

@@ -1,7 +1,6 @@
-// labelmove and trimsection where the golden cases cannot reach: query files
-// the embedded engine never writes, and the limit on crossings. Their query
-// files are gone after every run. A bad order and a missing query file are
-// golden cases.
+// trimsection where the golden cases cannot reach: the limit on crossings, and
+// sections the engine makes along a road. labelmove and trimsection reading
+// their query files, a bad order and a missing query file are golden cases.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -33,30 +32,6 @@ struct ExtendedCommands : ::testing::Test {
   }
   static constexpr const char* kEnd = "       0.000       0.000      99.000       0.000    ";
 };
-
-TEST_F(ExtendedCommands, LabelmoveDropsTheBannerListingLinesAndGenioLines) {
-  project.write("tmplabelmove.txt",
-                "080,skipped as the banner\r\n080,G001,M001,3\r\n   a listing line\r\n"
-                "genio end\r\n 0.1D+04 0.5D+04\r\n999\r\n");
-  project.write("lm.ipf", "labelmove,A,B\r\norder=4321\r\nG001\r\nend\r\n");
-  ASSERT_TRUE(c.compile("lm.ipf")) << c.stopMessage();
-  const Lines tail(c.lines.end() - 4, c.lines.end());
-  EXPECT_EQ(tail, (Lines{"geni,B", "080,100G,100M,3", " 0.1D+04 0.5D+04", "999"}));
-  EXPECT_FALSE(project.exists("tmplabelmove.txt"));
-}
-
-// Each "0 0" record runs the trimming step on the crossings gathered since the
-// last header, so a second one sees the list grown.
-TEST_F(ExtendedCommands, EveryEndOfPointsRecordTrimsTheCrossingsSoFar) {
-  project.write("tmptrimsect.txt", report({"080,S1  ,    ,3", point(0, "A001"), point(5, "A002"),
-                                           kEnd, point(8, "A003"), kEnd}));
-  project.write("ts.ipf", "trimsection,M\r\ninic=\"S\"\r\n");
-  ASSERT_TRUE(c.compile("ts.ipf")) << c.stopMessage();
-  const Lines edit(c.lines.end() - 6, c.lines.end());
-  EXPECT_EQ(edit, (Lines{"edit,M", "031,3=S1  ", "005,3=S1  ,6=2", "031,3=S1  ", "999",
-                         "   trimsection: end of cutting back"}));
-  EXPECT_FALSE(project.exists("tmptrimsect.txt"));
-}
 
 TEST_F(ExtendedCommands, AStringMayCrossTwoHundredStringsNotMore) {
   std::vector<std::string> rows = {"080,S1  ,    ,3"};

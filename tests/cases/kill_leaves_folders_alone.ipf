@@ -1,0 +1,6 @@
+## show: old.txt
+## show: empty
+## kill deletes files; a folder, even an empty one, stays.
+kill,old.txt
+kill,empty\gone.txt
+kill,empty
