@@ -18,12 +18,21 @@
 //                          of one run, each shown with what it gave
 //   ## answer: TEXT        input() gets TEXT, each answer once in turn, then
 //                          is cancelled; each question is shown "ask: "
+//   ## excel: recording    Excel is the RecordingExcel of
+//                          support/recording_excel.h, its notes shown "excel: "
+//   ## excel: files        workbooks read and written as files (the case is
+//                          skipped where they are not built)
+//   ## python: SCRIPT ARGS runs tests/workbooks/SCRIPT before the compile
+//                          ("<project>" in ARGS is the project folder); shown
+//                          "python SCRIPT: " with its exit status and output
+//   ## python after: ...   the same after the compile
 //   ## show: log           what the run logs, "log: " a line
 //   ## show: runs          the MX input of each run, "run: " (RecordingEngine)
+//   ## show: written       the files the run says it wrote, "written: " each
 //   ## show: FILE          the project file FILE at the end: "file FILE: " and
 //                          its content, "(folder)" or "(none)"
-// Asks, runs and log lines come after the entry's MX lines in the order they
-// happened; shown text is C-escaped (\r, \n, \t, \\, \xHH).
+// Asks, runs, log lines and Excel's notes come after the entry's MX lines in
+// the order they happened; shown text is C-escaped (\r, \n, \t, \\, \xHH).
 //
 // Each case is compiled twice, the second time with the diagnostics of
 // `korvane check` watching: watching never changes what is compiled.
@@ -41,8 +50,13 @@
 #include "base/fs.h"
 #include "base/messages.h"
 #include "shell/diagnostics.h"
+#include "support/process.h"
 #include "support/project.h"
+#include "support/recording_excel.h"
 #include "support/vectors.h"
+#ifdef KORVANE_WORKBOOK_FILES
+#include "hosts/excel/workbook/workbook_files.h"
+#endif
 
 namespace korvane::test {
 namespace {
@@ -51,17 +65,30 @@ namespace stdfs = std::filesystem;
 
 stdfs::path casesFolder() { return stdfs::path(sourceDir()) / "tests" / "cases"; }
 
-std::string escaped(const std::string& text) {
+// `text` with the project folder written "<project>" and "/" between the
+// names of a path under it, then C-escaped when `escape`.
+std::string shown(const std::string& text, const std::string& folder, bool escape = true) {
+  const char* hex = "0123456789ABCDEF";
   std::string out;
-  for (unsigned char c : text) {
-    if (c == '\r' || c == '\n' || c == '\t' || c == '\\') {
-      out += c == '\r' ? "\\r" : c == '\n' ? "\\n" : c == '\t' ? "\\t" : "\\\\";
-    } else if (c < 0x20) {
-      const char* hex = "0123456789ABCDEF";
-      out += std::string("\\x") + hex[c >> 4] + hex[c & 15];
-    } else {
-      out += static_cast<char>(c);
+  bool inPath = false;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text.compare(at, folder.size(), folder) == 0) {
+      out += "<project>";
+      at += folder.size() - 1;
+      inPath = true;
+      continue;
     }
+    const unsigned char c = text[at];
+    inPath =
+        inPath && c > ' ' && std::string(",|\")").find(static_cast<char>(c)) == std::string::npos;
+    if (inPath && c == '\\')
+      out += '/';
+    else if (!escape || (c >= ' ' && c != '\\'))
+      out += static_cast<char>(c);
+    else if (c == '\r' || c == '\n' || c == '\t' || c == '\\')
+      out += c == '\r' ? "\\r" : c == '\n' ? "\\n" : c == '\t' ? "\\t" : "\\\\";
+    else
+      out += std::string("\\x") + hex[c >> 4] + hex[c & 15];
   }
   return out;
 }
@@ -69,7 +96,8 @@ std::string escaped(const std::string& text) {
 struct Setup {
   EngineChoice engine = EngineChoice::Recording;
   std::map<std::string, std::string> settings;
-  std::vector<std::string> entries, answers, shown;
+  std::vector<std::string> entries, answers, shown, python, pythonAfter;
+  std::string excel;
 };
 
 Setup setupOf(const std::string& source, const std::string& folder) {
@@ -79,93 +107,129 @@ Setup setupOf(const std::string& source, const std::string& folder) {
     if (line.back() == '\r') line.pop_back();
     const std::size_t colon = line.find(": ");
     if (colon == std::string::npos) continue;
-    const std::string key = line.substr(3, colon - 3), value = line.substr(colon + 2);
+    const std::string key = line.substr(3, colon - 3);
+    const std::string value = replaceAll(line.substr(colon + 2), "<project>", folder);
     if (key == "engine") s.engine = value == "embedded" ? EngineChoice::Embedded : s.engine;
-    if (key == "setting") {
-      const std::size_t eq = value.find('=');
-      s.settings[value.substr(0, eq)] = replaceAll(value.substr(eq + 1), "<project>", folder);
-    }
+    if (key == "setting")
+      s.settings[value.substr(0, value.find('='))] = value.substr(value.find('=') + 1);
     if (key == "entry") s.entries.push_back(value);
     if (key == "answer") s.answers.push_back(value);
     if (key == "show") s.shown.push_back(value);
+    if (key == "excel") s.excel = value;
+    if (key == "python") s.python.push_back(value);
+    if (key == "python after") s.pythonAfter.push_back(value);
   }
   return s;
 }
 
-// Answers input() from the case's list and notes each question.
-struct Answers : InputPrompt {
-  std::vector<std::string> left;
-  std::function<void(const std::string&)> note;
+// One compile of a case, gathering what it gives.
+struct CaseRun : InputPrompt {
+  TempProject project;
+  const std::string name, folder = project.folder();
+  Setup setup;
+  std::unique_ptr<Compiler> c;
+  std::unique_ptr<hosts::ExcelHost> excel;
+  std::string out, events;
+  std::size_t runsSeen = 0;
+
+  explicit CaseRun(const std::string& caseName) : name(caseName) {
+    for (const auto& e : stdfs::directory_iterator(casesFolder()))
+      if (e.is_regular_file() && e.path().extension() != ".expected")
+        project.write(e.path().filename().string(), fs::readFile(e.path().string()).value_or(""));
+    if (stdfs::is_directory(casesFolder() / name))
+      stdfs::copy(casesFolder() / name, fs::native(folder), stdfs::copy_options::recursive);
+    setup = setupOf(fs::readFile((casesFolder() / (name + ".ipf")).string()).value_or(""), folder);
+    c = std::make_unique<Compiler>(project, setup.settings, setup.engine);
+    if (!setup.answers.empty()) c->ctx.prompt = this;
+    if (shows("log"))
+      c->ctx.log = [this](const std::string& l) { note("log: " + shown(l, folder)); };
+    if (setup.excel == "recording")
+      excel = std::make_unique<RecordingExcel>(
+          [this](const std::string& n) { note("excel: " + shown(n, folder)); });
+#ifdef KORVANE_WORKBOOK_FILES
+    if (setup.excel == "files") excel = hosts::makeWorkbookFiles();
+#endif
+    c->ctx.excel = excel.get();
+  }
+
+  bool shows(const std::string& what) const {
+    return std::find(setup.shown.begin(), setup.shown.end(), what) != setup.shown.end();
+  }
+  // Notes an event, after the MX runs made before it.
+  void note(const std::string& event) {
+    for (; shows("runs") && runsSeen < c->engine.runs.size(); ++runsSeen)
+      events += "run: " + shown(c->engine.runs[runsSeen], folder) + "\n";
+    if (!event.empty()) events += event + "\n";
+  }
   bool ask(const std::string&, const std::string& prompt, std::string& answer) override {
-    note("ask: " + escaped(prompt));
-    if (left.empty()) return false;
-    answer = left.front();
-    left.erase(left.begin());
+    note("ask: " + shown(prompt, folder));
+    if (setup.answers.empty()) return false;
+    answer = setup.answers.front();
+    setup.answers.erase(setup.answers.begin());
     return true;
   }
-};
-
-// What a case gives, in the form of its .expected file; `watched`: with the
-// diagnostics of `korvane check` watching the compile.
-std::string outcome(const std::string& name, bool watched) {
-  TempProject project;
-  for (const auto& e : stdfs::directory_iterator(casesFolder()))
-    if (e.is_regular_file() && e.path().extension() != ".expected")
-      project.write(e.path().filename().string(), fs::readFile(e.path().string()).value_or(""));
-  if (stdfs::is_directory(casesFolder() / name))
-    stdfs::copy(casesFolder() / name, fs::native(project.folder()), stdfs::copy_options::recursive);
-  const Setup setup = setupOf(fs::readFile((casesFolder() / (name + ".ipf")).string()).value_or(""),
-                              project.folder());
-  Compiler c{project, setup.settings, setup.engine};
-  Diagnostics diagnostics{c.ctx.language, c.ctx.vars, c.ctx.settingsPath};
-  if (watched) c.ctx.observers.add(&diagnostics);
-  const auto has = [&](const char* what) {
-    return std::find(setup.shown.begin(), setup.shown.end(), what) != setup.shown.end();
-  };
-
-  std::string events;
-  std::size_t runsSeen = 0;
-  const auto note = [&](const std::string& event) {
-    for (; has("runs") && runsSeen < c.engine.runs.size(); ++runsSeen)
-      events += "run: " + escaped(c.engine.runs[runsSeen]) + "\n";
-    if (!event.empty()) events += event + "\n";
-  };
-  Answers answers;
-  answers.left = setup.answers;
-  answers.note = note;
-  if (!setup.answers.empty()) c.ctx.prompt = &answers;
-  if (has("log")) c.ctx.log = [&](const std::string& line) { note("log: " + escaped(line)); };
-
-  std::string out;
-  for (std::string entry : setup.entries.empty() ? std::vector<std::string>{""} : setup.entries) {
-    if (entry.empty() || entry[0] == '[')
-      entry = name + ".ipf" + (entry.empty() ? "" : " ") + entry;
-    c.lines.clear();
-    const bool ok = c.compile(entry);
-    note("");
-    for (const auto& l : c.lines) out += l + "\n";
-    out += events;
-    events.clear();
-    if (!ok) out += "stop: " + replaceAll(c.stopMessage(), "\n", " | ") + "\n";
+  // Runs "SCRIPT ARGS" of tests/workbooks/ in the project.
+  void python(const std::string& command) {
+    ProgramRun run;
+    run.argv = shellWords(command);
+    run.argv[0] = sourceDir() + "/tests/workbooks/" + run.argv[0];
+    run.argv.insert(run.argv.begin(), "/usr/bin/python3");
+    run.out = run.err = project.path("python.txt");
+    const int status = runProgram(run);
+    out += shown("python " + command + ": " + std::to_string(status) + " " +
+                     project.read("python.txt"),
+                 folder) +
+           "\n";
   }
-  for (const auto& file : setup.shown)
-    if (file != "log" && file != "runs")
-      out += "file " + file + ": " +
-             (!project.exists(file)                                 ? "(none)"
-              : stdfs::is_directory(fs::native(project.path(file))) ? "(folder)"
-                                                                    : escaped(project.read(file))) +
-             "\n";
-  out = replaceAll(out, fs::withTrailingSeparator(project.folder()), "<project>/");
-  return replaceAll(out, project.folder(), "<project>");
-}
+
+  // What the case gives, in the form of its .expected file.
+  std::string outcome() {
+    for (const std::string& command : setup.python) python(command);
+    for (std::string entry : setup.entries.empty() ? std::vector<std::string>{""} : setup.entries) {
+      if (entry.empty() || entry[0] == '[')
+        entry = name + ".ipf" + (entry.empty() ? "" : " ") + entry;
+      c->lines.clear();
+      const bool ok = c->compile(entry);
+      note("");
+      for (const auto& l : c->lines) out += shown(l, folder, false) + "\n";
+      out += events;
+      events.clear();
+      if (!ok)
+        out += "stop: " + shown(replaceAll(c->stopMessage(), "\n", " | "), folder, false) + "\n";
+    }
+    for (const std::string& command : setup.pythonAfter) python(command);
+    if (shows("written"))
+      for (const std::string& file : c->ctx.filesWritten)
+        out += "written: " + shown(file, folder) + "\n";
+    for (const auto& file : setup.shown)
+      if (file != "log" && file != "runs" && file != "written")
+        out += "file " + file + ": " +
+               (!project.exists(file) ? "(none)"
+                : stdfs::is_directory(fs::native(project.path(file)))
+                    ? "(folder)"
+                    : shown(project.read(file), folder)) +
+               "\n";
+    return out;
+  }
+};
 
 class GoldenCase : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(GoldenCase, CompilesToItsExpectedLines) {
   const std::string name = GetParam();
-  const std::string got = outcome(name, false);
+#ifndef KORVANE_WORKBOOK_FILES
+  if (fs::readFile((casesFolder() / (name + ".ipf")).string())->find("## excel: files") !=
+      std::string::npos)
+    GTEST_SKIP() << "workbook files are not built here";
+#endif
+  const std::string got = CaseRun(name).outcome();
   expectFileHolds((casesFolder() / (name + ".expected")).string(), got);
-  EXPECT_EQ(outcome(name, true), got) << "watching changed what " << name << " compiles";
+  // Each case again with the diagnostics of `korvane check` watching.
+  CaseRun watched(name);
+  Diagnostics diagnostics{watched.c->ctx.language, watched.c->ctx.vars,
+                          watched.c->ctx.settingsPath};
+  watched.c->ctx.observers.add(&diagnostics);
+  EXPECT_EQ(watched.outcome(), got) << "watching changed what " << name << " compiles";
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenCase, ::testing::ValuesIn(caseNames("cases", ".ipf")),

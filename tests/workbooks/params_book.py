@@ -5,7 +5,7 @@
 # changed (the zip entries' checksums and sizes are kept in ENTRIES between the
 # two).
 # Usage: params_book.py make|check BOOK ENTRIES
-import re, sys, zipfile, openpyxl
+import os, re, sys, zipfile, openpyxl
 from openpyxl.styles import Font
 book = sys.argv[2]
 def entries():
@@ -43,6 +43,7 @@ MAIN = 'http://schemas.openxmlformats.org/spreadsheetml/2006/main'
 REL = b'http://schemas.openxmlformats.org/officeDocument/2006/relationships'
 XML = '<?xml version="1.0" encoding="UTF-8" standalone="yes"?>'
 if sys.argv[1] == 'make':
+    os.makedirs(os.path.dirname(book), exist_ok=True)
     wb = openpyxl.Workbook()
     p = wb.active
     p.title = 'Params'
