@@ -2,11 +2,10 @@
 // record what they are sent, and the choice of the AutoCAD instance.
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "compiler/failure_message.h"
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
+#include "support/automation.h"
 #include "support/project.h"
 
 using namespace korvane;
@@ -14,66 +13,23 @@ using hosts::AutoValue;
 
 namespace {
 
-// An automation object that logs every call and answers from scripted values.
-struct FakeObject : hosts::AutomationObject {
-  std::vector<std::string>& log;
-  std::string name;
-  std::map<std::string, AutoValue> props;
-  std::function<AutoValue(const std::string&, const std::vector<AutoValue>&)> onCall;
-  FakeObject(std::vector<std::string>& l, std::string n) : log(l), name(std::move(n)) {}
-
-  AutoValue call(const std::string& m, const std::vector<AutoValue>& args) override {
-    std::string entry = name + "." + m + "(";
-    for (std::size_t i = 0; i < args.size(); ++i) entry += (i ? "," : "") + args[i].text();
-    log.push_back(entry + ")");
-    return onCall ? onCall(m, args) : AutoValue();
-  }
-  AutoValue get(const std::string& p) override { return props[p]; }
-  void set(const std::string& p, const AutoValue& v) override {
-    log.push_back(name + "." + p + "=" + v.text());
-    props[p] = v;
-  }
-};
-
-struct FakeSystem : hosts::AutomationSystem {
-  std::map<std::string, std::vector<std::string>> processes;
-  std::map<std::string, std::string> versions;
-  std::map<std::string, hosts::AutoObject> running;
-  std::map<std::string, std::vector<std::string>> registry;
-  std::vector<std::string> attached;
-
-  std::vector<std::string> processCommandLines(const std::string& exe) override {
-    return processes[exe];
-  }
-  hosts::AutoObject runningObject(const std::string& progId) override {
-    attached.push_back(progId);
-    auto it = running.find(progId);
-    if (it == running.end()) throw hosts::AutomationError(progId);
-    return it->second;
-  }
-  std::string fileVersion(const std::string& path) override { return versions[path]; }
-  std::vector<std::string> registrySubkeys(const std::string& key) override {
-    return registry[key];
-  }
-};
+using test::RecordingObject;
 
 struct AutoCad {
   std::vector<std::string> log;
-  std::shared_ptr<FakeObject> app = std::make_shared<FakeObject>(log, "acad");
-  std::shared_ptr<FakeObject> docs = std::make_shared<FakeObject>(log, "docs");
-  std::shared_ptr<FakeObject> doc = std::make_shared<FakeObject>(log, "doc");
+  std::shared_ptr<RecordingObject> app = std::make_shared<RecordingObject>(log, "acad");
+  std::shared_ptr<RecordingObject> docs = std::make_shared<RecordingObject>(log, "docs");
+  std::shared_ptr<RecordingObject> doc = std::make_shared<RecordingObject>(log, "doc");
   int busyPolls = 3;
   AutoCad() {
-    docs->props["Count"] = 0;
-    app->props["Documents"] = hosts::AutoObject(docs);
-    app->props["ActiveDocument"] = hosts::AutoObject(doc);
-    doc->onCall = [](const std::string& m, const std::vector<AutoValue>&) {
-      return m == "GetVariable" ? AutoValue(1) : AutoValue();
-    };
-    app->onCall = [this](const std::string& m, const std::vector<AutoValue>&) -> AutoValue {
+    docs->answers["Count"] = 0;
+    app->answers["Documents"] = hosts::AutoObject(docs);
+    app->answers["ActiveDocument"] = hosts::AutoObject(doc);
+    doc->answers["GetVariable"] = 1;
+    app->onCall = [this](const std::string& m, std::vector<AutoValue>&) -> AutoValue {
       if (m != "GetAcadState") return {};
-      auto state = std::make_shared<FakeObject>(log, "state");
-      state->props["IsQuiescent"] = --busyPolls <= 0;
+      auto state = std::make_shared<RecordingObject>(log, "state");
+      state->answers["IsQuiescent"] = --busyPolls <= 0;
       return hosts::AutoObject(state);
     };
   }
@@ -105,7 +61,8 @@ const std::string kNoAutoCad =
 TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
   test::TempProject project;
   test::Compiler c{project};
-  FakeSystem sys;
+  std::vector<std::string> attached;
+  test::RecordingSystem sys{attached};
   AutoCad acad;
   sys.processes["acad.exe"] = {"\"C:\\A17\\acad.exe\" /nologo", "\"C:\\A18\\ACAD.EXE\""};
   sys.versions = {{"C:\\A17\\acad.exe", "17.1"}, {"C:\\A18\\ACAD.EXE", "18.0"}};
@@ -115,8 +72,8 @@ TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
   EXPECT_EQ(lookUp(c.ctx, sys), "found");  // undefined: LATEST
   c.ctx.vars.set("g_acadver", "OLDEST");
   EXPECT_EQ(lookUp(c.ctx, sys), "found");
-  EXPECT_EQ(sys.attached,
-            (std::vector<std::string>{"AutoCAD.Application.18.0", "AutoCAD.Application.17.1"}));
+  EXPECT_EQ(attached, (std::vector<std::string>{"running AutoCAD.Application.18.0",
+                                                "running AutoCAD.Application.17.1"}));
   c.ctx.vars.set("g_acadver", "2007");  // 17.0: not running
   EXPECT_EQ(lookUp(c.ctx, sys),
             "No running AutoCAD 2007 instance found. Start AutoCAD or check the value of "
@@ -126,14 +83,15 @@ TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
   sys.running["AutoCAD.Application"] = acad.app;
   c.ctx.vars.set("g_acadver", "LATEST");
   EXPECT_EQ(lookUp(c.ctx, sys), "found");
-  EXPECT_EQ(sys.attached.back(), "AutoCAD.Application");
+  EXPECT_EQ(attached.back(), "running AutoCAD.Application");
 
   sys.processes.clear();
   EXPECT_EQ(lookUp(c.ctx, sys), kNoAutoCad);
 }
 
 TEST(AutoCadLookup, LauncherReleaseComesFromTheRegistry) {
-  FakeSystem sys;
+  std::vector<std::string> attached;
+  test::RecordingSystem sys{attached};
   EXPECT_EQ(launcherRelease(sys), "1");  // no launcher
   sys.processes["miarun.exe"] = {"miarun.exe /VERSION=ACAD-5001:409 /x"};
   sys.registry["SOFTWARE\\Autodesk\\AutoCAD"] = {"R16.2", "R17.0"};
@@ -146,7 +104,8 @@ TEST(AutoCadLookup, LauncherReleaseComesFromTheRegistry) {
 struct ChannelRun : ::testing::Test {
   test::TempProject project;
   test::Compiler c{project};
-  FakeSystem sys;
+  std::vector<std::string> attached;
+  test::RecordingSystem sys{attached};
   AutoCad acad;
 };
 
@@ -167,9 +126,9 @@ TEST_F(ChannelRun, ScriptBlocksArePlayedThroughTheChosenAutoCad) {
 
 TEST_F(ChannelRun, KeyinsGoToMicroStationAndItsAbsenceIsAFailure) {
   std::vector<std::string> log;
-  auto ustation = std::make_shared<FakeObject>(log, "ustn");
-  auto queue = std::make_shared<FakeObject>(log, "queue");
-  ustation->props["CadInputQueue"] = hosts::AutoObject(queue);
+  auto ustation = std::make_shared<RecordingObject>(log, "ustn");
+  auto queue = std::make_shared<RecordingObject>(log, "queue");
+  ustation->answers["CadInputQueue"] = hosts::AutoObject(queue);
   c.ctx.players = makeCadPlayers(sys);
   project.write("a.ipf", "key-in\r\nplace line\r\nendkey-in\r\n");
   EXPECT_FALSE(c.compile("a.ipf"));
@@ -198,7 +157,7 @@ TEST_F(ChannelRun, GetacadvarAndGetlispvarAskTheActiveDocument) {
   sys.versions["C:\\A\\acad.exe"] = "18.0";
   sys.running["AutoCAD.Application"] = acad.app;
   c.ctx.autocad = autoCadFinder(sys);
-  acad.doc->onCall = [](const std::string& m, const std::vector<AutoValue>& args) -> AutoValue {
+  acad.doc->onCall = [](const std::string& m, std::vector<AutoValue>& args) -> AutoValue {
     if (m != "GetVariable") return {};
     if (args[0].text() == "USERS5") return "3";
     if (args[0].text() == "REFUSED") throw hosts::AutomationError("refused");
@@ -217,7 +176,7 @@ TEST_F(ChannelRun, GetacadvarAndGetlispvarAskTheActiveDocument) {
                           "(vlax-make-variant (+ 1 2) vlax-vbString)))\r)",
                           "doc.GetVariable(USERS5)", "doc.GetVariable(REFUSED)"}));
 
-  acad.app->props["ActiveDocument"] = AutoValue();  // AutoCAD without a document
+  acad.app->answers["ActiveDocument"] = AutoValue();  // AutoCAD without a document
   ASSERT_TRUE(c.compile("a.ipf"));
   EXPECT_EQ(c.var("v"), "");
 }

@@ -3,10 +3,8 @@
 // calls of the ditch commands with their arguments by reference.
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <map>
-
 #include "base/fs.h"
+#include "support/automation.h"
 #include "support/excel_project.h"
 
 namespace korvane::test {
@@ -16,67 +14,18 @@ using hosts::AutoObject;
 using hosts::AutoValue;
 using Lines = std::vector<std::string>;
 
-// Logs every member used; `objects` answers calls and gets that give objects.
-struct Recorder : hosts::AutomationObject {
-  Lines& log;
-  std::string name;
-  std::map<std::string, AutoValue> answers;  // by member
-  std::function<void(std::vector<AutoValue>&)> onRun;
-  Recorder(Lines& l, std::string n) : log(l), name(std::move(n)) {}
-
-  static std::string list(const std::vector<AutoValue>& args) {
-    std::string s;
-    for (const AutoValue& a : args)
-      s += std::string(s.empty() ? "" : ",") + (std::holds_alternative<double>(a.v) ? "d:" : "") +
-           a.text();
-    return s;
-  }
-  AutoValue call(const std::string& m, const std::vector<AutoValue>& args) override {
-    log.push_back(name + "." + m + "(" + list(args) + ")");
-    return answers[m];
-  }
-  AutoValue get(const std::string& p) override {
-    log.push_back(name + "." + p);
-    return answers[p];
-  }
-  void set(const std::string& p, const AutoValue& v) override {
-    log.push_back(name + "." + p + "=" + v.text());
-  }
-  AutoValue invoke(const std::string& m, std::vector<AutoValue>& args,
-                   hosts::CallOptions options) override {
-    log.push_back(name + "." + m + (options.byReference ? "[byref](" : "(") + list(args) + ")");
-    if (onRun) onRun(args);
-    return {};
-  }
-};
-
-struct Automation : hosts::AutomationSystem {
-  Lines& log;
-  std::map<std::string, AutoObject> files, running;
-  Lines processes;
-  explicit Automation(Lines& l) : log(l) {}
-  std::vector<std::string> processCommandLines(const std::string&) override { return processes; }
-  AutoObject runningObject(const std::string& progId) override {
-    log.push_back("running " + progId);
-    if (!running.count(progId)) throw hosts::AutomationError(progId);
-    return running[progId];
-  }
-  AutoObject fileObject(const std::string& name) override {
-    log.push_back("file " + name);
-    if (!files.count(name)) throw hosts::AutomationError(name);
-    return files[name];
-  }
-  std::string fileVersion(const std::string&) override { return {}; }
-  std::vector<std::string> registrySubkeys(const std::string&) override { return {}; }
-};
-
 struct ExcelOverAutomation : ExcelProject {
   Lines log;
-  Automation system{log};
-  std::shared_ptr<Recorder> app = std::make_shared<Recorder>(log, "excel");
+  RecordingSystem system{log};
+  std::shared_ptr<RecordingObject> app = recorder("excel");
 
   ExcelOverAutomation() : ExcelProject(EngineChoice::Embedded) {
     use(hosts::makeAutomationExcel(system));
+  }
+  std::shared_ptr<RecordingObject> recorder(const std::string& name) {
+    auto r = std::make_shared<RecordingObject>(log, name);
+    r->logGets = true;
+    return r;
   }
   std::string book(const std::string& name) {
     project.write("excel/" + name, "");
@@ -86,10 +35,8 @@ struct ExcelOverAutomation : ExcelProject {
 
 TEST_F(ExcelOverAutomation, CellsAreReachedThroughTheWorkbookOfThePath) {
   const std::string path = book("data.xlsx");
-  auto wb = std::make_shared<Recorder>(log, "book");
-  auto sheets = std::make_shared<Recorder>(log, "sheets");
-  auto sheet = std::make_shared<Recorder>(log, "sheet");
-  auto cell = std::make_shared<Recorder>(log, "cell");
+  auto wb = recorder("book"), sheets = recorder("sheets"), sheet = recorder("sheet"),
+       cell = recorder("cell");
   wb->answers["Worksheets"] = AutoObject(sheets);
   sheets->answers["Item"] = AutoObject(sheet);
   sheet->answers["Cells"] = AutoObject(cell);
@@ -107,8 +54,9 @@ TEST_F(ExcelOverAutomation, CellsAreReachedThroughTheWorkbookOfThePath) {
 TEST_F(ExcelOverAutomation, TheDitchMacrosRunInTheRunningExcelWithArgumentsByReference) {
   const std::string path = book("ditch.xls");
   system.running["Excel.Application"] = app;
-  app->onRun = [](std::vector<AutoValue>& args) {
+  app->onCall = [](const std::string&, std::vector<AutoValue>& args) {
     if (args.size() > 3) args[3] = AutoValue("crea,FROM MACRO");  // the result text
+    return AutoValue();
   };
   ASSERT_TRUE(compile(std::string(kDitchModel) + "ditch_list,T\r\nmast=S1,\xE1xe=9\r\n" +
                       "ditch_pips,t\r\nbasexls=ditch\r\n"))
@@ -128,7 +76,7 @@ TEST_F(ExcelOverAutomation, NoRunningExcelIsTheAddInMessage) {
             "The Excel macro call failed. Is Excel running with the Tabulon.xla add-in loaded?");
   EXPECT_FALSE(compile("xlmacro,Book.xlsm!Go\r\n"));  // no excel.exe process
   EXPECT_EQ(c.stopMessage(), "xlmacro needs a running Excel. Start Excel and run again.");
-  system.processes = {"EXCEL.EXE"};
+  system.processes["excel.exe"] = {"EXCEL.EXE"};
   system.running["Excel.Application"] = app;
   ASSERT_TRUE(compile("xlmacro,Book.xlsm!Go,1,x\r\n")) << failure();
   EXPECT_EQ(log.back(), "excel.Run[byref](Book.xlsm!Go,1,x)");
