@@ -1,8 +1,6 @@
-// What the MX services answer: point records, status words, labels,
-// parameters, the model library, and the factory. The compiler's model
-// queries read them in the golden cases tests/cases/model_queries*.ipf
-// (point numbers, breaks, labels and model names of point records, records
-// counted through the strings of the current model).
+// What the MX services answer: status words, labels, parameters, the model
+// library, and the factory. What point records hold the compiler's model
+// queries read in the golden cases point_records and model_queries*.
 #include "engine/label_rules.h"
 #include "shell/engine_choice.h"
 #include "support/engine.h"
@@ -40,29 +38,6 @@ const char* const kModel =
     "999\n";
 
 }  // namespace
-
-TEST_F(EngineTest, InterfacesPointRecordHoldsDimensionsChainageAndString) {
-  ASSERT_EQ(run(kModel), "");
-  MxDataAccess& da = engine_->dataAccess();
-  PointRecord r;
-  ASSERT_EQ(da.point("M", "s1", 3, r), MxStatus::kFound);
-  EXPECT_DOUBLE_EQ(r.num[4], 5.0);  // plan length 0..5, the gap after point 2 not counted
-  EXPECT_EQ(r.num[15], 4.0);        // point count
-  ASSERT_EQ(da.point("M", "S1", 2, r), MxStatus::kFound);
-  EXPECT_EQ(r.num[2], -999.0);  // a null level is kept as it is
-
-  ASSERT_EQ(da.point("M", "MAST", 2, r), MxStatus::kFound);
-  EXPECT_EQ(r.num[3], 1100.0);  // dimension 4
-  EXPECT_EQ(r.num[4], 1100.0);  // master strings carry their chainage in dimension 4
-  EXPECT_EQ(r.num[12], 1.571);  // dimension 5 moved to number 13
-  EXPECT_EQ(r.num[5], 0.0);
-
-  ASSERT_EQ(da.point("M", "X001", 1, r), MxStatus::kFound);
-  EXPECT_EQ(r.txt[4], "S1");  // a text dimension
-  EXPECT_EQ(r.num[3], -7.5);
-  EXPECT_EQ(r.txt[13], "MAST");
-  EXPECT_EQ(r.txt[15], "5");
-}
 
 TEST_F(EngineTest, InterfacesStatusWordsAndCounts) {
   MxDataAccess& da = engine_->dataAccess();

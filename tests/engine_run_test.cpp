@@ -105,13 +105,6 @@ TEST_F(Runs, UtfEightAfterAByteOrderMarkIsReadAsWindows1250) {
   EXPECT_TRUE(engine_->modelExists("\xFAtterv"));
 }
 
-TEST_F(Runs, ChainagesAreMeasuredAgainOnACutString) {
-  ASSERT_EQ(run(kModelM + std::string("edit,M\n005,3=B,9=3\n999\n")), "");
-  korvane::hosts::PointRecord r;
-  ASSERT_EQ(engine_->point("M", "B", 4, r), MxStatus::kFound);
-  EXPECT_DOUBLE_EQ(r.num[4], 3.0);  // B now starts at x = 3
-}
-
 TEST_F(Runs, DamagedInputEndsWithSuccessOrALocatedError) {
   // Deterministic byte damage to a valid input; the store stays usable.
   const std::string good = "crea,F\n" + std::string(kModelM) +
