@@ -65,16 +65,4 @@ TEST_F(Failures, AnEngineThatCannotAnswerIsARunTimeFailure) {
   }
 }
 
-TEST_F(Failures, AnEngineThatStopsEarlyIsReportedWithWhereTheCompileStood) {
-  c.engine.leaveSentinel = true;
-  c.engine.failWith = "line 2: refused";
-  project.write("a.ipf", "crea,a\r\nkill,x\r\ncrea,b\r\n");
-  EXPECT_FALSE(c.compile("a.ipf"));
-  EXPECT_EQ(c.stopMessage(),
-            "MX stopped before the end of the input. The MX report shows the failing line.\n"
-            "MX stopped with an error: line 2: refused\n" +
-                project.path("a.ipf") + ", line 2");
-  EXPECT_EQ(c.lines, (Lines{"crea,a"}));  // the run stopped at the flush
-}
-
 }  // namespace

@@ -18,6 +18,8 @@
 //                          of one run, each shown with what it gave
 //   ## answer: TEXT        input() gets TEXT, each answer once in turn, then
 //                          is cancelled; each question is shown "ask: "
+//   ## refuse: LINE TEXT   each run of the RecordingEngine stops early at the
+//                          MX input's line LINE with the error TEXT
 //   ## excel: recording    Excel is the RecordingExcel of
 //                          support/recording_excel.h, its notes shown "excel: "
 //   ## excel: files        workbooks read and written as files (the case is
@@ -29,6 +31,8 @@
 //   ## show: log           what the run logs, "log: " a line
 //   ## show: runs          the MX input of each run, "run: " (RecordingEngine)
 //   ## show: written       the files the run says it wrote, "written: " each
+//   ## show: models        the embedded engine's models at the end, "model: "
+//                          with how many strings and points each has
 //   ## show: FILE          the project file FILE at the end: "file FILE: " and
 //                          its content, "(folder)" or "(none)"
 // Asks, runs, log lines and Excel's notes come after the entry's MX lines in
@@ -49,6 +53,7 @@
 
 #include "base/fs.h"
 #include "base/messages.h"
+#include "engine/embedded_engine.h"
 #include "shell/diagnostics.h"
 #include "support/process.h"
 #include "support/project.h"
@@ -93,42 +98,14 @@ std::string shown(const std::string& text, const std::string& folder, bool escap
   return out;
 }
 
-struct Setup {
-  EngineChoice engine = EngineChoice::Recording;
-  std::map<std::string, std::string> settings;
-  std::vector<std::string> entries, answers, shown, python, pythonAfter;
-  std::string excel;
-};
-
-Setup setupOf(const std::string& source, const std::string& folder) {
-  Setup s;
-  std::istringstream in(source);
-  for (std::string line; std::getline(in, line) && line.rfind("## ", 0) == 0;) {
-    if (line.back() == '\r') line.pop_back();
-    const std::size_t colon = line.find(": ");
-    if (colon == std::string::npos) continue;
-    const std::string key = line.substr(3, colon - 3);
-    const std::string value = replaceAll(line.substr(colon + 2), "<project>", folder);
-    if (key == "engine") s.engine = value == "embedded" ? EngineChoice::Embedded : s.engine;
-    if (key == "setting")
-      s.settings[value.substr(0, value.find('='))] = value.substr(value.find('=') + 1);
-    if (key == "entry") s.entries.push_back(value);
-    if (key == "answer") s.answers.push_back(value);
-    if (key == "show") s.shown.push_back(value);
-    if (key == "excel") s.excel = value;
-    if (key == "python") s.python.push_back(value);
-    if (key == "python after") s.pythonAfter.push_back(value);
-  }
-  return s;
-}
-
 // One compile of a case, gathering what it gives.
 struct CaseRun : InputPrompt {
   TempProject project;
   const std::string name, folder = project.folder();
-  Setup setup;
+  std::multimap<std::string, std::string> options;  // "## KEY: VALUE" at the case's top
   std::unique_ptr<Compiler> c;
   std::unique_ptr<hosts::ExcelHost> excel;
+  std::vector<std::string> answers;
   std::string out, events;
   std::size_t runsSeen = 0;
 
@@ -138,34 +115,57 @@ struct CaseRun : InputPrompt {
         project.write(e.path().filename().string(), fs::readFile(e.path().string()).value_or(""));
     if (stdfs::is_directory(casesFolder() / name))
       stdfs::copy(casesFolder() / name, fs::native(folder), stdfs::copy_options::recursive);
-    setup = setupOf(fs::readFile((casesFolder() / (name + ".ipf")).string()).value_or(""), folder);
-    c = std::make_unique<Compiler>(project, setup.settings, setup.engine);
-    if (!setup.answers.empty()) c->ctx.prompt = this;
-    if (shows("log"))
+    std::istringstream source(project.read(name + ".ipf"));
+    for (std::string line; std::getline(source, line) && line.rfind("## ", 0) == 0;) {
+      const std::size_t colon = line.find(": "), end = line.find_last_not_of('\r') + 1;
+      if (colon != std::string::npos)
+        options.emplace(line.substr(3, colon - 3),
+                        replaceAll(line.substr(colon + 2, end - colon - 2), "<project>", folder));
+    }
+    std::map<std::string, std::string> settings;
+    for (const std::string& s : all("setting"))
+      settings[s.substr(0, s.find('='))] = s.substr(s.find('=') + 1);
+    c = std::make_unique<Compiler>(
+        project, settings,
+        has("engine", "embedded") ? EngineChoice::Embedded : EngineChoice::Recording);
+    for (const std::string& refusal : all("refuse")) {
+      c->engine.leaveSentinel = true;
+      c->engine.failLine = std::stol(refusal);
+      c->engine.failWith = refusal.substr(refusal.find(' ') + 1);
+    }
+    answers = all("answer");
+    if (!answers.empty()) c->ctx.prompt = this;
+    if (has("show", "log"))
       c->ctx.log = [this](const std::string& l) { note("log: " + shown(l, folder)); };
-    if (setup.excel == "recording")
+    if (has("excel", "recording"))
       excel = std::make_unique<RecordingExcel>(
           [this](const std::string& n) { note("excel: " + shown(n, folder)); });
 #ifdef KORVANE_WORKBOOK_FILES
-    if (setup.excel == "files") excel = hosts::makeWorkbookFiles();
+    if (has("excel", "files")) excel = hosts::makeWorkbookFiles();
 #endif
     c->ctx.excel = excel.get();
   }
 
-  bool shows(const std::string& what) const {
-    return std::find(setup.shown.begin(), setup.shown.end(), what) != setup.shown.end();
+  std::vector<std::string> all(const std::string& key) const {
+    std::vector<std::string> values;
+    for (auto [at, end] = options.equal_range(key); at != end; ++at) values.push_back(at->second);
+    return values;
+  }
+  bool has(const std::string& key, const std::string& value) const {
+    const std::vector<std::string> values = all(key);
+    return std::find(values.begin(), values.end(), value) != values.end();
   }
   // Notes an event, after the MX runs made before it.
   void note(const std::string& event) {
-    for (; shows("runs") && runsSeen < c->engine.runs.size(); ++runsSeen)
+    for (; has("show", "runs") && runsSeen < c->engine.runs.size(); ++runsSeen)
       events += "run: " + shown(c->engine.runs[runsSeen], folder) + "\n";
     if (!event.empty()) events += event + "\n";
   }
   bool ask(const std::string&, const std::string& prompt, std::string& answer) override {
     note("ask: " + shown(prompt, folder));
-    if (setup.answers.empty()) return false;
-    answer = setup.answers.front();
-    setup.answers.erase(setup.answers.begin());
+    if (answers.empty()) return false;
+    answer = answers.front();
+    answers.erase(answers.begin());
     return true;
   }
   // Runs "SCRIPT ARGS" of tests/workbooks/ in the project.
@@ -184,10 +184,12 @@ struct CaseRun : InputPrompt {
 
   // What the case gives, in the form of its .expected file.
   std::string outcome() {
-    for (const std::string& command : setup.python) python(command);
-    for (std::string entry : setup.entries.empty() ? std::vector<std::string>{""} : setup.entries) {
+    for (const std::string& command : all("python")) python(command);
+    std::vector<std::string> entries = all("entry");
+    if (entries.empty()) entries.push_back("");
+    for (std::string entry : entries) {
       if (entry.empty() || entry[0] == '[')
-        entry = name + ".ipf" + (entry.empty() ? "" : " ") + entry;
+        entry = name + ".ipf" + (entry.empty() ? "" : " " + entry);
       c->lines.clear();
       const bool ok = c->compile(entry);
       note("");
@@ -197,12 +199,16 @@ struct CaseRun : InputPrompt {
       if (!ok)
         out += "stop: " + shown(replaceAll(c->stopMessage(), "\n", " | "), folder, false) + "\n";
     }
-    for (const std::string& command : setup.pythonAfter) python(command);
-    if (shows("written"))
+    for (const std::string& command : all("python after")) python(command);
+    if (has("show", "written"))
       for (const std::string& file : c->ctx.filesWritten)
         out += "written: " + shown(file, folder) + "\n";
-    for (const auto& file : setup.shown)
-      if (file != "log" && file != "runs" && file != "written")
+    if (has("show", "models"))
+      for (const auto& m : dynamic_cast<engine::EmbeddedEngine&>(*c->embedded).models())
+        out += "model: " + m.name + " " + std::to_string(m.strings) + " " +
+               std::to_string(m.points) + "\n";
+    for (const std::string& file : all("show"))
+      if (file != "log" && file != "runs" && file != "written" && file != "models")
         out += "file " + file + ": " +
                (!project.exists(file) ? "(none)"
                 : stdfs::is_directory(fs::native(project.path(file)))
