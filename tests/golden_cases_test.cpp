@@ -24,6 +24,11 @@
 //                          support/recording_excel.h, its notes shown "excel: "
 //   ## excel: files        workbooks read and written as files (the case is
 //                          skipped where they are not built)
+//   ## cad: WORD           automation as support/automation.h fakes it, its
+//                          calls shown "cad: "; one line each of "autocad"
+//                          (AutoCAD 18.0 runs), "no document" (it has none
+//                          open), "microstation" (MicroStation runs), "keep"
+//                          (numbered copies of the scripts kept), "none"
 //   ## python: SCRIPT ARGS runs tests/workbooks/SCRIPT before the compile
 //                          ("<project>" in ARGS is the project folder); shown
 //                          "python SCRIPT: " with its exit status and output
@@ -54,7 +59,10 @@
 #include "base/fs.h"
 #include "base/messages.h"
 #include "engine/embedded_engine.h"
+#include "shell/autocad_lookup.h"
+#include "shell/cad_players.h"
 #include "shell/diagnostics.h"
+#include "support/automation.h"
 #include "support/process.h"
 #include "support/project.h"
 #include "support/recording_excel.h"
@@ -105,7 +113,10 @@ struct CaseRun : InputPrompt {
   std::multimap<std::string, std::string> options;  // "## KEY: VALUE" at the case's top
   std::unique_ptr<Compiler> c;
   std::unique_ptr<hosts::ExcelHost> excel;
-  std::vector<std::string> answers;
+  std::vector<std::string> answers, cadLog;
+  RecordingSystem cad{cadLog};
+  FakeAutoCad acad{cadLog};
+  std::size_t cadSeen = 0;
   std::string out, events;
   std::size_t runsSeen = 0;
 
@@ -144,6 +155,17 @@ struct CaseRun : InputPrompt {
     if (has("excel", "files")) excel = hosts::makeWorkbookFiles();
 #endif
     c->ctx.excel = excel.get();
+    if (all("cad").empty()) return;
+    if (has("cad", "autocad")) acad.runIn(cad);
+    if (has("cad", "no document")) acad.app->answers["ActiveDocument"] = hosts::AutoValue();
+    if (has("cad", "microstation")) {
+      auto station = std::make_shared<RecordingObject>(cadLog, "ustn");
+      station->answers["CadInputQueue"] =
+          hosts::AutoObject(std::make_shared<RecordingObject>(cadLog, "queue"));
+      cad.running["MicroStationDGN.Application"] = station;
+    }
+    c->ctx.players = makeCadPlayers(cad, CadOptions{has("cad", "keep")});
+    c->ctx.autocad = autoCadFinder(cad);
   }
 
   std::vector<std::string> all(const std::string& key) const {
@@ -155,10 +177,12 @@ struct CaseRun : InputPrompt {
     const std::vector<std::string> values = all(key);
     return std::find(values.begin(), values.end(), value) != values.end();
   }
-  // Notes an event, after the MX runs made before it.
+  // Notes an event, after the MX runs and automation calls made before it.
   void note(const std::string& event) {
     for (; has("show", "runs") && runsSeen < c->engine.runs.size(); ++runsSeen)
       events += "run: " + shown(c->engine.runs[runsSeen], folder) + "\n";
+    for (; cadSeen < cadLog.size(); ++cadSeen)
+      events += "cad: " + shown(cadLog[cadSeen], folder) + "\n";
     if (!event.empty()) events += event + "\n";
   }
   bool ask(const std::string&, const std::string& prompt, std::string& answer) override {

@@ -85,4 +85,43 @@ struct RecordingSystem : hosts::AutomationSystem {
   }
 };
 
+// AutoCAD: the application "acad", its documents "docs" and its active
+// document "doc", logging to `log`. The document's GetVariable gives 1 for
+// FILEDIA, "3" for USERS5 (where getlispvar leaves its value) and 2.5 for any
+// other name, and refuses REFUSED; the application is busy for its first
+// three state polls.
+struct FakeAutoCad {
+  std::shared_ptr<RecordingObject> app, docs, doc;
+  int busyPolls = 3;
+
+  explicit FakeAutoCad(std::vector<std::string>& log)
+      : app(std::make_shared<RecordingObject>(log, "acad")),
+        docs(std::make_shared<RecordingObject>(log, "docs")),
+        doc(std::make_shared<RecordingObject>(log, "doc")) {
+    docs->answers["Count"] = 0;
+    app->answers["Documents"] = hosts::AutoObject(docs);
+    app->answers["ActiveDocument"] = hosts::AutoObject(doc);
+    doc->onCall = [](const std::string& m, std::vector<hosts::AutoValue>& args) {
+      const std::string name = args.empty() ? "" : args[0].text();
+      if (m != "GetVariable") return hosts::AutoValue();
+      if (name == "REFUSED") throw hosts::AutomationError("refused");
+      return name == "FILEDIA"  ? hosts::AutoValue(1)
+             : name == "USERS5" ? hosts::AutoValue("3")
+                                : hosts::AutoValue(2.5);
+    };
+    app->onCall = [this, &log](const std::string& m, std::vector<hosts::AutoValue>&) {
+      if (m != "GetAcadState") return hosts::AutoValue();
+      auto state = std::make_shared<RecordingObject>(log, "state");
+      state->answers["IsQuiescent"] = --busyPolls <= 0;
+      return hosts::AutoValue(hosts::AutoObject(state));
+    };
+  }
+  // AutoCAD 18.0 running in `system`, the one instance of acad.exe.
+  void runIn(RecordingSystem& system) {
+    system.processes["acad.exe"] = {"\"C:\\A\\acad.exe\""};
+    system.versions["C:\\A\\acad.exe"] = "18.0";
+    system.running["AutoCAD.Application"] = app;
+  }
+};
+
 }  // namespace korvane::test
