@@ -1,6 +1,6 @@
-// The AutoCAD channel's conversation with a fake AutoCAD that records what it
-// is sent, and the choice of the AutoCAD instance. Compiles that play scripts
-// and key-ins and ask AutoCAD are the golden cases cad_*.
+// The choice of the AutoCAD instance, against a fake automation system.
+// Compiles that play scripts and key-ins through fake AutoCAD and MicroStation
+// and ask AutoCAD are the golden cases cad_*.
 #include <gtest/gtest.h>
 
 #include "compiler/failure_message.h"
@@ -12,25 +12,6 @@
 using namespace korvane;
 
 namespace {
-
-// AutoCAD with its own log.
-struct Log {
-  std::vector<std::string> log;
-};
-struct AutoCad : Log, test::FakeAutoCad {
-  AutoCad() : FakeAutoCad(log) {}
-};
-
-TEST(AutoCadChannel, PlaysTheScriptWithFiledialogOffAndWaitsForQuiescence) {
-  AutoCad acad;
-  playAutoCadScript(*acad.app, "/p/tmpinput.scr");
-  EXPECT_EQ(acad.log,
-            (std::vector<std::string>{"docs.Add(acad)", "acad.Visible=True",
-                                      "doc.GetVariable(FILEDIA)", "doc.SetVariable(FILEDIA,0)",
-                                      "doc.SendCommand(_script\r/p/tmpinput.scr\r)",
-                                      "acad.GetAcadState()", "acad.GetAcadState()",
-                                      "acad.GetAcadState()", "doc.SetVariable(FILEDIA,1)"}));
-}
 
 // The lookup as a compile meets it: "found", or the message that ends the run.
 std::string lookUp(RunContext& ctx, hosts::AutomationSystem& sys) {
@@ -47,9 +28,9 @@ const std::string kNoAutoCad =
 TEST(AutoCadLookup, ChoosesTheInstanceThatGAcadverAsksFor) {
   test::TempProject project;
   test::Compiler c{project};
-  std::vector<std::string> attached;
+  std::vector<std::string> attached, log;
   test::RecordingSystem sys{attached};
-  AutoCad acad;
+  test::FakeAutoCad acad{log};
   sys.processes["acad.exe"] = {"\"C:\\A17\\acad.exe\" /nologo", "\"C:\\A18\\ACAD.EXE\""};
   sys.versions = {{"C:\\A17\\acad.exe", "17.1"}, {"C:\\A18\\ACAD.EXE", "18.0"}};
   sys.running["AutoCAD.Application.18.0"] = acad.app;

@@ -18,6 +18,10 @@
 //                          of one run, each shown with what it gave
 //   ## answer: TEXT        input() gets TEXT, each answer once in turn, then
 //                          is cancelled; each question is shown "ask: "
+//   ## run: WORD           the entries run as the Run command runs them, to
+//                          the first that stops, its progress and status shown
+//                          ("entry N", "MX run", "status: "), with one line
+//                          each of "entries", "save one", "save separate"
 //   ## refuse: LINE TEXT   each run of the RecordingEngine stops early at the
 //                          MX input's line LINE with the error TEXT
 //   ## excel: recording    Excel is the RecordingExcel of
@@ -62,6 +66,7 @@
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
 #include "shell/diagnostics.h"
+#include "shell/run_command.h"
 #include "support/automation.h"
 #include "support/process.h"
 #include "support/project.h"
@@ -107,7 +112,7 @@ std::string shown(const std::string& text, const std::string& folder, bool escap
 }
 
 // One compile of a case, gathering what it gives.
-struct CaseRun : InputPrompt {
+struct CaseRun : InputPrompt, RunProgress, StatusSink {
   TempProject project;
   const std::string name, folder = project.folder();
   std::multimap<std::string, std::string> options;  // "## KEY: VALUE" at the case's top
@@ -185,6 +190,11 @@ struct CaseRun : InputPrompt {
       events += "cad: " + shown(cadLog[cadSeen], folder) + "\n";
     if (!event.empty()) events += event + "\n";
   }
+  void entryStarted(std::size_t i, std::size_t, const std::string&) override {
+    note("entry " + std::to_string(i + 1));
+  }
+  void engineRun(std::size_t, int run) override { note("MX run " + std::to_string(run)); }
+  void status(const std::string& text) override { note("status: " + text); }
   bool ask(const std::string&, const std::string& prompt, std::string& answer) override {
     note("ask: " + shown(prompt, folder));
     if (answers.empty()) return false;
@@ -206,22 +216,39 @@ struct CaseRun : InputPrompt {
            "\n";
   }
 
+  // The MX lines and the events so far, and the message the entry stopped with.
+  void lines(const std::string& stop) {
+    note("");
+    for (const auto& l : c->lines) out += shown(l, folder, false) + "\n";
+    out += events;
+    events.clear();
+    c->lines.clear();
+    if (!stop.empty()) out += "stop: " + shown(replaceAll(stop, "\n", " | "), folder, false) + "\n";
+  }
+
   // What the case gives, in the form of its .expected file.
   std::string outcome() {
     for (const std::string& command : all("python")) python(command);
     std::vector<std::string> entries = all("entry");
     if (entries.empty()) entries.push_back("");
-    for (std::string entry : entries) {
-      if (entry.empty() || entry[0] == '[')
-        entry = name + ".ipf" + (entry.empty() ? "" : " " + entry);
+    for (std::string& entry : entries)
+      entry = entry.empty() || entry[0] == '[' ? name + ".ipf" + (entry.empty() ? "" : " " + entry)
+                                               : entry;
+    if (!all("run").empty()) {
+      for (std::string& entry : entries) entry = project.path(entry);
+      c->ctx.statusSink = this;
+      const RunOutcome o = runEntries(
+          c->ctx, entries,
+          {.saveOne = has("run", "save one"), .saveSeparate = has("run", "save separate")}, this);
+      entries.clear();  // ran
+      lines(o.stopped ? o.message : "");
+      out += "entries run: " + std::to_string(o.entriesRun) +
+             (o.stopped ? ", stopped at entry " + std::to_string(o.stoppedAt + 1) : "") + "\n";
+    }
+    for (const std::string& entry : entries) {
       c->lines.clear();
       const bool ok = c->compile(entry);
-      note("");
-      for (const auto& l : c->lines) out += shown(l, folder, false) + "\n";
-      out += events;
-      events.clear();
-      if (!ok)
-        out += "stop: " + shown(replaceAll(c->stopMessage(), "\n", " | "), folder, false) + "\n";
+      lines(ok ? "" : c->stopMessage());
     }
     for (const std::string& command : all("python after")) python(command);
     if (has("show", "written"))
