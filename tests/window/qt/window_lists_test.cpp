@@ -24,11 +24,9 @@ class WindowListsTest : public QObject {
  private slots:
   void captionsComeFromTheLanguageFile();
   void pickRules();
-  void aFileThatCannotBeReadHasNoSections();
   void moveDeleteAndCopy();
   void fileMenuStates();
-  void homeWithAndWithoutInputs();
-  void exclPanelInsideAndOutsideTheProject();
+  void homeAndTheExclPanel();
   void vanishedFoldersAndTheFolderPanel();
 };
 
@@ -68,14 +66,16 @@ void WindowListsTest::pickRules() {
   WindowFixture f;
   f.write("a_road.ipf", "[main]\r\ncrea,a\r\n[_helper]\r\n[no close\r\n[end]\r\n");
   f.write("b_plain.ipf", "crea,b\r\n");
+  f.write("c_gone.ipf", "[main]\r\n");
   f.write("notes.txt", "");
   MainWindow& w = f.open();
+  std::filesystem::remove(fs::native(f.path("c_gone.ipf")));  // listed, then gone
   QListWidget *inps = f.list("inps"), *subs = f.list("subs"), *toRun = f.list("ToRun");
   auto* pick = child<QPushButton>(&w, "cmdPick");
   auto* pickAll = child<QPushButton>(&w, "cmdPickAll");
   const QString road = fromCore(f.path("a_road.ipf"));
 
-  QCOMPARE(items(inps), QStringList({"a_road.ipf", "b_plain.ipf"}));
+  QCOMPARE(items(inps), QStringList({"a_road.ipf", "b_plain.ipf", "c_gone.ipf"}));
   QCOMPARE(inps->currentRow(), 0);  // the first file is selected at start
   QCOMPARE(items(subs), QStringList({"main", "_helper", "end"}));
   QVERIFY(subs->isEnabled());
@@ -109,21 +109,15 @@ void WindowListsTest::pickRules() {
   doubleClickOn(inps, 1);
   QCOMPARE(toRun->count(), 5);
   QCOMPARE(toRun->item(4)->text(), fromCore(f.path("b_plain.ipf")));
-}
 
-void WindowListsTest::aFileThatCannotBeReadHasNoSections() {
-  WindowFixture f;
-  f.write("a.ipf", "[main]\r\n");
-  f.write("gone.ipf", "[main]\r\n");
-  MainWindow& w = f.open();
-  std::filesystem::remove(fs::native(f.path("gone.ipf")));
-  clickOn(f.list("inps"), 1);
-  QCOMPARE(f.list("inps")->currentRow(), 1);
-  QCOMPARE(f.list("subs")->count(), 0);
-  QVERIFY(!f.list("subs")->isEnabled());
-  QVERIFY(!child<QPushButton>(&w, "cmdPickAll")->isEnabled());
-  clickOn(f.list("inps"), 0);
-  QCOMPARE(items(f.list("subs")), QStringList({"main"}));
+  // A file that cannot be read has no sections; the next one read has its own.
+  clickOn(inps, 2);
+  QCOMPARE(inps->currentRow(), 2);
+  QCOMPARE(subs->count(), 0);
+  QVERIFY(!subs->isEnabled());
+  QVERIFY(!pickAll->isEnabled());
+  clickOn(inps, 0);
+  QCOMPARE(items(subs), QStringList({"main", "_helper", "end"}));
 }
 
 void WindowListsTest::moveDeleteAndCopy() {
@@ -200,41 +194,30 @@ void WindowListsTest::fileMenuStates() {
   QCOMPARE(menu(), QString("-Edit -Select -SelectAll Delete DeleteAll"));
 }
 
-void WindowListsTest::homeWithAndWithoutInputs() {
+void WindowListsTest::homeAndTheExclPanel() {
   WindowFixture f;
   f.write("top.ipf", "");
+  const std::string proj2 = f.project() + "2";
+  std::filesystem::create_directories(fs::native(proj2));
   MainWindow& w = f.open();  // no LastFile: start-up goes Home
   QCOMPARE(w.fileListPath(), f.project());
   QCOMPARE(items(f.list("inps")), QStringList({"top.ipf"}));
-
-  f.write("inputs/road.ipf", "");
-  f.write("other/x.ipf", "");
-  w.folderPanel()->setFolder(f.path("other"));
-  QCOMPARE(w.fileListPath(), f.path("other"));
-  w.action("mnuHome")->trigger();
-  QCOMPARE(w.fileListPath(), f.path("inputs"));
-  QCOMPARE(items(f.list("inps")), QStringList({"road.ipf"}));
-  QCOMPARE(f.label("dir")->text(), fromCore(f.path("inputs")));
-  QVERIFY(f.list("inps")->hasFocus() || !QGuiApplication::focusWindow());
-}
-
-void WindowListsTest::exclPanelInsideAndOutsideTheProject() {
-  WindowFixture f;
-  f.write("inputs/a.ipf", "");
-  const std::string proj2 = f.project() + "2";
-  std::filesystem::create_directories(fs::native(proj2));
-  MainWindow& w = f.open();
   QLabel* excl = f.label("excl");
   QCOMPARE(excl->property("picture").toString(), QString("proj"));
   QCOMPARE(excl->toolTip(), QString("You are in the project folder."));
 
+  f.write("inputs/road.ipf", "");
   w.folderPanel()->setFolder(proj2);  // Proj2 beside Proj is outside
+  QCOMPARE(w.fileListPath(), proj2);
   QCOMPARE(excl->property("picture").toString(), QString("notproj"));
   QCOMPARE(excl->toolTip(), QString("You are not in the project folder!"));
   QVERIFY(!excl->pixmap().isNull());
-
-  w.folderPanel()->setFolder(f.path("inputs"));
+  w.action("mnuHome")->trigger();
+  QCOMPARE(w.fileListPath(), f.path("inputs"));
+  QCOMPARE(items(f.list("inps")), QStringList({"road.ipf"}));
+  QCOMPARE(f.label("dir")->text(), fromCore(f.path("inputs")));
   QCOMPARE(excl->property("picture").toString(), QString("proj"));
+  QVERIFY(f.list("inps")->hasFocus() || !QGuiApplication::focusWindow());
   std::filesystem::remove_all(fs::native(proj2));
 }
 

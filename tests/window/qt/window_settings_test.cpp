@@ -21,8 +21,7 @@ class WindowSettingsTest : public QObject {
 
  private slots:
   void layoutRestoredAndWrittenBack();
-  void nonsenseGeometryIsKeptOnTheScreen();
-  void folderPanelFromTheSettings();
+  void nonsenseGeometryAndTheFolderPanel();
   void saveModeToggles();
   void lastFileRestored();
 };
@@ -63,26 +62,24 @@ void WindowSettingsTest::layoutRestoredAndWrittenBack() {
   QCOMPARE(f.position("LastFile"), fs::withTrailingSeparator(f.project()));
 }
 
-void WindowSettingsTest::nonsenseGeometryIsKeptOnTheScreen() {
+void WindowSettingsTest::nonsenseGeometryAndTheFolderPanel() {
+  // Nonsense is kept on the screen; a folder panel narrower than the collapsed
+  // width is left as it is, whatever "Dir" says.
   WindowFixture f;
   const QRect screen = QGuiApplication::primaryScreen()->geometry();
   f.setPositions({{"Top", "-200"},
                   {"Left", "abc"},
                   {"Width", std::to_string((screen.width() + 200) * kTwipsPerPixel)},
                   {"Height", "99999"},  // not a 16-bit number: the designed height
-                  {"inpWidth", "-40"}});
-  MainWindow& w = f.open();
-  QCOMPARE(w.pos(), screen.topLeft());
-  QVERIFY(screen.contains(QRect(w.pos(), w.size())));
-  QVERIFY(w.splitter()->sizes()[1] >= kMinPaneTwips / kTwipsPerPixel);
-}
-
-void WindowSettingsTest::folderPanelFromTheSettings() {
-  // Narrower than the collapsed width: left as it is, whatever "Dir" says.
-  WindowFixture f;
-  f.setPositions({{"Dir", "False"}, {"dirWidth", "149"}});
-  QVERIFY(f.open().folderPanelShown());
-  QVERIFY(!f.window->action("mnuDir")->isChecked());
+                  {"inpWidth", "-40"},
+                  {"Dir", "False"},
+                  {"dirWidth", "149"}});
+  MainWindow& first = f.open();
+  QCOMPARE(first.pos(), screen.topLeft());
+  QVERIFY(screen.contains(QRect(first.pos(), first.size())));
+  QVERIFY(first.splitter()->sizes()[1] >= kMinPaneTwips / kTwipsPerPixel);
+  QVERIFY(first.folderPanelShown());
+  QVERIFY(!first.action("mnuDir")->isChecked());
   // Shown but not wanted: hidden at start, and the remembered width is written at exit.
   f.close();
   f.setPositions({{"Dir", "False"}, {"dirWidth", "2400"}});
