@@ -4,6 +4,7 @@
 #include "engine/label_rules.h"
 #include "shell/engine_choice.h"
 #include "support/engine.h"
+#include "support/vectors.h"
 
 using namespace korvane::hosts;
 using namespace korvane::engine;
@@ -13,29 +14,7 @@ namespace {
 
 // Model M: a 3D string broken after its second point, a 6D master string and a
 // 5D section string whose fifth dimension is a text.
-const char* const kModel =
-    "geni,M\n"
-    "001FORMAT(3F12.3)\n"
-    "080,S1,,,,,3,,,2\n"
-    "       0.000       1.000      10.000\n"
-    "       3.000       5.000    -999.000\n"
-    "      10.000       5.000      12.000\n"
-    "      10.000       9.000      13.000\n"
-    "       0.000       0.000       0.000\n"
-    "003,ORDR,4=1,1,2,3,4,5,6\n"
-    "080,MAST\n"
-    "     100.000     200.000      50.000\n"
-    "    1000.000       1.571     250.000\n"
-    "     100.000     300.000      51.000\n"
-    "    1100.000       1.571       0.000\n"
-    "       0.000       0.000       0.000\n"
-    "       0.000       0.000       0.000\n"
-    "001FORMAT(4F12.3,A4)\n"
-    "003,ORDR,4=1,1,2,3,4,5\n"
-    "080,X001,MAST\n"
-    "     100.000     250.000      50.500      -7.500S1\n"
-    "       0.000       0.000       0.000       0.000\n"
-    "999\n";
+const std::string kModel = korvane::test::engineCase("three_strings");
 
 }  // namespace
 

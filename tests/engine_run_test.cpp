@@ -10,16 +10,7 @@ using korvane::testing::EngineTest;
 
 namespace {
 
-const char* const kModelM =
-    "geni,M\n001FORMAT(3F12.3)\n"
-    "080,A\n       1.000       1.000       0.100\n       2.000       1.000       0.200\n"
-    "       3.000       1.000       0.300\n       4.000       1.000       0.400\n"
-    "       5.000       1.000       0.500\n       6.000       1.000       0.600\n"
-    "       0.000       0.000       0.000\n"
-    "080,B\n       1.000       1.000       0.100\n       2.000       1.000       0.200\n"
-    "       3.000       1.000       0.300\n       4.000       1.000       0.400\n"
-    "       5.000       1.000       0.500\n       6.000       1.000       0.600\n"
-    "       0.000       0.000       0.000\n999\n";
+const std::string kModelM = korvane::test::engineCase("strings_a_and_b");
 
 class Runs : public EngineTest {
  protected:

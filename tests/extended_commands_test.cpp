@@ -7,6 +7,7 @@
 
 #include "engine/embedded_engine.h"
 #include "support/project.h"
+#include "support/vectors.h"
 
 using namespace korvane;
 using Lines = std::vector<std::string>;
@@ -54,23 +55,7 @@ TEST_F(ExtendedCommands, AStringMayCrossTwoHundredStringsNotMore) {
 TEST(SectionsAlongARoad, TrimsectionCutsThemBackToTheInnerGroundStrings) {
   test::TempProject project;
   test::Compiler c{project, {}, test::EngineChoice::Embedded};
-  project.write("road.ipf",
-                "geni,ROAD\r\n001format(3f12.3)\r\n"
-                "080,MAST,,7=3\r\n     100.000     100.000     100.000\r\n     120.000     100.000 "
-                "    100.000\r\n       0.000       0.000       0.000\r\n"
-                "080,E001,,7=3\r\n     100.000     104.000      99.900\r\n     120.000     104.000 "
-                "     99.900\r\n       0.000       0.000       0.000\r\n"
-                "080,E002,,7=3\r\n     100.000      96.000      99.900\r\n     120.000      96.000 "
-                "     99.900\r\n       0.000       0.000       0.000\r\n"
-                "080,GR01,,7=3\r\n     100.000     112.000      99.000\r\n     120.000     112.000 "
-                "     99.000\r\n       0.000       0.000       0.000\r\n"
-                "080,GR02,,7=3\r\n     100.000     108.000      99.500\r\n     120.000     108.000 "
-                "     99.500\r\n       0.000       0.000       0.000\r\n"
-                "080,GR03,,7=3\r\n     100.000      92.000      99.500\r\n     120.000      92.000 "
-                "     99.500\r\n       0.000       0.000       0.000\r\n"
-                "080,GR04,,7=3\r\n     100.000      88.000      99.000\r\n     120.000      88.000 "
-                "     99.000\r\n       0.000       0.000       0.000\r\n"
-                "999\r\n");
+  project.write("road.ipf", test::engineCase("road_with_ground"));
   ASSERT_TRUE(c.compile("road.ipf")) << c.stopMessage();
   auto& engine = static_cast<engine::EmbeddedEngine&>(*c.embedded);
   ASSERT_TRUE(engine.makeSections("ROAD", "MAST", "SECT", {}).ok());

@@ -84,6 +84,12 @@ std::string testName(const std::string& caseName) {
   return n;
 }
 
+std::string engineCase(const std::string& name) {
+  std::ifstream in(std::string(KORVANE_SOURCE_DIR) + "/tests/engine_cases/" + name + ".txt",
+                   std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
 void expectFileHolds(const std::string& expected, const std::string& got) {
   if (std::getenv("KORVANE_WRITE_GOLDEN")) {
     std::ofstream(expected, std::ios::binary) << got;

@@ -21,6 +21,8 @@ std::vector<Vector> readVectors(const std::string& name, std::size_t fields);
 std::vector<std::string> caseNames(const std::string& folder, const std::string& extension);
 // A case's name as a test's name: letters and digits, "_" for the rest.
 std::string testName(const std::string& caseName);
+// The Linemode input of tests/engine_cases/`name`.txt ("" when there is none).
+std::string engineCase(const std::string& name);
 // Expects `got` to be the content of the file `expected`; with
 // KORVANE_WRITE_GOLDEN=1 in the environment writes it there instead (read
 // each file so written before keeping it).
