@@ -81,6 +81,13 @@ TEST(FortranFormat, ReadsAndWritesTheVectorFields) {
           << v.where;
       continue;
     }
+    if (v.fields[2] == "same") {
+      const double value = std::strtod(v.fields[0].c_str(), nullptr);
+      const std::string written = writeNumberField(value, slot);
+      EXPECT_EQ(written.size(), static_cast<std::size_t>(slot.width)) << v.where;
+      EXPECT_EQ(readNumberField(written, slot), value) << v.where;
+      continue;
+    }
     std::optional<double> read = readNumberField(v.fields[0], slot);
     if (v.fields[2] == "refused") {
       EXPECT_FALSE(read) << v.where;
@@ -120,12 +127,4 @@ TEST(FortranFormat, ReadsRandomDecimalsAsTheNearestDouble) {
     }
   }
   EXPECT_GT(checked, 3900);
-}
-
-TEST(FortranFormat, WrittenValuesReadBackExactly) {
-  for (double v : {2065.2, -999.0, 1.0 / 3.0, 650123.456789, -1e-7, 6.02e23}) {
-    std::string s = writeNum(v, Edit::D, 23, 17);
-    ASSERT_EQ(s.size(), 23u) << s;
-    EXPECT_EQ(readNum(s, Edit::D, 23, 17), v) << s;
-  }
 }
