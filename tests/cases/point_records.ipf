@@ -1,4 +1,5 @@
 ## engine: embedded
+## setting: PublicMacros=/macros/public
 ## The point record a query reads: numbers 1 to 12 are the dimensions (a
 ## master string's fifth and sixth as 13 and 14), 5 the chainage along the
 ## plan (a break not counted; a master string's own in its fourth), 16 the
@@ -7,7 +8,9 @@
 ## strings of the model the last GENIO named. Model M: a 3D string broken
 ## after its second point, with a null level; a 6D master string; a 5D
 ## section string whose fifth dimension is a text. A string cut at its start
-## is measured again from its new first point.
+## is measured again from its new first point. The engine's parameters: the
+## project folder, the model the last GENIO named, the settings. The label
+## after the highest of a prefix (letter case aside).
 geni,M
 001FORMAT(3F12.3)
 080,S1,,,,,3,,,2
@@ -34,6 +37,7 @@ geni,M
    MAST point 2: 4 |getpoint(M,MAST,2,num,4)|, 5 |getpoint(M,MAST,2,num,5)|, 13 |getpoint(M,MAST,2,num,13)|, 6 |getpoint(M,MAST,2,num,6)|
    X001 point 1: text 5 |getpoint(M,X001,1,txt,5)|, 4 |getpoint(M,X001,1,num,4)|, text 14 |getpoint(M,X001,1,txt,14)|, text 16 |getpoint(M,X001,1,txt,16)|
    point 7 of M: |getdata(7,txt,13)|, S1 has |getpoint(M,S1,0,num,1)| points
+   folder |getparam(" ProjectFolder ")|, model |getparam(CurrentModel)|, public |getparam(publicmacros)|, project |getparam(projectmacros)|, dir |getparam(projectdir)|
 geni,K
 001FORMAT(3F12.3)
 080,B
@@ -49,3 +53,22 @@ edit,K
 005,3=B,9=3
 999
    B cut: point 4 at x |getpoint(K,B,4,num,1)|, chainage |getpoint(K,B,4,num,5)|
+geni,L
+001FORMAT(2F8.1)
+080,AB00,,,,,2
+00001.000001.0
+00000.000000.0
+080,AB05,,,,,2
+00001.000001.0
+00000.000000.0
+080,ab0z,,,,,2
+00001.000001.0
+00000.000000.0
+080,AC00,,,,,2
+00001.000001.0
+00000.000000.0
+080,B,,,,,2
+00001.000001.0
+00000.000000.0
+999
+   next ab |getnextlabel(L,ab)|, Q |getnextlabel(L,Q)|
