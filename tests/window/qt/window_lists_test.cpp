@@ -24,8 +24,7 @@ class WindowListsTest : public QObject {
  private slots:
   void captionsComeFromTheLanguageFile();
   void pickRules();
-  void moveDeleteAndCopy();
-  void fileMenuStates();
+  void fileMenuMoveDeleteAndCopy();
   void homeAndTheExclPanel();
   void vanishedFoldersAndTheFolderPanel();
 };
@@ -120,13 +119,35 @@ void WindowListsTest::pickRules() {
   QCOMPARE(items(subs), QStringList({"main", "_helper", "end"}));
 }
 
-void WindowListsTest::moveDeleteAndCopy() {
+void WindowListsTest::fileMenuMoveDeleteAndCopy() {
   WindowFixture f;
-  f.write("road.ipf", "crea,a\r\n");
+  f.write("a.ipf", "[main]\r\n[end]\r\n");
+  f.write("b.ipf", "crea,b\r\n");
   MainWindow& w = f.open();
   QListWidget* toRun = f.list("ToRun");
+  // The File menu's entries as it shows them, "-" before those that are disabled.
+  const auto menu = [&] {
+    emit child<QMenu>(&w, "mnuFile")->aboutToShow();
+    QString shown;
+    for (const char* a : {"Edit", "Select", "SelectAll", "Delete", "DeleteAll"})
+      shown += QString(w.action(QString("mnu") + a)->isEnabled() ? " " : " -") + a;
+    return shown.trimmed();
+  };
+  // A file with sections, none selected; then a section picked and an entry selected.
+  QCOMPARE(menu(), QString("Edit -Select SelectAll -Delete -DeleteAll"));
+  clickOn(f.list("subs"), 0);
+  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete -DeleteAll"));
+  w.action("mnuSelect")->trigger();
+  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete DeleteAll"));
+  toRun->item(0)->setSelected(true);
+  QCOMPARE(menu(), QString("Edit Select SelectAll Delete DeleteAll"));
+  // A file without sections is picked whole.
+  clickOn(f.list("inps"), 1);
+  QCOMPARE(menu(), QString("Edit Select -SelectAll Delete DeleteAll"));
+
   auto* up = child<QPushButton>(&w, "cmdUp");
   auto* down = child<QPushButton>(&w, "cmdDown");
+  toRun->clear();
   toRun->addItems({"e1", "e2", "e3", "e4", "e5"});
 
   // Entries 2 and 3 move as one with their selection; 2 and 4 are not one run.
@@ -155,43 +176,16 @@ void WindowListsTest::moveDeleteAndCopy() {
   w.action("mnuToRunDelAll")->trigger();
   QCOMPARE(toRun->count(), 0);
 
-  // The inputs popup names the selected file.
+  // The inputs popup names the selected file; no input file selected.
   w.updateInpsPopup();
-  QCOMPARE(w.action("mnuInpsEdit")->text(), QString("Edit: road.ipf"));
+  QCOMPARE(w.action("mnuInpsEdit")->text(), QString("Edit: b.ipf"));
   QVERIFY(w.action("mnuInpsEdit")->isEnabled());
   f.list("inps")->clearSelection();
+  QCOMPARE(menu(), QString("-Edit -Select -SelectAll -Delete -DeleteAll"));
   w.updateInpsPopup();
   QCOMPARE(w.action("mnuInpsEdit")->text(), QString("Edit"));
   QVERIFY(!w.action("mnuInpsEdit")->isEnabled());
   w.editInput();  // without a selection: nothing, and no box
-}
-
-void WindowListsTest::fileMenuStates() {
-  WindowFixture f;
-  f.write("a.ipf", "[main]\r\n[end]\r\n");
-  f.write("b.ipf", "crea,b\r\n");
-  MainWindow& w = f.open();
-  // The File menu's entries as it shows them, "-" before those that are disabled.
-  const auto menu = [&] {
-    emit child<QMenu>(&w, "mnuFile")->aboutToShow();
-    QString shown;
-    for (const char* a : {"Edit", "Select", "SelectAll", "Delete", "DeleteAll"})
-      shown += QString(w.action(QString("mnu") + a)->isEnabled() ? " " : " -") + a;
-    return shown.trimmed();
-  };
-  // A file with sections, none selected; then a section picked and an entry selected.
-  QCOMPARE(menu(), QString("Edit -Select SelectAll -Delete -DeleteAll"));
-  clickOn(f.list("subs"), 0);
-  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete -DeleteAll"));
-  w.action("mnuSelect")->trigger();
-  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete DeleteAll"));
-  f.list("ToRun")->item(0)->setSelected(true);
-  QCOMPARE(menu(), QString("Edit Select SelectAll Delete DeleteAll"));
-  // A file without sections is picked whole; no input file selected.
-  clickOn(f.list("inps"), 1);
-  QCOMPARE(menu(), QString("Edit Select -SelectAll Delete DeleteAll"));
-  f.list("inps")->clearSelection();
-  QCOMPARE(menu(), QString("-Edit -Select -SelectAll Delete DeleteAll"));
 }
 
 void WindowListsTest::homeAndTheExclPanel() {
