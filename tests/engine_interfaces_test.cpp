@@ -26,8 +26,6 @@ TEST_F(EngineTest, InterfacesStatusWordsAndCounts) {
   EXPECT_EQ(count, 0);
   EXPECT_EQ(da.record(1, r), MxStatus::kNoModel);                        // no model named yet
   ASSERT_EQ(run(kModel + std::string("crea,OTHER\ndele,OTHER\n")), "");  // GENIO names M
-  EXPECT_EQ(da.stringInfo("M", "S1", count), MxStatus::kFound);
-  EXPECT_EQ(count, 4);
   EXPECT_EQ(da.stringInfo("M", "NONE", count), MxStatus::kNoString);
   EXPECT_EQ(da.stringInfo("NONE", "S1", count), MxStatus::kNoModel);
   EXPECT_EQ(da.point("M", "S1", 0, r), MxStatus::kNoPoint);
@@ -36,9 +34,6 @@ TEST_F(EngineTest, InterfacesStatusWordsAndCounts) {
   EXPECT_EQ(da.record(8, r), MxStatus::kNoPoint);  // M has 4 + 2 + 1 points
   ASSERT_EQ(da.record(7, r), MxStatus::kFound);
   EXPECT_EQ(r.txt[12], "X001");
-  EXPECT_TRUE(engine_->stringExists("m", "mast"));
-  EXPECT_FALSE(engine_->stringExists("M", "MAS"));
-  EXPECT_FALSE(engine_->modelExists("N"));
 }
 
 // The next label of a prefix and the parameters are the golden case

@@ -72,7 +72,9 @@ TEST(EscapedCellText, ReadAndWrittenAsExcelDoes) {
                     : hosts::workbook::unescapeCellText(v.fields[0]),
               v.fields[1])
         << v.where;
-    if (write) EXPECT_EQ(hosts::workbook::unescapeCellText(v.fields[1]), v.fields[0]) << v.where;
+    if (write) {
+      EXPECT_EQ(hosts::workbook::unescapeCellText(v.fields[1]), v.fields[0]) << v.where;
+    }
   }
 }
 

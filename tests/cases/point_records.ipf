@@ -10,7 +10,8 @@
 ## section string whose fifth dimension is a text. A string cut at its start
 ## is measured again from its new first point. The engine's parameters: the
 ## project folder, the model the last GENIO named, the settings. The label
-## after the highest of a prefix (letter case aside).
+## after the highest of a prefix, and strings and models asked for (letter
+## case aside).
 geni,M
 001FORMAT(3F12.3)
 080,S1,,,,,3,,,2
@@ -37,6 +38,10 @@ geni,M
    MAST point 2: 4 |getpoint(M,MAST,2,num,4)|, 5 |getpoint(M,MAST,2,num,5)|, 13 |getpoint(M,MAST,2,num,13)|, 6 |getpoint(M,MAST,2,num,6)|
    X001 point 1: text 5 |getpoint(M,X001,1,txt,5)|, 4 |getpoint(M,X001,1,num,4)|, text 14 |getpoint(M,X001,1,txt,14)|, text 16 |getpoint(M,X001,1,txt,16)|
    point 7 of M: |getdata(7,txt,13)|, S1 has |getpoint(M,S1,0,num,1)| points
+if exist(m,mast) then e1=1 else e1=0
+if exist(M,MAS) then e2=1 else e2=0
+if exist(N) then e3=1 else e3=0
+   exist: m mast |e1|, M MAS |e2|, N |e3|
    folder |getparam(" ProjectFolder ")|, model |getparam(CurrentModel)|, public |getparam(publicmacros)|, project |getparam(projectmacros)|, dir |getparam(projectdir)|
 geni,K
 001FORMAT(3F12.3)
