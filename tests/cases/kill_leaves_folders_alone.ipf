@@ -1,4 +1,5 @@
 ## show: old.txt
+## show: empty/gone.txt
 ## show: empty
 ## kill deletes files; a folder, even an empty one, stays.
 kill,old.txt
