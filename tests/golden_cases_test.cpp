@@ -28,10 +28,15 @@
 //                          support/recording_excel.h, its notes shown "excel: "
 //   ## excel: files        workbooks read and written as files (the case is
 //                          skipped where they are not built)
-//   ## cad: WORD           automation as support/automation.h fakes it, its
-//                          calls shown "cad: "; one line each of "autocad"
-//                          (AutoCAD 18.0 runs), "no document" (it has none
-//                          open), "microstation" (MicroStation runs), "keep"
+//   ## excel: automation   Excel over automation as on Windows, against the
+//                          recording objects of support/automation.h: Excel
+//                          runs (a macro's result text is "crea,FROM MACRO"),
+//                          and every workbook's cells hold 12.5; "automation
+//                          without Excel": none runs
+//   ## cad: WORD           AutoCAD and MicroStation as support/automation.h
+//                          fakes them; one line each of "autocad" (AutoCAD
+//                          18.0 runs), "no document" (it has none open),
+//                          "microstation" (MicroStation runs), "keep"
 //                          (numbered copies of the scripts kept), "none"
 //   ## python: SCRIPT ARGS runs tests/workbooks/SCRIPT before the compile
 //                          ("<project>" in ARGS is the project folder); shown
@@ -44,8 +49,9 @@
 //                          with how many strings and points each has
 //   ## show: FILE          the project file FILE at the end: "file FILE: " and
 //                          its content, "(folder)" or "(none)"
-// Asks, runs, log lines and Excel's notes come after the entry's MX lines in
-// the order they happened; shown text is C-escaped (\r, \n, \t, \\, \xHH).
+// Asks, runs, log lines, Excel's notes and the calls of automation (shown
+// "automation: ") come after the entry's MX lines in the order they happened; shown text is
+// C-escaped (\r, \n, \t, \\, \xHH).
 //
 // Each case is compiled twice, the second time with the diagnostics of
 // `korvane check` watching: watching never changes what is compiled.
@@ -116,11 +122,11 @@ struct CaseRun : InputPrompt, RunProgress, StatusSink {
   const std::string name, folder = project.folder();
   std::multimap<std::string, std::string> options;  // "## KEY: VALUE" at the case's top
   std::unique_ptr<Compiler> c;
+  std::vector<std::string> answers, calls;  // calls: of automation objects
+  RecordingSystem automation{calls};
+  FakeAutoCad acad{calls};
   std::unique_ptr<hosts::ExcelHost> excel;
-  std::vector<std::string> answers, cadLog;
-  RecordingSystem cad{cadLog};
-  FakeAutoCad acad{cadLog};
-  std::size_t cadSeen = 0;
+  std::size_t callsSeen = 0;
   std::string out, events;
   std::size_t runsSeen = 0;
 
@@ -158,18 +164,45 @@ struct CaseRun : InputPrompt, RunProgress, StatusSink {
 #ifdef KORVANE_WORKBOOK_FILES
     if (has("excel", "files")) excel = hosts::makeWorkbookFiles();
 #endif
+    if (has("excel", "automation") || has("excel", "automation without Excel"))
+      excel = automationExcel();
     c->ctx.excel = excel.get();
     if (all("cad").empty()) return;
-    if (has("cad", "autocad")) acad.runIn(cad);
+    if (has("cad", "autocad")) acad.runIn(automation);
     if (has("cad", "no document")) acad.app->answers["ActiveDocument"] = hosts::AutoValue();
     if (has("cad", "microstation")) {
-      auto station = std::make_shared<RecordingObject>(cadLog, "ustn");
+      auto station = std::make_shared<RecordingObject>(calls, "ustn");
       station->answers["CadInputQueue"] =
-          hosts::AutoObject(std::make_shared<RecordingObject>(cadLog, "queue"));
-      cad.running["MicroStationDGN.Application"] = station;
+          hosts::AutoObject(std::make_shared<RecordingObject>(calls, "queue"));
+      automation.running["MicroStationDGN.Application"] = station;
     }
-    c->ctx.players = makeCadPlayers(cad, CadOptions{has("cad", "keep")});
-    c->ctx.autocad = autoCadFinder(cad);
+    c->ctx.players = makeCadPlayers(automation, CadOptions{has("cad", "keep")});
+    c->ctx.autocad = autoCadFinder(automation);
+  }
+
+  std::unique_ptr<hosts::ExcelHost> automationExcel() {
+    const auto object = [this](const char* name) {
+      auto o = std::make_shared<RecordingObject>(calls, name);
+      o->logGets = true;
+      return o;
+    };
+    auto book = object("book"), sheets = object("sheets"), sheet = object("sheet");
+    auto cell = object("cell");
+    book->answers["Worksheets"] = hosts::AutoObject(sheets);
+    sheets->answers["Item"] = hosts::AutoObject(sheet);
+    sheet->answers["Cells"] = sheet->answers["Range"] = hosts::AutoObject(cell);
+    cell->answers["Value"] = 12.5;
+    automation.anyFile = book;
+    if (has("excel", "automation")) {
+      auto app = object("excel");
+      app->onCall = [](const std::string&, std::vector<hosts::AutoValue>& args) {
+        if (args.size() > 3) args[3] = hosts::AutoValue("crea,FROM MACRO");  // by reference
+        return hosts::AutoValue();
+      };
+      automation.running["Excel.Application"] = app;
+      automation.processes["excel.exe"] = {"EXCEL.EXE"};
+    }
+    return hosts::makeAutomationExcel(automation);
   }
 
   std::vector<std::string> all(const std::string& key) const {
@@ -185,8 +218,8 @@ struct CaseRun : InputPrompt, RunProgress, StatusSink {
   void note(const std::string& event) {
     for (; has("show", "runs") && runsSeen < c->engine.runs.size(); ++runsSeen)
       events += "run: " + shown(c->engine.runs[runsSeen], folder) + "\n";
-    for (; cadSeen < cadLog.size(); ++cadSeen)
-      events += "cad: " + shown(cadLog[cadSeen], folder) + "\n";
+    for (; callsSeen < calls.size(); ++callsSeen)
+      events += "automation: " + shown(calls[callsSeen], folder) + "\n";
     if (!event.empty()) events += event + "\n";
   }
   void entryStarted(std::size_t i, std::size_t, const std::string&) override {

@@ -59,6 +59,7 @@ struct RecordingSystem : hosts::AutomationSystem {
   std::map<std::string, std::string> versions;                // by program path
   std::map<std::string, hosts::AutoObject> running, files;
   std::map<std::string, std::vector<std::string>> registry;  // subkeys by key
+  hosts::AutoObject anyFile;  // what a file that `files` does not hold names, if set
 
   explicit RecordingSystem(std::vector<std::string>& l) : log(l) {}
   std::vector<std::string> processCommandLines(const std::string& exe) override {
@@ -68,6 +69,7 @@ struct RecordingSystem : hosts::AutomationSystem {
     return found("running ", running, progId);
   }
   hosts::AutoObject fileObject(const std::string& file) override {
+    if (anyFile && !files.count(file)) files[file] = anyFile;
     return found("file ", files, file);
   }
   std::string fileVersion(const std::string& path) override { return versions[path]; }
