@@ -1,6 +1,6 @@
-// Label arithmetic, getfreelabel on a full prefix and getparam's currentdpf
-// quirks; the rest of getfreelabel, getnextlabel and getparam are the golden
-// cases getfreelabel_depth_first, getparam_names and
+// Label arithmetic and getfreelabel on a full prefix; the rest of
+// getfreelabel, getnextlabel and getparam are the golden cases
+// getfreelabel_depth_first, getparam_names, getparam_currentdpf_quirks and
 // label_queries_see_new_strings.
 #include <gtest/gtest.h>
 
@@ -50,20 +50,6 @@ TEST_F(Labels, GetfreelabelIsEmptyWhenThePrefixIsFull) {
   model(used);
   EXPECT_EQ(eval("getfreelabel(M,ab)"), "");
   EXPECT_EQ(eval("getfreelabel(M,a)"), "a000");
-}
-
-TEST_F(Labels, GetparamCurrentdpfKeepsItsQuirks) {
-  // The 256 characters after the key are the value: a line end after it stays.
-  project.write("p.mmd", "CurrentDPF=long1\r\nOther=1");
-  EXPECT_EQ(eval("getparam(currentdpf)"), "long1\r\nOther=1");
-  // Without the key: the text from its 11th character on.
-  project.write("p.mmd", "0123456789abcdef   ");
-  EXPECT_EQ(eval("getparam(currentdpf)"), "abcdef");
-  std::string big(20000, 'x');
-  project.write("p.mmd", big + "CurrentDPF=" + std::string(300, 'y'));
-  EXPECT_EQ(eval("getparam(currentdpf)"), std::string(256, 'y'));
-  project.write("p.mmd", "short");
-  EXPECT_EQ(eval("getparam(currentdpf)"), "");
 }
 
 }  // namespace
