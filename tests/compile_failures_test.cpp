@@ -48,15 +48,10 @@ TEST_F(Failures, InterruptionAndAMissingInputStop) {
   EXPECT_FALSE(c.compile("missing.ipf"));
 }
 
-// An error of the layers below is the run-time failure it stands for, in
-// one place; what is no failure of the input goes on untouched.
-TEST_F(Failures, AnEngineThatCannotAnswerIsARunTimeFailure) {
-  c.engine.unreadable = "GROUND";
-  project.write("a.ipf", "crea,a\r\nif exist(GROUND) then a=1\r\n");
-  EXPECT_FALSE(c.compile("a.ipf"));
-  EXPECT_EQ(c.stopMessage(),
-            "Run-time error: MX cannot read its models: the store of GROUND is damaged\n" +
-                project.path("a.ipf") + ", line 2\nLine: if exist(GROUND) then a=1");
+// An error of the layers below is the run-time failure it stands for (an
+// engine that cannot answer: the golden case engine_cannot_answer); what is
+// no failure of the input goes on untouched.
+TEST(ForeignFailure, WhatIsNoErrorOfTheLayersBelowGoesOnUntouched) {
   try {
     throw std::bad_alloc();
   } catch (...) {

@@ -24,6 +24,7 @@
 //                          each of "entries", "save one", "save separate"
 //   ## refuse: LINE TEXT   each run of the RecordingEngine stops early at the
 //                          MX input's line LINE with the error TEXT
+//   ## unreadable: MODEL   the RecordingEngine cannot read MODEL's store
 //   ## excel: recording    Excel is the RecordingExcel of
 //                          support/recording_excel.h, its notes shown "excel: "
 //   ## excel: files        workbooks read and written as files (the case is
@@ -149,6 +150,7 @@ struct CaseRun : InputPrompt, RunProgress, StatusSink {
     c = std::make_unique<Compiler>(
         project, settings,
         has("engine", "embedded") ? EngineChoice::Embedded : EngineChoice::Recording);
+    for (const std::string& model : all("unreadable")) c->engine.unreadable = model;
     for (const std::string& refusal : all("refuse")) {
       c->engine.leaveSentinel = true;
       c->engine.failLine = std::stol(refusal);
