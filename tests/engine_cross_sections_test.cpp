@@ -1,6 +1,7 @@
 // Cross sections along a master string: where they lie, what they cross, and
 // how they load into another model.
 #include "support/engine.h"
+#include "support/vectors.h"
 
 using namespace korvane::engine;
 using korvane::testing::EngineTest;
@@ -10,19 +11,7 @@ namespace {
 // A road along x: the master MAST at y 100, edges E001 and E002 4 to its left
 // and right rising from level 99 to 101 (E001 has a point halfway, where
 // the section at chainage 10 meets it), ground GR01 and GR02 10 out.
-const char* const kRoad =
-    "geni,ROAD\r\n001format(3f12.3)\r\n"
-    "080,MAST,,7=3\r\n     100.000     100.000     100.000\r\n     120.000     100.000     "
-    "100.000\r\n       0.000       0.000       0.000\r\n"
-    "080,E001,,7=3\r\n     100.000     104.000      99.000\r\n     110.000     104.000     "
-    "100.000\r\n     120.000     104.000     101.000\r\n       0.000       0.000       0.000\r\n"
-    "080,E002,,7=3\r\n     100.000      96.000      99.000\r\n     120.000      96.000     "
-    "101.000\r\n       0.000       0.000       0.000\r\n"
-    "080,GR01,,7=3\r\n      95.000     110.000      98.000\r\n     125.000     110.000      "
-    "98.000\r\n       0.000       0.000       0.000\r\n"
-    "080,GR02,,7=3\r\n      95.000      90.000      97.000\r\n     125.000      90.000      "
-    "97.000\r\n       0.000       0.000       0.000\r\n"
-    "999\r\n";
+const std::string kRoad = korvane::test::engineCase("road_along_x");
 
 struct Crossed {
   std::string label;

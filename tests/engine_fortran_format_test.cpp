@@ -52,52 +52,40 @@ TEST(FortranFormat, ParsesOrRefusesTheVectors) {
   }
 }
 
-TEST(FortranFormat, LayoutStopsAtFirstDescriptorWithoutItem) {
-  // x, y, z under (8F12.3,4A4): one record of 36 columns.
-  RecordLayout l = layoutOf("(8F12.3,4A4)", 3);
-  ASSERT_EQ(l.records(), 1);
-  EXPECT_EQ(l.lengths[0], 36);
-  EXPECT_EQ(l.slots[2].column, 24);
-  // Five items under (4F12.3,A4): the text lands in columns 49-52.
-  l = layoutOf("(4F12.3,A4)", 5);
-  EXPECT_EQ(l.lengths[0], 52);
-  EXPECT_EQ(l.slots[4].column, 48);
-  EXPECT_EQ(l.slots[4].edit, Edit::A);
-  // nX moves the column; a "/" before the stop is still obeyed (an empty record).
-  l = layoutOf("(F5.1,3X,F5.1/F5.1)", 2);
-  EXPECT_EQ(l.slots[1].column, 8);
-  EXPECT_EQ(l.records(), 2);
-  EXPECT_EQ(l.lengths[1], 0);
-  // ":" ends the statement when no item is left.
-  EXPECT_EQ(layoutOf("(F5.1,:/F5.1)", 1).records(), 1);
-}
-
-TEST(FortranFormat, LayoutRevertsToLastGroupOrStart) {
-  // Six items with (3D23.17): the format is used again on a second record.
-  RecordLayout l = layoutOf("(3D23.17)", 6);
-  ASSERT_EQ(l.records(), 2);
-  EXPECT_EQ(l.slots[3].record, 1);
-  EXPECT_EQ(l.slots[3].column, 0);
-  // Reversion goes back to the last top-level group, not the start.
-  l = layoutOf("(I3,2(F4.1))", 5);
-  ASSERT_EQ(l.records(), 2);
-  EXPECT_EQ(l.slots[3].edit, Edit::F);
-  EXPECT_EQ(l.slots[3].column, 0);
-  EXPECT_EQ(l.slots[4].column, 4);
-  // The 12-dimensional MX layout: three records, texts in columns 47-62 of the third.
-  l = layoutOf("(3D23.17/3D23.17/2D23.17,4A4)", 12);
-  ASSERT_EQ(l.records(), 3);
-  EXPECT_EQ(l.slots[8].record, 2);
-  EXPECT_EQ(l.slots[8].column, 46);
-  EXPECT_EQ(l.lengths[2], 62);
+// The layouts of tests/vectors/fortran_layouts.txt.
+TEST(FortranFormat, LayoutsGiveTheirVectors) {
+  for (const auto& v : korvane::test::readVectors("fortran_layouts.txt", 3)) {
+    const RecordLayout l = layoutOf(v.fields[0], std::stoi(v.fields[1]));
+    std::string got;
+    for (const FieldSlot& f : l.slots)
+      got += std::to_string(f.record) + ":" + std::to_string(f.column) +
+             "FEDIAX/:"[static_cast<int>(f.edit)] + " ";
+    for (int length : l.lengths) got += "|" + std::to_string(length);
+    EXPECT_EQ(got, v.fields[2]) << v.where;
+  }
 }
 
 TEST(FortranFormat, ReadsAndWritesTheVectorFields) {
   for (const auto& v : korvane::test::readVectors("fortran_fields.txt", 3)) {
+    if (v.where.find("text]") != std::string::npos) {  // four-character values
+      const int width = std::atoi(v.fields[1].c_str() + 1);
+      EXPECT_EQ(v.where.find("[Write") != std::string::npos ? writeTextField(v.fields[0], width)
+                                                            : readTextField(v.fields[0]),
+                v.fields[2])
+          << v.where;
+      continue;
+    }
     const FieldSlot slot = slotOf(v.fields[1]);
     if (v.where.find("[Write]") != std::string::npos) {
       EXPECT_EQ(writeNumberField(std::strtod(v.fields[0].c_str(), nullptr), slot), v.fields[2])
           << v.where;
+      continue;
+    }
+    if (v.fields[2] == "same") {
+      const double value = std::strtod(v.fields[0].c_str(), nullptr);
+      const std::string written = writeNumberField(value, slot);
+      EXPECT_EQ(written.size(), static_cast<std::size_t>(slot.width)) << v.where;
+      EXPECT_EQ(readNumberField(written, slot), value) << v.where;
       continue;
     }
     std::optional<double> read = readNumberField(v.fields[0], slot);
@@ -139,21 +127,4 @@ TEST(FortranFormat, ReadsRandomDecimalsAsTheNearestDouble) {
     }
   }
   EXPECT_GT(checked, 3900);
-}
-
-TEST(FortranFormat, WrittenValuesReadBackExactly) {
-  for (double v : {2065.2, -999.0, 1.0 / 3.0, 650123.456789, -1e-7, 6.02e23}) {
-    std::string s = writeNum(v, Edit::D, 23, 17);
-    ASSERT_EQ(s.size(), 23u) << s;
-    EXPECT_EQ(readNum(s, Edit::D, 23, 17), v) << s;
-  }
-}
-
-TEST(FortranFormat, TextsAreFourCharacterValues) {
-  EXPECT_EQ(writeTextField("AB", 4), "AB  ");
-  EXPECT_EQ(writeTextField("ABCD", 6), "  ABCD");  // right-justified in a wider field
-  EXPECT_EQ(writeTextField("ABCD", 2), "AB");
-  EXPECT_EQ(readTextField("  ABCD"), "ABCD");  // the rightmost four
-  EXPECT_EQ(readTextField("AB  "), "AB");
-  EXPECT_EQ(readTextField(" B  "), " B");
 }

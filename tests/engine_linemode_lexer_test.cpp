@@ -5,41 +5,20 @@
 #include "engine/engine_error.h"
 #include "engine/linemode_lexer.h"
 #include "engine/selection_masks.h"
+#include "support/vectors.h"
 
 using namespace korvane::engine;
 
-TEST(LinemodeLexer, CommentsAndBlankLines) {
-  EXPECT_EQ(classifyLine(""), LineKind::Blank);
-  EXPECT_EQ(classifyLine("     "), LineKind::Blank);
-  EXPECT_EQ(classifyLine("   any text, 080,AB"), LineKind::Comment);
-  EXPECT_EQ(classifyLine("*** heading ***"), LineKind::Comment);
-  EXPECT_EQ(classifyLine("  geni,A"), LineKind::Record);  // two blanks are not a comment
-  EXPECT_EQ(classifyLine("999"), LineKind::Record);
-}
-
-// Major options by the first four letters of their word, minor options by
-// their number; the key is what the record table is searched with.
-TEST(LinemodeLexer, RecordKeys) {
-  for (auto [record, key] : std::vector<std::pair<const char*, const char*>>{
-           {"crea,it is just a flag model", "crea"},
-           {"CREATE,ROAD", "crea"},
-           {"GENIO   ROAD DESIGN  ", "geni"},
-           {"Genio,\"ground model\"", "geni"},
-           {"over,,genio", "over"},
-           {"FINISH", "fini"},
-           {"OUTPUT,f", "outp"},  // a word, but no major option of the table
-           {"080,AB", "080"},
-           {"999", "999"},
-           {"001FORMAT(3D23.17)", "001"},
-           {"001format(8f12.3,4a4)", "001"},
-           {"001,FORMAT (4F12.3,A4)", "001"},
-           {"cre,x", ""},  // fewer than four letters
-           {"geni1,A", ""},
-           {"003ORDR 1 1 2 3", ""},  // fixed-column form is not read
-           {"80,AB", ""},
-           {"0.10000000000000000D+03", ""},
-       })
-    EXPECT_EQ(recordKey(record), key) << record;
+// The lines of tests/vectors/linemode_lines.txt.
+TEST(LinemodeLexer, LinesGiveTheirVectors) {
+  for (const auto& v : korvane::test::readVectors("linemode_lines.txt", 2)) {
+    const LineKind kind = classifyLine(v.fields[0]);
+    EXPECT_EQ(kind == LineKind::Blank     ? "blank"
+              : kind == LineKind::Comment ? "comment"
+                                          : "record:" + recordKey(v.fields[0]),
+              v.fields[1])
+        << v.where;
+  }
   EXPECT_EQ(majorWord("GENIO   ROAD"), "GENIO");
 }
 

@@ -1,6 +1,7 @@
 // Runs of Linemode input: the cases of tests/vectors/engine_runs.txt (what
 // each record does to a model, and the message a bad one stops the run
-// with) and what a failing run leaves. Listings: tests/engine_cases.
+// with), an import, and damaged input. What a failing run leaves and the
+// listings: tests/engine_cases.
 #include "engine/genio_records.h"
 #include "support/engine.h"
 #include "support/vectors.h"
@@ -10,16 +11,7 @@ using korvane::testing::EngineTest;
 
 namespace {
 
-const char* const kModelM =
-    "geni,M\n001FORMAT(3F12.3)\n"
-    "080,A\n       1.000       1.000       0.100\n       2.000       1.000       0.200\n"
-    "       3.000       1.000       0.300\n       4.000       1.000       0.400\n"
-    "       5.000       1.000       0.500\n       6.000       1.000       0.600\n"
-    "       0.000       0.000       0.000\n"
-    "080,B\n       1.000       1.000       0.100\n       2.000       1.000       0.200\n"
-    "       3.000       1.000       0.300\n       4.000       1.000       0.400\n"
-    "       5.000       1.000       0.500\n       6.000       1.000       0.600\n"
-    "       0.000       0.000       0.000\n999\n";
+const std::string kModelM = korvane::test::engineCase("strings_a_and_b");
 
 class Runs : public EngineTest {
  protected:
@@ -57,26 +49,6 @@ TEST_F(Runs, GiveTheirVectors) {
   }
 }
 
-TEST_F(Runs, AnErrorKeepsTheMajorOptionsBeforeItAndStopsTheRest) {
-  ASSERT_EQ(run(kModelM), "");
-  std::string error =
-      run("crea,it is just a flag model\ngeni,NEW\n001FORMAT(3F12.3)\n080,X1\n"
-          "       1.000       2.000       3.000\n       0.000       0.000       0.000\n"
-          "999\nedit,M\n031,3=B\n005,3=A,6=two\n999\ndele,it is just a flag model\n");
-  EXPECT_EQ(error, project_.path("input.txt") +
-                       ", line 10: field 6 ('two') is not a number: \"005,3=A,6=two\"");
-  EXPECT_TRUE(engine_->modelExists("it is just a flag model"));  // the line after never ran
-  EXPECT_EQ(labels("NEW"), (std::vector<std::string>{"X1"}));
-  EXPECT_EQ(labels("M"), (std::vector<std::string>{"A", "B"}));  // 031 rolled back with its EDIT
-  const std::string l = listing();
-  EXPECT_NE(l.find("**** error at line 10: field 6 ('two') is not a number\n"
-                   "**** EDIT at line 8 rolled back; the models are as the major options before "
-                   "it left them\n"
-                   "**** run stopped at line 10\n"),
-            std::string::npos)
-      << l;
-}
-
 // An import's lines are the body of a GENIO block for its model: a GENIO
 // record names that model, FINISH and the end of the input end the block,
 // other major options are refused.
@@ -94,22 +66,6 @@ TEST_F(Runs, AnImportReadsGenioRecordsIntoItsModel) {
   EXPECT_EQ(engine_->importGenio(bad, "M").error,
             bad + ", line 6: an import reads GENIO records only; crea is not one: \"crea,N\"");
   EXPECT_EQ(labels("M"), (std::vector<std::string>{"A", "B", "C"}));  // the block before stays
-}
-
-TEST_F(Runs, UtfEightAfterAByteOrderMarkIsReadAsWindows1250) {
-  // "Útterv" in UTF-8; the model is named in Windows-1250 and found in either case.
-  ASSERT_EQ(run("\xEF\xBB\xBF"
-                "crea,\xC3\x9Atterv\r\n"),
-            "");
-  EXPECT_TRUE(engine_->modelExists("\xDAtterv"));
-  EXPECT_TRUE(engine_->modelExists("\xFAtterv"));
-}
-
-TEST_F(Runs, ChainagesAreMeasuredAgainOnACutString) {
-  ASSERT_EQ(run(kModelM + std::string("edit,M\n005,3=B,9=3\n999\n")), "");
-  korvane::hosts::PointRecord r;
-  ASSERT_EQ(engine_->point("M", "B", 4, r), MxStatus::kFound);
-  EXPECT_DOUBLE_EQ(r.num[4], 3.0);  // B now starts at x = 3
 }
 
 TEST_F(Runs, DamagedInputEndsWithSuccessOrALocatedError) {

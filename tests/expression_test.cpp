@@ -100,14 +100,14 @@ TEST_F(ExpressionTest, LineSubstitutionRepeatsUntilNoBarIsLeft) {
 }
 
 TEST(FieldScanner, CommasInsideQuotesAndParenthesesDoNotSplit) {
-  std::string_view t = "a,\"b,c\",f(1,(2,3)),,\"open,x";
-  std::size_t pos = 0;
-  EXPECT_EQ(nextField(t, pos), "a");
-  EXPECT_EQ(nextField(t, pos), "\"b,c\"");
-  EXPECT_EQ(nextField(t, pos), "f(1,(2,3))");
-  EXPECT_EQ(nextField(t, pos), "");
-  EXPECT_EQ(nextField(t, pos), "\"open,x");  // an unclosed quote runs to the end
-  EXPECT_GT(pos, t.size());
+  for (const auto& v : test::readVectors("field_scanner.txt", 2)) {
+    std::string got;
+    for (std::size_t pos = 0; pos <= v.fields[0].size();) {
+      if (pos) got += " | ";
+      got += nextField(v.fields[0], pos);
+    }
+    EXPECT_EQ(got, v.fields[1]) << v.where;
+  }
   EXPECT_EQ(matchingParen("f(a(b))", 6), 1u);
   EXPECT_EQ(matchingParen("a)", 1), std::string_view::npos);
   EXPECT_TRUE(inRange(3, 3, 5, "[]"));

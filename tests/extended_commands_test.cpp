@@ -1,101 +1,23 @@
-// labelmove and trimsection where the golden cases cannot reach: query files
-// the embedded engine never writes, and the limit on crossings. Their query
-// files are gone after every run. A bad order and a missing query file are
-// golden cases.
+// trimsection on the sections the engine makes along a road, which the golden
+// cases cannot make. labelmove and trimsection reading their query files, the
+// limit on crossings, a bad order and a missing query file are golden cases.
 #include <gtest/gtest.h>
-
-#include <cstdio>
 
 #include "engine/embedded_engine.h"
 #include "support/project.h"
+#include "support/vectors.h"
 
 using namespace korvane;
 using Lines = std::vector<std::string>;
 
 namespace {
 
-struct ExtendedCommands : ::testing::Test {
-  test::TempProject project;
-  test::Compiler c{project};  // runs nothing, so writes no query file
-
-  // A report as the engine writes it for trimsection: a banner, then per
-  // string its header and its points under (4F12.3,A4).
-  static std::string report(const std::vector<std::string>& rows) {
-    std::string r = "   GENIO output\r\n001FORMAT(4F12.3,A4)\r\n003,ORDR,4=1,1,2,3,4,5\r\n";
-    for (const auto& row : rows) r += row + "\r\n";
-    return r + "999\r\n";
-  }
-  static std::string point(double position, const char* label) {
-    char line[64];
-    std::snprintf(line, sizeof line, "%12.3f%12.3f%12.3f%12.3f%s", 1000 + position, 5000.0, 99.0,
-                  position, label);
-    return line;
-  }
-  static constexpr const char* kEnd = "       0.000       0.000      99.000       0.000    ";
-};
-
-TEST_F(ExtendedCommands, LabelmoveDropsTheBannerListingLinesAndGenioLines) {
-  project.write("tmplabelmove.txt",
-                "080,skipped as the banner\r\n080,G001,M001,3\r\n   a listing line\r\n"
-                "genio end\r\n 0.1D+04 0.5D+04\r\n999\r\n");
-  project.write("lm.ipf", "labelmove,A,B\r\norder=4321\r\nG001\r\nend\r\n");
-  ASSERT_TRUE(c.compile("lm.ipf")) << c.stopMessage();
-  const Lines tail(c.lines.end() - 4, c.lines.end());
-  EXPECT_EQ(tail, (Lines{"geni,B", "080,100G,100M,3", " 0.1D+04 0.5D+04", "999"}));
-  EXPECT_FALSE(project.exists("tmplabelmove.txt"));
-}
-
-// Each "0 0" record runs the trimming step on the crossings gathered since the
-// last header, so a second one sees the list grown.
-TEST_F(ExtendedCommands, EveryEndOfPointsRecordTrimsTheCrossingsSoFar) {
-  project.write("tmptrimsect.txt", report({"080,S1  ,    ,3", point(0, "A001"), point(5, "A002"),
-                                           kEnd, point(8, "A003"), kEnd}));
-  project.write("ts.ipf", "trimsection,M\r\ninic=\"S\"\r\n");
-  ASSERT_TRUE(c.compile("ts.ipf")) << c.stopMessage();
-  const Lines edit(c.lines.end() - 6, c.lines.end());
-  EXPECT_EQ(edit, (Lines{"edit,M", "031,3=S1  ", "005,3=S1  ,6=2", "031,3=S1  ", "999",
-                         "   trimsection: end of cutting back"}));
-  EXPECT_FALSE(project.exists("tmptrimsect.txt"));
-}
-
-TEST_F(ExtendedCommands, AStringMayCrossTwoHundredStringsNotMore) {
-  std::vector<std::string> rows = {"080,S1  ,    ,3"};
-  for (int i = 1; i <= 200; ++i) rows.push_back(point(i, "GR01"));
-  rows.push_back(kEnd);
-  project.write("tmptrimsect.txt", report(rows));
-  project.write("ts.ipf", "trimsection,M\r\ninic=\"S\"\r\n");
-  ASSERT_TRUE(c.compile("ts.ipf")) << c.stopMessage();
-  EXPECT_EQ(c.lines.end()[-3], "031,3=S1  ");  // then "999" and the closing comment
-
-  rows.insert(rows.end() - 1, point(201, "GR01"));
-  project.write("tmptrimsect.txt", report(rows));
-  EXPECT_FALSE(c.compile("ts.ipf"));
-  EXPECT_EQ(c.failure(), "trimsection: the string S1 crosses more than 200 strings");
-  EXPECT_FALSE(project.exists("tmptrimsect.txt"));
-}
-
 // Sections the engine makes along a road, trimmed back to the ground strings
 // next to the edges: the runs between the outer ground strings go.
 TEST(SectionsAlongARoad, TrimsectionCutsThemBackToTheInnerGroundStrings) {
   test::TempProject project;
   test::Compiler c{project, {}, test::EngineChoice::Embedded};
-  project.write("road.ipf",
-                "geni,ROAD\r\n001format(3f12.3)\r\n"
-                "080,MAST,,7=3\r\n     100.000     100.000     100.000\r\n     120.000     100.000 "
-                "    100.000\r\n       0.000       0.000       0.000\r\n"
-                "080,E001,,7=3\r\n     100.000     104.000      99.900\r\n     120.000     104.000 "
-                "     99.900\r\n       0.000       0.000       0.000\r\n"
-                "080,E002,,7=3\r\n     100.000      96.000      99.900\r\n     120.000      96.000 "
-                "     99.900\r\n       0.000       0.000       0.000\r\n"
-                "080,GR01,,7=3\r\n     100.000     112.000      99.000\r\n     120.000     112.000 "
-                "     99.000\r\n       0.000       0.000       0.000\r\n"
-                "080,GR02,,7=3\r\n     100.000     108.000      99.500\r\n     120.000     108.000 "
-                "     99.500\r\n       0.000       0.000       0.000\r\n"
-                "080,GR03,,7=3\r\n     100.000      92.000      99.500\r\n     120.000      92.000 "
-                "     99.500\r\n       0.000       0.000       0.000\r\n"
-                "080,GR04,,7=3\r\n     100.000      88.000      99.000\r\n     120.000      88.000 "
-                "     99.000\r\n       0.000       0.000       0.000\r\n"
-                "999\r\n");
+  project.write("road.ipf", test::engineCase("road_with_ground"));
   ASSERT_TRUE(c.compile("road.ipf")) << c.stopMessage();
   auto& engine = static_cast<engine::EmbeddedEngine&>(*c.embedded);
   ASSERT_TRUE(engine.makeSections("ROAD", "MAST", "SECT", {}).ok());

@@ -1,6 +1,7 @@
-// Label arithmetic, getnextlabel and getfreelabel against the embedded
-// engine, and getparam. That the label queries see the strings created just
-// above them is the golden case label_queries_see_new_strings.
+// Label arithmetic and getfreelabel on a full prefix; the rest of
+// getfreelabel, getnextlabel and getparam are the golden cases
+// getfreelabel_depth_first, getparam_names, getparam_currentdpf_quirks and
+// label_queries_see_new_strings.
 #include <gtest/gtest.h>
 
 #include "engine/embedded_engine.h"
@@ -43,78 +44,12 @@ struct Labels : ::testing::Test {
   }
 };
 
-TEST_F(Labels, GetfreelabelSearchesDepthFirstInDigitOrder) {
-  std::vector<std::string> used;
-  for (const char* d = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"; *d; ++d)
-    used.push_back(std::string("AB0") + *d);  // every AB0?: the search goes on to AB1?
-  used.push_back("AB10");
-  used.push_back("Q");
-  model(used);
-  EXPECT_EQ(eval("getfreelabel(M,ab)"), "ab11");
-  EXPECT_EQ(eval("getfreelabel(M,AB)"), "ab11");  // built in lower case
-  EXPECT_EQ(eval("getfreelabel(M,ab0)"), "");     // all 36 taken
-  EXPECT_EQ(eval("getfreelabel(M,cd)"), "cd00");
-  EXPECT_EQ(eval("getfreelabel(M,q)"), "q000");  // "Q" itself is no four-character label
-  EXPECT_EQ(eval("getfreelabel(M,abcd)"), "");   // the prefix must be 1 to 3 characters
-  EXPECT_EQ(eval("getfreelabel(M,)"), "");
-  EXPECT_EQ(eval("getfreelabel(NOPE,ab)"), "");
-  EXPECT_EQ(eval("getnextlabel(M,AB)"), "AB11");  // after the highest
-  EXPECT_EQ(eval("getnextlabel(M,ab0)"), "");     // the engine has none left
-  EXPECT_EQ(eval("getnextlabel(M,cd)"), "CD00");
-  EXPECT_EQ(eval("getnextlabel(M,)"), "");
-  EXPECT_EQ(eval("getnextlabel(M,abcd)"), "");
-  EXPECT_EQ(eval("getnextlabel(NOPE,ab)"), "");
-}
-
 TEST_F(Labels, GetfreelabelIsEmptyWhenThePrefixIsFull) {
   std::vector<std::string> used;
   for (int v = 0; v < 36 * 36; ++v) used.push_back("AB" + labels::text(v).substr(2));
   model(used);
   EXPECT_EQ(eval("getfreelabel(M,ab)"), "");
   EXPECT_EQ(eval("getfreelabel(M,a)"), "a000");
-}
-
-struct Getparam : Labels {};
-
-TEST_F(Getparam, ProjectFolderAndTheMxProjectFile) {
-  EXPECT_EQ(eval("getparam(\"  ProjectDir \")"), project.folder());
-  EXPECT_EQ(eval("getparam(mmdname)"), "");  // no project file yet
-  EXPECT_EQ(eval("getparam(currentdpf)"), "");
-  project.write("notes.mmd.txt", "CurrentDPF=notes");
-  project.write("dir.mmd/inside.txt", "");
-  EXPECT_EQ(eval("getparam(mmdname)"), "");  // neither is a project file
-  project.write("Road.MMD", "[Project]\r\nName=road\r\nCurrentDPF=  long1 ");
-  project.write("zz.mmd", "CurrentDPF=other");  // not the first by name
-  EXPECT_EQ(eval("getparam(mmdname)"), "Road");
-  EXPECT_EQ(eval("getparam(currentdpf)"), "long1");
-}
-
-TEST_F(Getparam, CurrentdpfKeepsItsQuirks) {
-  // The 256 characters after the key are the value: a line end after it stays.
-  project.write("p.mmd", "CurrentDPF=long1\r\nOther=1");
-  EXPECT_EQ(eval("getparam(currentdpf)"), "long1\r\nOther=1");
-  // Without the key: the text from its 11th character on.
-  project.write("p.mmd", "0123456789abcdef   ");
-  EXPECT_EQ(eval("getparam(currentdpf)"), "abcdef");
-  std::string big(20000, 'x');
-  project.write("p.mmd", big + "CurrentDPF=" + std::string(300, 'y'));
-  EXPECT_EQ(eval("getparam(currentdpf)"), std::string(256, 'y'));
-  project.write("p.mmd", "short");
-  EXPECT_EQ(eval("getparam(currentdpf)"), "");
-}
-
-TEST_F(Getparam, OtherNamesAskTheParameterGroupsInTurn) {
-  EXPECT_EQ(eval("getparam(engine)"), "embedded");  // group 1
-  EXPECT_EQ(eval("getparam(CurrentModel)"), "");    // no query has named a model yet
-  EXPECT_EQ(eval("getparam(nothing)"), "");
-}
-
-TEST(GetparamSettings, TheSecondGroupHoldsTheSettings) {
-  test::TempProject project;
-  test::Compiler c{project, {{"PrivateMacros", "/m/private"}}, test::EngineChoice::Embedded};
-  project.write("q.ipf", "#v=getparam(privatemacros)\r\n");
-  ASSERT_TRUE(c.compile("q.ipf"));
-  EXPECT_EQ(c.var("v"), "/m/private");
 }
 
 }  // namespace

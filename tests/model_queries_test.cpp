@@ -1,6 +1,6 @@
 // The model-query functions against the embedded engine where the golden
-// cases model_queries and model_queries_values cannot reach: failures, long
-// strings and the chainage arguments of the extended commands.
+// cases model_queries, model_queries_values and model_query_failures cannot
+// reach: long strings and the chainage arguments of the extended commands.
 #include "compiler/extension/model_queries.h"
 
 #include <gtest/gtest.h>
@@ -45,26 +45,6 @@ struct Queries : ::testing::Test {
     return c.compile("q.ipf");
   }
 };
-
-// What the queries give is the golden case model_queries_values; here how
-// they fail, and the query file getminmax leaves behind.
-TEST_F(Queries, FailuresNameTheFunctionModelOrStringAndNoQueryFileIsLeft) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"getdata(1,num,17)", "getdata: the field number 17 is not between 1 and 16"},
-      {"getdata(1,txt,0)", "getdata: the field number 0 is not between 1 and 16"},
-      {"getpoint(T,S1,1,num,17)", "getpoint: the field number 17 is not between 1 and 16"},
-      {"getpoint(T,S1,1,txt,-1)", "getpoint: the field number -1 is not between 1 and 16"},
-      {"getlength(NOPE,S1)", "There is no model \"NOPE\""},
-      {"getlength(T,NO)", "The model \"T\" has no string NO"},
-      {"each(NOPE,S)", "There is no model \"NOPE\""},
-  };
-  for (const auto& [call, text] : cases) {
-    EXPECT_FALSE(compile("#v=" + std::string(call) + "\r\n"));
-    EXPECT_EQ(c.failure(), text);
-  }
-  ASSERT_TRUE(compile("#w=getminmax(T,S1)\r\n#x=getminmax(T,NO)\r\n"));
-  EXPECT_FALSE(project.exists("tmpminmax.txt"));
-}
 
 TEST_F(Queries, GetlengthRefusesStringsOfMoreThan32767Points) {
   // Two long strings loaded straight into the engine: 32767 points are

@@ -1,4 +1,6 @@
-// The Run command: entries in order until one stops, save files and status.
+// The Run command with nothing to run, and the run after one that MX stopped
+// early. Entries in order until one stops, the save files, progress and
+// status are the golden cases run_*.
 #include "shell/run_command.h"
 
 #include <gtest/gtest.h>
@@ -14,16 +16,6 @@ struct StatusLog : StatusSink {
   void status(const std::string& t) override { texts.push_back(t); }
 };
 
-struct Progress : RunProgress {
-  std::vector<std::string> events;
-  void entryStarted(std::size_t i, std::size_t, const std::string&) override {
-    events.push_back("entry " + std::to_string(i));
-  }
-  void engineRun(std::size_t i, int run) override {
-    events.push_back("run " + std::to_string(i) + "." + std::to_string(run));
-  }
-};
-
 struct RunCommand : ::testing::Test {
   test::TempProject project;
   test::Compiler c{project};
@@ -37,53 +29,12 @@ struct RunCommand : ::testing::Test {
   }
 };
 
-TEST_F(RunCommand, AStopInTheSecondOfThreeEntriesLeavesTheThirdUnrun) {
-  project.write("a.ipf", "#g_seen=a\ncrea,a\n");
-  project.write("b.ipf", "crea,b|g_seen|\ninsert,missing.\n");
-  project.write("c.ipf", "crea,c\n");
-  Progress progress;
-  RunOutcome o = runEntries(c.ctx, entries({"a.ipf", "b.ipf", "c.ipf"}), settings, &progress);
-  EXPECT_TRUE(o.stopped);
-  EXPECT_EQ(o.stoppedAt, 1u);
-  EXPECT_EQ(o.entriesRun, 1u);
-  EXPECT_EQ(o.message,
-            "File not found: missing.ipm (not in the input's folder, the project folder or the "
-            "macro folders)");
-  EXPECT_EQ(c.lines, (std::vector<std::string>{"crea,a", "crea,ba"}));
-  EXPECT_EQ(progress.events, (std::vector<std::string>{"entry 0", "run 0.1", "entry 1"}));
-  EXPECT_EQ(status.texts.back(), "Ready");  // back to idle
-}
-
 TEST_F(RunCommand, AnEmptyListDoesNothing) {
   project.write("complete.inp", "old");
   RunOutcome o = runEntries(c.ctx, {}, settings);
   EXPECT_EQ(o.entriesRun, 0u);
   EXPECT_EQ(project.read("complete.inp"), "old");
   EXPECT_TRUE(status.texts.empty());
-}
-
-TEST_F(RunCommand, SaveFilesHoldTheCompiledLinesWithoutSentinels) {
-  project.write("complete.inp", "stale from the last run\r\n");
-  project.write("a.ipf", "crea,a1\nkill,x\n   marker\n   marker\ncrea,a2\n");
-  project.write("b.ipf", "crea,b1\n");
-  settings.saveOne = settings.saveSeparate = true;
-  RunOutcome o = runEntries(c.ctx, entries({"a.ipf", "b.ipf"}), settings);
-  ASSERT_FALSE(o.stopped) << o.message;
-  EXPECT_EQ(project.read("complete.inp"), "\r\n   Input file:   " + project.path("a.ipf") +
-                                              "\r\ncrea,a1\r\n   marker\r\ncrea,a2\r\n"
-                                              "\r\n\r\n\r\n   Input file:   " +
-                                              project.path("b.ipf") + "\r\ncrea,b1\r\n");
-  EXPECT_EQ(project.read("compiled_a.inp"), "crea,a1\r\n   marker\r\ncrea,a2\r\n");
-  EXPECT_EQ(project.read("compiled_b.inp"), "crea,b1\r\n");
-}
-
-TEST_F(RunCommand, SaveFilesKeepWhatWasCompiledBeforeAFailure) {
-  project.write("a.ipf", "crea,a1\nlet,x=1/0,\ncrea,never\n");
-  settings.saveOne = true;
-  RunOutcome o = runEntries(c.ctx, entries({"a.ipf"}), settings);
-  EXPECT_TRUE(o.stopped);
-  EXPECT_NE(project.read("complete.inp").find("crea,a1\r\n"), std::string::npos);
-  EXPECT_EQ(project.read("complete.inp").find("never"), std::string::npos);
 }
 
 TEST_F(RunCommand, EngineErrorsStopTheRunWithTheEnginesMessage) {

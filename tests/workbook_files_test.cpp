@@ -1,10 +1,10 @@
-// Workbooks read and written as files, where no Excel runs: a round trip of
-// xlput and xlget through a workbook that another program (Python's openpyxl)
-// made and then reads back, with every part we did not change kept as it was
-// stored; and the failures a bad workbook, sheet, cell or value get.
+// Workbooks read and written as files, where no Excel runs: the example
+// project's workbook, typed entries and cell references. A round trip through
+// a workbook that openpyxl made and reads back, bad workbooks, sheets, cells
+// and values, .xls workbooks and the macros are golden cases
+// (xlput_into_a_stored_workbook, bad_workbooks, xls_workbooks_are_only_read,
+// macros_need_excel).
 #ifdef KORVANE_WORKBOOK_FILES
-
-#include "hosts/excel/workbook/workbook_files.h"
 
 #include <gtest/gtest.h>
 
@@ -14,86 +14,12 @@
 #include "hosts/excel/workbook/cell_reference.h"
 #include "hosts/excel/workbook/typed_entry.h"
 #include "support/cli.h"
-#include "support/excel_project.h"
 #include "support/vectors.h"
 
 namespace korvane::test {
 namespace {
 
 using hosts::workbook::TypedEntry;
-
-struct WorkbookFiles : ExcelProject {
-  WorkbookFiles() { use(hosts::makeWorkbookFiles()); }
-  int paramsBook(const std::string& step) {
-    return python("params_book.py",
-                  {step, project.path("excel/params.xlsx"), project.path("entries.txt")});
-  }
-};
-
-TEST_F(WorkbookFiles, WhatXlputWritesXlgetAndOpenpyxlReadBack) {
-  ASSERT_EQ(paramsBook("make"), 0) << python();
-  ASSERT_TRUE(
-      compile("#w=xlget(params.xlsx,B2,Params)\r\n"
-              "#l=getname(params.xlsx,LABEL,1,params)\r\n"
-              "#f=xlget(params.xlsx,Params!C3)\r\n"
-              "xlput,params.xlsx,Results,2,1,|w*2|\r\n"
-              "xlput,params.xlsx,Results,2,2,\"sz\xE9less\xE9g\"\r\n"
-              "xlput,params.xlsx,Results,2,3,\"=Params!B2*2\"\r\n"
-              "xlput,params.xlsx,Results,3,1,\"'0012\"\r\n"
-              "xlput,params.xlsx,Params,3,3,42\r\n"
-              "#back=xlget(params.xlsx,a2,Results)\r\n"
-              "#text=xlget(params.xlsx,Results!$B$2:C9)\r\n"
-              "#lead=xlget(params.xlsx,A3,Results)\r\n"
-              "#formula=xlget(params.xlsx,C2,Results)\r\n"))
-      << failure();
-  EXPECT_EQ(c.var("w"), "3.5");
-  EXPECT_EQ(c.var("l"), "\xE1rok");  // "árok" in the code page
-  EXPECT_EQ(c.var("f"), "");         // no program has calculated the formula yet
-  EXPECT_EQ(c.var("back"), "7");
-  EXPECT_EQ(c.var("text"), "sz\xE9less\xE9g");
-  EXPECT_EQ(c.var("lead"), "0012");
-  EXPECT_EQ(c.var("formula"), "");
-  EXPECT_EQ(paramsBook("check"), 0) << python();
-  EXPECT_FALSE(project.exists("excel/params.xlsx.korvane-tmp"));
-}
-
-TEST_F(WorkbookFiles, BadWorkbooksSheetsCellsAndValuesEndTheRunAndChangeNothing) {
-  ASSERT_EQ(paramsBook("make"), 0) << python();
-  project.write("excel/notes.xlsx", "not a workbook\r\n");
-  project.write("excel/broken.xlsx", "PK\x03\x04 and then nothing");
-  const std::string original = project.read("excel/params.xlsx");
-  const std::string book =
-                        "The workbook cannot be read (missing, locked, damaged or not a workbook)",
-                    sheet = "The workbook has no worksheet named \"Nothing\"",
-                    cell = "Not a cell of a worksheet: \"",
-                    value = "Excel does not take this as the content of a cell: \"=\"";
-  const std::pair<const char*, std::string> cases[] = {
-      {"#v=xlget(notes.xlsx,A1)", book},
-      {"#v=xlget(broken.xlsx,A1)", book},
-      {"#v=xlget(params.xlsx,A1,Nothing)", sheet},
-      {"#v=xlget(params.xlsx,B)", cell + "B\""},
-      {"#v=xlget(params.xlsx,XFE1)", cell + "XFE1\""},
-      {"xlput,params.xlsx,Nothing,1,1,x", sheet},
-      {"xlput,params.xlsx,Results,0,1,x", cell},
-      {"xlput,params.xlsx,Results,1,16385,x", cell},
-      {"xlput,params.xlsx,Results,1,1,\"=\"", value},
-      {"xlput,notes.xlsx,Results,1,1,x", book},
-  };
-  for (const auto& [line, message] : cases) {
-    EXPECT_FALSE(compile(std::string(line) + "\r\n")) << line;
-    EXPECT_NE(failure().find(message), std::string::npos) << line << ": " << failure();
-  }
-  EXPECT_EQ(project.read("excel/params.xlsx"), original);
-}
-
-TEST_F(WorkbookFiles, MacrosNeedExcel) {
-  project.write("excel/ditch.xlsx", "");
-  EXPECT_FALSE(compile("xlmacro,Book.xlsm!Go,1\r\n"));
-  EXPECT_EQ(c.stopMessage(), "xlmacro needs a running Excel. Start Excel and run again.");
-  EXPECT_FALSE(compile("ditch_pips,T\r\nbasexls=ditch.xlsx\r\n"));
-  EXPECT_EQ(c.stopMessage(),
-            "The Excel macro call failed. Is Excel running with the Tabulon.xla add-in loaded?");
-}
 
 // The example project reads its design parameters from excel/design.xlsx and
 // writes MAST's plan length (6 points 20 m apart: 100) into it.

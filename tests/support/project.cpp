@@ -109,7 +109,6 @@ Compiler::Compiler(const TempProject& p, std::map<std::string, std::string> sett
     if (!embedded) throw std::runtime_error("embedded engine: " + error);
     ctx.engine = embedded.get();
   }
-  ctx.log = [this](const std::string& line) { log.push_back(line); };
   ctx.output.setMxTap([this](std::string_view line) { lines.emplace_back(line); });
 }
 
@@ -128,17 +127,11 @@ std::string Compiler::failure() const {
 Evaluator::Evaluator() {
   ctx.messages = Messages(sourceDir() + "/data/English.lng");
   ctx.language = &standardLanguage();
-  ctx.log = [this](const std::string& line) { log.push_back(line); };
 }
 
 std::string Evaluator::eval(std::string_view expr) { return Evaluate(ctx, expr); }
 
-std::string Evaluator::var(const std::string& name) const {
-  const std::string* v = ctx.vars.find(name);
-  return v ? *v : "<unset>";
-}
-
-std::string Compiler::var(const std::string& name) const {
+std::string valueOf(const RunContext& ctx, const std::string& name) {
   const std::string* v = ctx.vars.find(name);
   return v ? *v : "<unset>";
 }

@@ -34,6 +34,9 @@ class TempProject {
   std::filesystem::path root_;
 };
 
+// The value of a variable, "<unset>" when it has none.
+std::string valueOf(const RunContext& ctx, const std::string& name);
+
 // An engine that records the MX input of every run and answers model queries
 // from a set the test fills.
 class RecordingEngine final : public hosts::MxEngine, hosts::MxConfiguration, hosts::MxProject {
@@ -88,8 +91,7 @@ struct Compiler {
   std::string failure() const;
   // The MX lines of the run so far, without sentinel lines.
   std::vector<std::string> lines;
-  std::string var(const std::string& name) const;
-  std::vector<std::string> log;
+  std::string var(const std::string& name) const { return valueOf(ctx, name); }
 
   const TempProject& project;
   RecordingEngine engine;
@@ -102,8 +104,7 @@ struct Compiler {
 struct Evaluator {
   Evaluator();
   std::string eval(std::string_view expr);
-  std::string var(const std::string& name) const;
-  std::vector<std::string> log;
+  std::string var(const std::string& name) const { return valueOf(ctx, name); }
   RunContext ctx;
 };
 

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 
 #include "base/char_codes.h"
@@ -62,6 +66,38 @@ std::vector<Vector> readVectors(const std::string& name, std::size_t fields) {
   }
   EXPECT_FALSE(out.empty()) << path << " holds no cases";
   return out;
+}
+
+std::vector<std::string> caseNames(const std::string& folder, const std::string& extension) {
+  std::vector<std::string> names;
+  const std::filesystem::path at = std::filesystem::path(KORVANE_SOURCE_DIR) / "tests" / folder;
+  for (const auto& e : std::filesystem::directory_iterator(at))
+    if (e.path().extension() == extension) names.push_back(e.path().stem().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::string testName(const std::string& caseName) {
+  std::string n = caseName;
+  for (char& c : n)
+    if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+  return n;
+}
+
+std::string engineCase(const std::string& name) {
+  std::ifstream in(std::string(KORVANE_SOURCE_DIR) + "/tests/engine_cases/" + name + ".txt",
+                   std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+void expectFileHolds(const std::string& expected, const std::string& got) {
+  if (std::getenv("KORVANE_WRITE_GOLDEN")) {
+    std::ofstream(expected, std::ios::binary) << got;
+    return;
+  }
+  std::ifstream in(expected, std::ios::binary);
+  ASSERT_TRUE(in) << "no " << expected << "; it would be:\n" << got;
+  EXPECT_EQ(got, std::string(std::istreambuf_iterator<char>(in), {})) << expected;
 }
 
 }  // namespace korvane::test

@@ -1,5 +1,5 @@
-// The to-run list: what Pick and Pick all add, moving a selected run, deleting
-// and copying.
+// The to-run list: what Pick and Pick all add, moving a selected run and
+// deleting (copying it is tests/window/qt/window_lists_test.cpp).
 #include "shell/to_run_list.h"
 
 #include <gtest/gtest.h>
@@ -74,12 +74,6 @@ TEST(ToRunList, MovesAndDeletes) {
     EXPECT_EQ(moved, !unchanged || v.fields[1] == "delete") << v.where;
     EXPECT_EQ(textOf(l), unchanged ? v.fields[0] : v.fields[2]) << v.where;
   }
-  ToRunList two;
-  two.add("a b [main]");
-  two.add("c");
-  EXPECT_EQ(two.copyAllText(), "a b [main]\r\nc\r\n");
-  two.clear();
-  EXPECT_EQ(two.copyAllText(), "");
 }
 
 }  // namespace korvane::test

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 # Writes the smallest .xls Excel opens: a compound file holding one stream,
 # "Workbook", of BIFF8 records. Its sheet "Adatok" holds 12.5 in A1 and the
-# shared text "árok" in B2.
-# Usage: old_xls_book.py BOOK
-import struct, sys
+# shared text "árok" in B2. "check" fails unless BOOK holds just that.
+# Usage: old_xls_book.py [check] BOOK
+import os, struct, sys
 def rec(kind, data):
     return struct.pack('<HH', kind, len(data)) + data
 def bof(kind):
@@ -36,5 +36,12 @@ def entry(label, kind, child, start, size):
             bytes(16 + 4 + 16) + struct.pack('<IQ', start, size))
 directory = (entry('Root Entry', 5, 1, END, 0) + entry('Workbook', 2, NONE, 2, len(stream)) +
              entry('', 0, NONE, 0, 0) * 2)
+book = header + struct.pack('<128I', *fat) + directory + stream.ljust(sectors * 512, b'\0')
+if sys.argv[1] == 'check':
+    with open(sys.argv[2], 'rb') as f:
+        assert f.read() == book, 'the book changed'
+    print('unchanged')
+    sys.exit(0)
+os.makedirs(os.path.dirname(sys.argv[1]), exist_ok=True)
 with open(sys.argv[1], 'wb') as f:
-    f.write(header + struct.pack('<128I', *fat) + directory + stream.ljust(sectors * 512, b'\0'))
+    f.write(book)

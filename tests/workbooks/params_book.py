@@ -3,9 +3,9 @@
 # the shared string table, formulas in the calculation chain); "check": asserts
 # what openpyxl reads after Korvane's xlput, and that only the parts written
 # changed (the zip entries' checksums and sizes are kept in ENTRIES between the
-# two).
-# Usage: params_book.py make|check BOOK ENTRIES
-import re, sys, zipfile, openpyxl
+# two); "same": asserts that BOOK is byte for byte as "make" left it.
+# Usage: params_book.py make|check|same BOOK ENTRIES
+import os, re, sys, zipfile, openpyxl
 from openpyxl.styles import Font
 book = sys.argv[2]
 def entries():
@@ -43,6 +43,7 @@ MAIN = 'http://schemas.openxmlformats.org/spreadsheetml/2006/main'
 REL = b'http://schemas.openxmlformats.org/officeDocument/2006/relationships'
 XML = '<?xml version="1.0" encoding="UTF-8" standalone="yes"?>'
 if sys.argv[1] == 'make':
+    os.makedirs(os.path.dirname(book), exist_ok=True)
     wb = openpyxl.Workbook()
     p = wb.active
     p.title = 'Params'
@@ -55,6 +56,11 @@ if sys.argv[1] == 'make':
     wb.save(book)
     excel_like(book)
     open(sys.argv[3], 'w').write(repr(entries()))
+    open(sys.argv[3] + '.book', 'wb').write(open(book, 'rb').read())
+    sys.exit(0)
+if sys.argv[1] == 'same':
+    assert open(book, 'rb').read() == open(sys.argv[3] + '.book', 'rb').read(), 'the book changed'
+    print('unchanged')
     sys.exit(0)
 before = eval(open(sys.argv[3]).read())
 after = entries()

@@ -24,11 +24,8 @@ class WindowListsTest : public QObject {
  private slots:
   void captionsComeFromTheLanguageFile();
   void pickRules();
-  void aFileThatCannotBeReadHasNoSections();
-  void moveDeleteAndCopy();
-  void fileMenuStates();
-  void homeWithAndWithoutInputs();
-  void exclPanelInsideAndOutsideTheProject();
+  void fileMenuMoveDeleteAndCopy();
+  void homeAndTheExclPanel();
   void vanishedFoldersAndTheFolderPanel();
 };
 
@@ -68,14 +65,16 @@ void WindowListsTest::pickRules() {
   WindowFixture f;
   f.write("a_road.ipf", "[main]\r\ncrea,a\r\n[_helper]\r\n[no close\r\n[end]\r\n");
   f.write("b_plain.ipf", "crea,b\r\n");
+  f.write("c_gone.ipf", "[main]\r\n");
   f.write("notes.txt", "");
   MainWindow& w = f.open();
+  std::filesystem::remove(fs::native(f.path("c_gone.ipf")));  // listed, then gone
   QListWidget *inps = f.list("inps"), *subs = f.list("subs"), *toRun = f.list("ToRun");
   auto* pick = child<QPushButton>(&w, "cmdPick");
   auto* pickAll = child<QPushButton>(&w, "cmdPickAll");
   const QString road = fromCore(f.path("a_road.ipf"));
 
-  QCOMPARE(items(inps), QStringList({"a_road.ipf", "b_plain.ipf"}));
+  QCOMPARE(items(inps), QStringList({"a_road.ipf", "b_plain.ipf", "c_gone.ipf"}));
   QCOMPARE(inps->currentRow(), 0);  // the first file is selected at start
   QCOMPARE(items(subs), QStringList({"main", "_helper", "end"}));
   QVERIFY(subs->isEnabled());
@@ -109,30 +108,46 @@ void WindowListsTest::pickRules() {
   doubleClickOn(inps, 1);
   QCOMPARE(toRun->count(), 5);
   QCOMPARE(toRun->item(4)->text(), fromCore(f.path("b_plain.ipf")));
+
+  // A file that cannot be read has no sections; the next one read has its own.
+  clickOn(inps, 2);
+  QCOMPARE(inps->currentRow(), 2);
+  QCOMPARE(subs->count(), 0);
+  QVERIFY(!subs->isEnabled());
+  QVERIFY(!pickAll->isEnabled());
+  clickOn(inps, 0);
+  QCOMPARE(items(subs), QStringList({"main", "_helper", "end"}));
 }
 
-void WindowListsTest::aFileThatCannotBeReadHasNoSections() {
+void WindowListsTest::fileMenuMoveDeleteAndCopy() {
   WindowFixture f;
-  f.write("a.ipf", "[main]\r\n");
-  f.write("gone.ipf", "[main]\r\n");
-  MainWindow& w = f.open();
-  std::filesystem::remove(fs::native(f.path("gone.ipf")));
-  clickOn(f.list("inps"), 1);
-  QCOMPARE(f.list("inps")->currentRow(), 1);
-  QCOMPARE(f.list("subs")->count(), 0);
-  QVERIFY(!f.list("subs")->isEnabled());
-  QVERIFY(!child<QPushButton>(&w, "cmdPickAll")->isEnabled());
-  clickOn(f.list("inps"), 0);
-  QCOMPARE(items(f.list("subs")), QStringList({"main"}));
-}
-
-void WindowListsTest::moveDeleteAndCopy() {
-  WindowFixture f;
-  f.write("road.ipf", "crea,a\r\n");
+  f.write("a.ipf", "[main]\r\n[end]\r\n");
+  f.write("b.ipf", "crea,b\r\n");
   MainWindow& w = f.open();
   QListWidget* toRun = f.list("ToRun");
+  // The File menu's entries as it shows them, "-" before those that are disabled.
+  const auto menu = [&] {
+    emit child<QMenu>(&w, "mnuFile")->aboutToShow();
+    QString shown;
+    for (const char* a : {"Edit", "Select", "SelectAll", "Delete", "DeleteAll"})
+      shown += QString(w.action(QString("mnu") + a)->isEnabled() ? " " : " -") + a;
+    return shown.trimmed();
+  };
+  // A file with sections, none selected; then a section picked and an entry selected.
+  QCOMPARE(menu(), QString("Edit -Select SelectAll -Delete -DeleteAll"));
+  clickOn(f.list("subs"), 0);
+  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete -DeleteAll"));
+  w.action("mnuSelect")->trigger();
+  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete DeleteAll"));
+  toRun->item(0)->setSelected(true);
+  QCOMPARE(menu(), QString("Edit Select SelectAll Delete DeleteAll"));
+  // A file without sections is picked whole.
+  clickOn(f.list("inps"), 1);
+  QCOMPARE(menu(), QString("Edit Select -SelectAll Delete DeleteAll"));
+
   auto* up = child<QPushButton>(&w, "cmdUp");
   auto* down = child<QPushButton>(&w, "cmdDown");
+  toRun->clear();
   toRun->addItems({"e1", "e2", "e3", "e4", "e5"});
 
   // Entries 2 and 3 move as one with their selection; 2 and 4 are not one run.
@@ -161,80 +176,42 @@ void WindowListsTest::moveDeleteAndCopy() {
   w.action("mnuToRunDelAll")->trigger();
   QCOMPARE(toRun->count(), 0);
 
-  // The inputs popup names the selected file.
+  // The inputs popup names the selected file; no input file selected.
   w.updateInpsPopup();
-  QCOMPARE(w.action("mnuInpsEdit")->text(), QString("Edit: road.ipf"));
+  QCOMPARE(w.action("mnuInpsEdit")->text(), QString("Edit: b.ipf"));
   QVERIFY(w.action("mnuInpsEdit")->isEnabled());
   f.list("inps")->clearSelection();
+  QCOMPARE(menu(), QString("-Edit -Select -SelectAll -Delete -DeleteAll"));
   w.updateInpsPopup();
   QCOMPARE(w.action("mnuInpsEdit")->text(), QString("Edit"));
   QVERIFY(!w.action("mnuInpsEdit")->isEnabled());
   w.editInput();  // without a selection: nothing, and no box
 }
 
-void WindowListsTest::fileMenuStates() {
-  WindowFixture f;
-  f.write("a.ipf", "[main]\r\n[end]\r\n");
-  f.write("b.ipf", "crea,b\r\n");
-  MainWindow& w = f.open();
-  // The File menu's entries as it shows them, "-" before those that are disabled.
-  const auto menu = [&] {
-    emit child<QMenu>(&w, "mnuFile")->aboutToShow();
-    QString shown;
-    for (const char* a : {"Edit", "Select", "SelectAll", "Delete", "DeleteAll"})
-      shown += QString(w.action(QString("mnu") + a)->isEnabled() ? " " : " -") + a;
-    return shown.trimmed();
-  };
-  // A file with sections, none selected; then a section picked and an entry selected.
-  QCOMPARE(menu(), QString("Edit -Select SelectAll -Delete -DeleteAll"));
-  clickOn(f.list("subs"), 0);
-  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete -DeleteAll"));
-  w.action("mnuSelect")->trigger();
-  QCOMPARE(menu(), QString("Edit Select SelectAll -Delete DeleteAll"));
-  f.list("ToRun")->item(0)->setSelected(true);
-  QCOMPARE(menu(), QString("Edit Select SelectAll Delete DeleteAll"));
-  // A file without sections is picked whole; no input file selected.
-  clickOn(f.list("inps"), 1);
-  QCOMPARE(menu(), QString("Edit Select -SelectAll Delete DeleteAll"));
-  f.list("inps")->clearSelection();
-  QCOMPARE(menu(), QString("-Edit -Select -SelectAll Delete DeleteAll"));
-}
-
-void WindowListsTest::homeWithAndWithoutInputs() {
+void WindowListsTest::homeAndTheExclPanel() {
   WindowFixture f;
   f.write("top.ipf", "");
+  const std::string proj2 = f.project() + "2";
+  std::filesystem::create_directories(fs::native(proj2));
   MainWindow& w = f.open();  // no LastFile: start-up goes Home
   QCOMPARE(w.fileListPath(), f.project());
   QCOMPARE(items(f.list("inps")), QStringList({"top.ipf"}));
-
-  f.write("inputs/road.ipf", "");
-  f.write("other/x.ipf", "");
-  w.folderPanel()->setFolder(f.path("other"));
-  QCOMPARE(w.fileListPath(), f.path("other"));
-  w.action("mnuHome")->trigger();
-  QCOMPARE(w.fileListPath(), f.path("inputs"));
-  QCOMPARE(items(f.list("inps")), QStringList({"road.ipf"}));
-  QCOMPARE(f.label("dir")->text(), fromCore(f.path("inputs")));
-  QVERIFY(f.list("inps")->hasFocus() || !QGuiApplication::focusWindow());
-}
-
-void WindowListsTest::exclPanelInsideAndOutsideTheProject() {
-  WindowFixture f;
-  f.write("inputs/a.ipf", "");
-  const std::string proj2 = f.project() + "2";
-  std::filesystem::create_directories(fs::native(proj2));
-  MainWindow& w = f.open();
   QLabel* excl = f.label("excl");
   QCOMPARE(excl->property("picture").toString(), QString("proj"));
   QCOMPARE(excl->toolTip(), QString("You are in the project folder."));
 
+  f.write("inputs/road.ipf", "");
   w.folderPanel()->setFolder(proj2);  // Proj2 beside Proj is outside
+  QCOMPARE(w.fileListPath(), proj2);
   QCOMPARE(excl->property("picture").toString(), QString("notproj"));
   QCOMPARE(excl->toolTip(), QString("You are not in the project folder!"));
   QVERIFY(!excl->pixmap().isNull());
-
-  w.folderPanel()->setFolder(f.path("inputs"));
+  w.action("mnuHome")->trigger();
+  QCOMPARE(w.fileListPath(), f.path("inputs"));
+  QCOMPARE(items(f.list("inps")), QStringList({"road.ipf"}));
+  QCOMPARE(f.label("dir")->text(), fromCore(f.path("inputs")));
   QCOMPARE(excl->property("picture").toString(), QString("proj"));
+  QVERIFY(f.list("inps")->hasFocus() || !QGuiApplication::focusWindow());
   std::filesystem::remove_all(fs::native(proj2));
 }
 

@@ -23,11 +23,9 @@ class WindowRunTest : public QObject {
 
  private slots:
   void aStopInTheSecondOfThreeEntries();
-  void theNextRunAfterAFailure();
-  void inputIsAModalBox();
+  void inputHelpLongDrawAndAbout();
   void stopInterruptsALongRun();
   void variablesViewer();
-  void helpLongDrawAndAbout();
   void batchModeAndTheProgramsExitStatuses();
 };
 
@@ -36,6 +34,7 @@ void WindowRunTest::aStopInTheSecondOfThreeEntries() {
   f.write("a.ipf", "#g_first=a\r\ncrea,a\r\n");
   f.write("b.ipf", "#g_second=b|g_first|\r\ninsert,missing.\r\n#g_after=x\r\n");
   f.write("c.ipf", "#g_third=c\r\ncrea,c\r\n");
+  f.write("good.ipf", "#g_ok=1\r\n");
   f.setPosition("SaveSeparateFiles", "1");
   MainWindow& w = f.open();
   f.queue({"a.ipf", "b.ipf", "c.ipf"});
@@ -70,44 +69,37 @@ void WindowRunTest::aStopInTheSecondOfThreeEntries() {
   QVERIFY(!f.variables().join(" ").contains("g_after"));
   // The run saved the settings first.
   QCOMPARE(f.position("SaveSeparateFiles"), std::string("1"));
-}
 
-void WindowRunTest::theNextRunAfterAFailure() {
-  WindowFixture f;
-  f.write("bad.ipf", "insert,missing.\r\n");
-  f.write("good.ipf", "#g_ok=1\r\n");
-  f.open();
-  f.queue({"bad.ipf"});
-  BoxCatcher boxes;
-  QVERIFY(f.runToEnd());
-  QCOMPARE(boxes.boxes, 1);
-
+  // The next run has no box of its own, and selects what it ran.
   f.list("ToRun")->clear();
   f.queue({"good.ipf"});
   QVERIFY(f.runToEnd());
-  QCOMPARE(boxes.boxes, 1);  // no second box
+  QCOMPARE(boxes.boxes, 1);
   QVERIFY(f.variables().contains("g_ok=1"));
   QCOMPARE(selectedRows(f.list("ToRun")), QList<int>({0}));
 
   // An empty list: nothing runs, no settings are written.
   f.list("ToRun")->clear();
   f.setPosition("Top", "marker");
-  f.window->run();
-  QVERIFY(!f.window->running());
+  w.run();
+  QVERIFY(!w.running());
   QCOMPARE(f.position("Top"), std::string("marker"));
 }
 
-void WindowRunTest::inputIsAModalBox() {
+void WindowRunTest::inputHelpLongDrawAndAbout() {
   WindowFixture f("Hungarian");
   f.write("ask.ipf", "let,w=input(Width?),\r\nlet,h=input(Height?),\r\n");
-  f.open();
+  MainWindow& w = f.open();
   f.queue({"ask.ipf"});
   BoxCatcher boxes;
   boxes.answer = QString::fromUtf8("12,5 árok");
   QStringList prompts;
+  QString details;
   boxes.onBox = [&](QWidget* box) {
     if (auto* input = qobject_cast<QInputDialog*>(box)) prompts << input->labelText();
+    if (auto* m = qobject_cast<QMessageBox*>(box)) details = m->informativeText();
   };
+  // input() is a modal box.
   QVERIFY(f.runToEnd());
   QCOMPARE(boxes.boxes, 2);
   QCOMPARE(boxes.title, QString("Korvane"));
@@ -118,6 +110,26 @@ void WindowRunTest::inputIsAModalBox() {
   QVERIFY2(f.variables().contains(QString::fromUtf8("w=12,5 árok")),
            qPrintable(f.variables().join("|")));
   QVERIFY(f.variables().contains(QString::fromUtf8("h=12,5 árok")));
+
+  // No help file beside the settings: the box says which file is missing.
+  w.action("mnuCHM")->trigger();
+  QCOMPARE(boxes.boxes, 3);
+  QCOMPARE(boxes.text, QString::fromUtf8("Nem található a súgófájl: ") +
+                           fromCore(fs::join(f.home(), "KorvaneHU.chm")));
+  // LongDraw opens the long-section panel, once however often it is asked for.
+  w.action("mnuLongDraw")->trigger();
+  LongsectionPanel* panel = w.longsectionPanel();
+  QVERIFY(panel && panel->isVisible());
+  QVERIFY(panel->windowTitle().startsWith(QString::fromUtf8("Hossz-szelvény")));
+  w.action("mnuLongDraw")->trigger();
+  QCOMPARE(w.longsectionPanel(), panel);
+  QCOMPARE(boxes.boxes, 3);
+  w.action("mnuAbout")->trigger();
+  QCOMPARE(boxes.boxes, 4);
+  QCOMPARE(boxes.title, QString::fromUtf8("Névjegy"));
+  QCOMPARE(boxes.text, QString("Korvane"));
+  QVERIFY(details.contains(QString::fromUtf8("Változat: ") + KORVANE_TEST_VERSION));
+  QVERIFY(details.contains(fromCore(f.project())));
 }
 
 void WindowRunTest::stopInterruptsALongRun() {
@@ -182,35 +194,6 @@ void WindowRunTest::variablesViewer() {
   v->resize(50, 50);
   QCOMPARE(v->width(), kViewerMinTwips / kTwipsPerPixel);
   QCOMPARE(v->height(), kViewerMinTwips / kTwipsPerPixel);
-}
-
-void WindowRunTest::helpLongDrawAndAbout() {
-  WindowFixture f("Hungarian");
-  MainWindow& w = f.open();
-  BoxCatcher boxes;
-  QString details;
-  boxes.onBox = [&](QWidget* box) {
-    if (auto* m = qobject_cast<QMessageBox*>(box)) details = m->informativeText();
-  };
-  // No help file beside the settings: the box says which file is missing.
-  w.action("mnuCHM")->trigger();
-  QCOMPARE(boxes.boxes, 1);
-  QCOMPARE(boxes.text, QString::fromUtf8("Nem található a súgófájl: ") +
-                           fromCore(fs::join(f.home(), "KorvaneHU.chm")));
-  // LongDraw opens the long-section panel, once however often it is asked for.
-  w.action("mnuLongDraw")->trigger();
-  LongsectionPanel* panel = w.longsectionPanel();
-  QVERIFY(panel && panel->isVisible());
-  QVERIFY(panel->windowTitle().startsWith(QString::fromUtf8("Hossz-szelvény")));
-  w.action("mnuLongDraw")->trigger();
-  QCOMPARE(w.longsectionPanel(), panel);
-  QCOMPARE(boxes.boxes, 1);
-  w.action("mnuAbout")->trigger();
-  QCOMPARE(boxes.boxes, 2);
-  QCOMPARE(boxes.title, QString::fromUtf8("Névjegy"));
-  QCOMPARE(boxes.text, QString("Korvane"));
-  QVERIFY(details.contains(QString::fromUtf8("Változat: ") + KORVANE_TEST_VERSION));
-  QVERIFY(details.contains(fromCore(f.project())));
 }
 
 void WindowRunTest::batchModeAndTheProgramsExitStatuses() {

@@ -20,14 +20,22 @@ class WindowSettingsTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void layoutRestoredAndWrittenBack();
-  void nonsenseGeometryIsKeptOnTheScreen();
-  void folderPanelFromTheSettings();
-  void saveModeToggles();
+  void layoutAndSaveModesRestoredAndWrittenBack();
+  void nonsenseGeometryAndTheFolderPanel();
   void lastFileRestored();
 };
 
-void WindowSettingsTest::layoutRestoredAndWrittenBack() {
+// What a save-mode panel shows: its bevel, picture, button check mark, menu
+// check mark and tool tip.
+QString shown(MainWindow& w, const char* panel, const char* menu) {
+  auto* b = child<QToolButton>(&w, panel);
+  return QString("%1 %2%3%4 %5")
+      .arg(w.statusPanels()->bevel(panel) == kBevelPressed ? "pressed" : "raised",
+           b->property("picture").toString(), b->isChecked() ? " checked" : "",
+           w.action(menu)->isChecked() ? " menu" : "", b->toolTip());
+}
+
+void WindowSettingsTest::layoutAndSaveModesRestoredAndWrittenBack() {
   WindowFixture f;
   f.setPositions({{"Top", "300"},
                   {"Left", "450"},
@@ -36,7 +44,9 @@ void WindowSettingsTest::layoutRestoredAndWrittenBack() {
                   {"Dir", "True"},
                   {"dirWidth", "1800"},
                   {"inpWidth", "1500"},
-                  {"subWidth", "1200"}});
+                  {"subWidth", "1200"},
+                  {"SaveSingleFile", "1"},
+                  {"SaveSeparateFiles", "2"}});
   MainWindow& w = f.open();
   QCOMPARE(w.size(), QSize(9000, 6000) / kTwipsPerPixel);
   QCOMPARE(w.splitter()->sizes().mid(0, 3),
@@ -52,8 +62,27 @@ void WindowSettingsTest::layoutRestoredAndWrittenBack() {
   QTest::mouseRelease(img2, Qt::LeftButton, {}, farLeft);
   QVERIFY(w.splitter()->sizes()[1] >= kMinPaneTwips / kTwipsPerPixel);
 
+  // The save modes: a click on the panel and the menu entry do the same;
+  // twice is no change.
+  const QString one = "Save the run in a single INP file",
+                sep = "Save the run in separate INP files";
+  QCOMPARE(shown(w, "saveone", "mnuSaveOne"), "pressed saveone checked menu " + one + " (on)");
+  QCOMPARE(shown(w, "savesep", "mnuSaveSep"), "raised savesepbw " + sep);
+  QTest::mouseClick(child<QToolButton>(&w, "savesep"), Qt::LeftButton);
+  QCOMPARE(shown(w, "savesep", "mnuSaveSep"), "pressed savesep checked menu " + sep + " (on)");
+  w.action("mnuSaveSep")->trigger();
+  QCOMPARE(shown(w, "savesep", "mnuSaveSep"), "raised savesepbw " + sep);
+  QTest::mouseClick(child<QToolButton>(&w, "saveone"), Qt::LeftButton);
+  QCOMPARE(shown(w, "saveone", "mnuSaveOne"), "raised saveonebw " + one);
+  w.action("mnuSaveOne")->trigger();
+  w.action("mnuSaveSep")->trigger();  // both on together
+  QCOMPARE(w.statusPanels()->bevel("saveone"), kBevelPressed);
+  QCOMPARE(w.statusPanels()->bevel("savesep"), kBevelPressed);
+
   const int inps = f.list("inps")->width(), subs = f.list("subs")->width();
   f.close();
+  QCOMPARE(f.position("SaveSingleFile"), std::string("1"));
+  QCOMPARE(f.position("SaveSeparateFiles"), std::string("1"));
   QCOMPARE(f.position("Width"), std::string("9000"));
   QCOMPARE(f.position("Height"), std::string("6000"));
   QCOMPARE(f.position("inpWidth"), std::to_string(inps * kTwipsPerPixel));
@@ -63,26 +92,24 @@ void WindowSettingsTest::layoutRestoredAndWrittenBack() {
   QCOMPARE(f.position("LastFile"), fs::withTrailingSeparator(f.project()));
 }
 
-void WindowSettingsTest::nonsenseGeometryIsKeptOnTheScreen() {
+void WindowSettingsTest::nonsenseGeometryAndTheFolderPanel() {
+  // Nonsense is kept on the screen; a folder panel narrower than the collapsed
+  // width is left as it is, whatever "Dir" says.
   WindowFixture f;
   const QRect screen = QGuiApplication::primaryScreen()->geometry();
   f.setPositions({{"Top", "-200"},
                   {"Left", "abc"},
                   {"Width", std::to_string((screen.width() + 200) * kTwipsPerPixel)},
                   {"Height", "99999"},  // not a 16-bit number: the designed height
-                  {"inpWidth", "-40"}});
-  MainWindow& w = f.open();
-  QCOMPARE(w.pos(), screen.topLeft());
-  QVERIFY(screen.contains(QRect(w.pos(), w.size())));
-  QVERIFY(w.splitter()->sizes()[1] >= kMinPaneTwips / kTwipsPerPixel);
-}
-
-void WindowSettingsTest::folderPanelFromTheSettings() {
-  // Narrower than the collapsed width: left as it is, whatever "Dir" says.
-  WindowFixture f;
-  f.setPositions({{"Dir", "False"}, {"dirWidth", "149"}});
-  QVERIFY(f.open().folderPanelShown());
-  QVERIFY(!f.window->action("mnuDir")->isChecked());
+                  {"inpWidth", "-40"},
+                  {"Dir", "False"},
+                  {"dirWidth", "149"}});
+  MainWindow& first = f.open();
+  QCOMPARE(first.pos(), screen.topLeft());
+  QVERIFY(screen.contains(QRect(first.pos(), first.size())));
+  QVERIFY(first.splitter()->sizes()[1] >= kMinPaneTwips / kTwipsPerPixel);
+  QVERIFY(first.folderPanelShown());
+  QVERIFY(!first.action("mnuDir")->isChecked());
   // Shown but not wanted: hidden at start, and the remembered width is written at exit.
   f.close();
   f.setPositions({{"Dir", "False"}, {"dirWidth", "2400"}});
@@ -98,42 +125,6 @@ void WindowSettingsTest::folderPanelFromTheSettings() {
   MainWindow& again = f.open();
   QVERIFY(again.folderPanelShown());
   QCOMPARE(again.splitter()->sizes()[0], 2400 / kTwipsPerPixel);
-}
-
-// What a save-mode panel shows: its bevel, picture, button check mark, menu
-// check mark and tool tip.
-QString shown(MainWindow& w, const char* panel, const char* menu) {
-  auto* b = child<QToolButton>(&w, panel);
-  return QString("%1 %2%3%4 %5")
-      .arg(w.statusPanels()->bevel(panel) == kBevelPressed ? "pressed" : "raised",
-           b->property("picture").toString(), b->isChecked() ? " checked" : "",
-           w.action(menu)->isChecked() ? " menu" : "", b->toolTip());
-}
-
-void WindowSettingsTest::saveModeToggles() {
-  WindowFixture f;
-  f.setPositions({{"SaveSingleFile", "1"}, {"SaveSeparateFiles", "2"}});
-  MainWindow& w = f.open();
-  const QString one = "Save the run in a single INP file",
-                sep = "Save the run in separate INP files";
-  QCOMPARE(shown(w, "saveone", "mnuSaveOne"), "pressed saveone checked menu " + one + " (on)");
-  QCOMPARE(shown(w, "savesep", "mnuSaveSep"), "raised savesepbw " + sep);
-
-  // A click on the panel and the menu entry do the same; twice is no change.
-  QTest::mouseClick(child<QToolButton>(&w, "savesep"), Qt::LeftButton);
-  QCOMPARE(shown(w, "savesep", "mnuSaveSep"), "pressed savesep checked menu " + sep + " (on)");
-  w.action("mnuSaveSep")->trigger();
-  QCOMPARE(shown(w, "savesep", "mnuSaveSep"), "raised savesepbw " + sep);
-  QTest::mouseClick(child<QToolButton>(&w, "saveone"), Qt::LeftButton);
-  QCOMPARE(shown(w, "saveone", "mnuSaveOne"), "raised saveonebw " + one);
-  w.action("mnuSaveOne")->trigger();
-  w.action("mnuSaveSep")->trigger();  // both on together
-  QCOMPARE(w.statusPanels()->bevel("saveone"), kBevelPressed);
-  QCOMPARE(w.statusPanels()->bevel("savesep"), kBevelPressed);
-
-  f.close();
-  QCOMPARE(f.position("SaveSingleFile"), std::string("1"));
-  QCOMPARE(f.position("SaveSeparateFiles"), std::string("1"));
 }
 
 void WindowSettingsTest::lastFileRestored() {

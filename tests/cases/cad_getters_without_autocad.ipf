@@ -1,0 +1,4 @@
+## The AutoCAD getters where no AutoCAD is installed stop the run.
+crea,a
+#v=getlispvar(x)
+crea,never

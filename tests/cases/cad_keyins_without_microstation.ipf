@@ -1,0 +1,5 @@
+## cad: none
+## Key-ins need a running MicroStation.
+key-in
+place line
+endkey-in

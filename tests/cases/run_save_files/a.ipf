@@ -1,0 +1,5 @@
+crea,a1
+kill,x
+   marker
+   marker
+crea,a2

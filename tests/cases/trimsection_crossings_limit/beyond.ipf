@@ -1,0 +1,2 @@
+#n=201
+insert,crossings

@@ -1,0 +1,2 @@
+#n=200
+insert,crossings
