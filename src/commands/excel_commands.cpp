@@ -33,6 +33,16 @@ double chainageOf(CallContext& ctx, const std::string& model, const std::string&
   return ctx.query().record.num[4];
 }
 
+// A chainage the user gave: a text that is no number is a run-time failure
+// naming that text.
+double givenChainage(const std::string& text) {
+  try {
+    return conv::CDbl(text);
+  } catch (const conv::ConversionError&) {
+    throw foreignFailure(text);
+  }
+}
+
 // Runs an add-in macro under the error trap; any failure (no Excel, no
 // add-in, the macro failing) ends the run with the message that names the
 // add-in.
@@ -99,8 +109,8 @@ DirectiveResult ditchList(DirectiveCall& d) {
   if (path.empty()) return DirectiveResult::Continue;
   const double first = chainageOf(ctx, model, mast, 1);
   const double last = chainageOf(ctx, model, mast, -1);
-  const double start = from == "?" ? first : conv::CDbl(from);
-  const double end = to == "?" ? last : conv::CDbl(to);
+  const double start = from == "?" ? first : givenChainage(from);
+  const double end = to == "?" ? last : givenChainage(to);
   std::vector<AutoValue> args{path,  id,    std::string(), model, mast, left,
                               right, start, end,           first, last};
   runAddIn(ctx, "Tabulon.xla!Ditch.ConvertListToLinemode", args);
