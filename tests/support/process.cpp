@@ -41,15 +41,6 @@ std::vector<std::string> shellWords(const std::string& line) {
   return words;
 }
 
-std::map<std::string, std::string> shellAssignments(const std::string& line) {
-  std::map<std::string, std::string> env;
-  for (const auto& w : shellWords(line)) {
-    const std::size_t eq = w.find('=');
-    if (eq != std::string::npos) env[w.substr(0, eq)] = w.substr(eq + 1);
-  }
-  return env;
-}
-
 std::string builtProgram(const std::string& name) {
 #ifdef _WIN32
   return std::string(KORVANE_BIN_DIR) + "/" + name + ".exe";

@@ -22,9 +22,6 @@ int runProgram(const ProgramRun& run);
 // Splits a command line written with POSIX shell quoting ('...' and "...") into words.
 std::vector<std::string> shellWords(const std::string& line);
 
-// NAME=value assignments written with the same quoting, as an environment.
-std::map<std::string, std::string> shellAssignments(const std::string& line);
-
 // This process's id, to keep the files of tests running side by side apart.
 int currentProcessId();
 

@@ -18,12 +18,11 @@ namespace stdfs = std::filesystem;
 
 std::string sourceDir() { return KORVANE_SOURCE_DIR; }
 
-int runKorvane(const std::string& folder, const std::string& args, const std::string& env) {
+int runKorvane(const std::string& folder, const std::string& args) {
   ProgramRun run;
   run.argv = shellWords(args);
   run.argv.insert(run.argv.begin(), builtProgram("korvane"));
   run.folder = folder;
-  run.env = shellAssignments(env);
   run.out = fs::join(folder, "out.txt");
   run.err = fs::join(folder, "err.txt");
   return runProgram(run);

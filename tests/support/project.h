@@ -112,6 +112,6 @@ std::string sourceDir();
 
 // Runs the korvane program in `folder` with `args` (a shell fragment), output
 // in out.txt and err.txt there and no input; returns its exit status.
-int runKorvane(const std::string& folder, const std::string& args, const std::string& env = "");
+int runKorvane(const std::string& folder, const std::string& args);
 
 }  // namespace korvane::test
