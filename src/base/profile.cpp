@@ -114,7 +114,8 @@ Lines loadLines(const std::string& file) {
     return it->second.lines;
   auto data = fs::readFile(file);
   if (!data) return nullptr;
-  auto lines = std::make_shared<const std::vector<RawLine>>(splitLines(decodeIni(std::move(*data))));
+  auto lines =
+      std::make_shared<const std::vector<RawLine>>(splitLines(decodeIni(std::move(*data))));
   g_cache[file] = CachedFile{*stamp, size, lines};
   return lines;
 }

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "hosts/mx.h"
 #include "base/messages.h"
+#include "hosts/mx.h"
 
 namespace korvane {
 

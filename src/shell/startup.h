@@ -9,8 +9,8 @@
 
 #include "compiler/run_context.h"
 #include "hosts/automation.h"
-#include "shell/engine_choice.h"
 #include "hosts/excel.h"
+#include "shell/engine_choice.h"
 #include "shell/home.h"
 #include "shell/project_guard.h"
 
