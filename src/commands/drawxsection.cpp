@@ -7,7 +7,7 @@ namespace {
 
 DirectiveResult reserved(DirectiveCall&) { return DirectiveResult::Continue; }
 
-constexpr DirectiveRow kRows[] = {
+constexpr DirectiveRow kDrawxsectionCommandRows[] = {
     {"drawxsection",
      {.flushFirst = true, .readKeywordText = true, .assignKeywordText = true},
      reserved},
@@ -15,6 +15,6 @@ constexpr DirectiveRow kRows[] = {
 
 }  // namespace
 
-extern const DirectiveRows kDrawxsectionCommand = kRows;
+extern const DirectiveRows kDrawxsectionCommand = kDrawxsectionCommandRows;
 
 }  // namespace korvane::commands

@@ -130,7 +130,7 @@ DirectiveResult ditchPips(DirectiveCall& d) {
   return DirectiveResult::Continue;
 }
 
-constexpr DirectiveRow kRows[] = {
+constexpr DirectiveRow kExcelCommandsRows[] = {
     {"xlmacro", {.announce = texts::outputs::kExcelMacroAnnounced, .flushFirst = true}, xlmacro},
     {"xlput", {.flushFirst = true}, xlput},
     {"ditch_list",
@@ -147,6 +147,6 @@ constexpr DirectiveRow kRows[] = {
 
 }  // namespace
 
-extern const DirectiveRows kExcelCommands = kRows;
+extern const DirectiveRows kExcelCommands = kExcelCommandsRows;
 
 }  // namespace korvane::commands

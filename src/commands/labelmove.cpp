@@ -58,7 +58,7 @@ DirectiveResult labelmove(DirectiveCall& d) {
   return DirectiveResult::Continue;
 }
 
-constexpr DirectiveRow kRows[] = {
+constexpr DirectiveRow kLabelmoveCommandRows[] = {
     {"labelmove",
      {.flushFirst = true, .readKeywordText = true, .defaults = DefaultBlock::WithKeywordText},
      labelmove},
@@ -66,6 +66,6 @@ constexpr DirectiveRow kRows[] = {
 
 }  // namespace
 
-extern const DirectiveRows kLabelmoveCommand = kRows;
+extern const DirectiveRows kLabelmoveCommand = kLabelmoveCommandRows;
 
 }  // namespace korvane::commands

@@ -87,7 +87,7 @@ DirectiveResult trimsection(DirectiveCall& d) {
 }
 
 // The eight boundary masks match every label unless the keyword text says otherwise.
-constexpr DirectiveRow kRows[] = {
+constexpr DirectiveRow kTrimsectionCommandRows[] = {
     {"trimsection",
      {.flushFirst = true,
       .readKeywordText = true,
@@ -100,6 +100,6 @@ constexpr DirectiveRow kRows[] = {
 
 }  // namespace
 
-extern const DirectiveRows kTrimsectionCommand = kRows;
+extern const DirectiveRows kTrimsectionCommand = kTrimsectionCommandRows;
 
 }  // namespace korvane::commands

@@ -15,7 +15,7 @@ DirectiveResult earthworkToExcel(DirectiveCall&) {
   throw RuntimeFailure(texts::runtime::kNotAvailable, "earthwork->excel");
 }
 
-constexpr DirectiveRow kRows[] = {
+constexpr DirectiveRow kUnavailableCommandsRows[] = {
     {"superelevation",
      {.flushFirst = true,
       .readKeywordText = true,
@@ -29,6 +29,6 @@ constexpr DirectiveRow kRows[] = {
 
 }  // namespace
 
-extern const DirectiveRows kUnavailableCommands = kRows;
+extern const DirectiveRows kUnavailableCommands = kUnavailableCommandsRows;
 
 }  // namespace korvane::commands

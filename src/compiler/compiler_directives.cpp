@@ -71,7 +71,7 @@ R copyfile(DirectiveCall& d) {
   return R::Continue;
 }
 
-constexpr DirectiveRow kRows[] = {
+constexpr DirectiveRow kCompilerDirectivesRows[] = {
     {"fini", {}, fini},
     {"insert", {}, insert},
     {"option", {}, nothing},
@@ -88,6 +88,6 @@ constexpr DirectiveRow kRows[] = {
 
 }  // namespace
 
-extern const DirectiveRows kCompilerDirectives = kRows;
+extern const DirectiveRows kCompilerDirectives = kCompilerDirectivesRows;
 
 }  // namespace korvane

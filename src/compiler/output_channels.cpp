@@ -54,7 +54,7 @@ R backToMx(DirectiveCall& d) {
 }
 
 // The announcing line comes before the flush.
-constexpr DirectiveRow kRows[] = {
+constexpr DirectiveRow kChannelDirectivesRows[] = {
     {"script", {.announce = texts::outputs::kScriptAnnounced, .flushFirst = true}, script},
     {"key-in", {.announce = texts::outputs::kKeyinAnnounced, .flushFirst = true}, keyin},
     {"print", {.announce = texts::outputs::kPrintAnnounced, .flushFirst = true}, print},
@@ -65,6 +65,6 @@ constexpr DirectiveRow kRows[] = {
 
 }  // namespace
 
-extern const DirectiveRows kChannelDirectives = kRows;
+extern const DirectiveRows kChannelDirectives = kChannelDirectivesRows;
 
 }  // namespace korvane

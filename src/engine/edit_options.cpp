@@ -76,7 +76,7 @@ void deleteString(RunState& run, const Record& r) {
 }
 
 // An import has no EDIT block: it refuses EDIT and so all of these.
-constexpr RecordRow kRows[] = {
+constexpr RecordRow kEditOptionsRows[] = {
     {"005", Block::Edit, InImport::Refused, keepPoints},
     {"006", Block::Edit, InImport::Refused, cutBetween},
     {"031", Block::Edit, InImport::Refused, deleteString},
@@ -85,6 +85,6 @@ constexpr RecordRow kRows[] = {
 
 }  // namespace
 
-const std::span<const RecordRow> kEditOptions = kRows;
+const std::span<const RecordRow> kEditOptions = kEditOptionsRows;
 
 }  // namespace korvane::engine

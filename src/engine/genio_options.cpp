@@ -72,7 +72,7 @@ void writeStrings(RunState& run, const Record& r) {
                    (run.over.is_open() ? " to " + run.overPath : std::string()));
 }
 
-constexpr RecordRow kRows[] = {
+constexpr RecordRow kGenioOptionsRows[] = {
     {"001", Block::Genio, InImport::Taken, readFormat},
     {"003", Block::Genio, InImport::Taken, readOrder},
     {"017", Block::Genio, InImport::Taken, acceptUnits},
@@ -85,6 +85,6 @@ constexpr RecordRow kRows[] = {
 
 }  // namespace
 
-const std::span<const RecordRow> kGenioOptions = kRows;
+const std::span<const RecordRow> kGenioOptions = kGenioOptionsRows;
 
 }  // namespace korvane::engine

@@ -135,7 +135,7 @@ void nothingToEnd(RunState& run, const Record&) {
 }
 
 // A major option is known by the first four letters of its word, in any case.
-constexpr RecordRow kRows[] = {
+constexpr RecordRow kMajorOptionsRows[] = {
     {"moss", Block::None, InImport::Taken, resetErrors},
     {"crea", Block::None, InImport::Refused, createModel},
     {"dele", Block::None, InImport::Refused, deleteModel},
@@ -148,6 +148,6 @@ constexpr RecordRow kRows[] = {
 
 }  // namespace
 
-const std::span<const RecordRow> kMajorOptions = kRows;
+const std::span<const RecordRow> kMajorOptions = kMajorOptionsRows;
 
 }  // namespace korvane::engine

@@ -45,10 +45,10 @@ std::string fnGetname(CallContext& ctx) {
   return {};
 }
 
-constexpr FunctionRow kRows[] = {{"xlget", fnXlget}, {"getname", fnGetname}};
+constexpr FunctionRow kExcelGettersRows[] = {{"xlget", fnXlget}, {"getname", fnGetname}};
 
 }  // namespace
 
-extern const FunctionRows kExcelGetters = kRows;
+extern const FunctionRows kExcelGetters = kExcelGettersRows;
 
 }  // namespace korvane

@@ -51,13 +51,13 @@ std::string fnGetfreelabel(CallContext& ctx) {
   return freeLabel(ctx, model, prefix);
 }
 
-constexpr FunctionRow kRows[] = {
+constexpr FunctionRow kLabelFunctionsRows[] = {
     {"getnextlabel", fnGetnextlabel},
     {"getfreelabel", fnGetfreelabel},
 };
 
 }  // namespace
 
-extern const FunctionRows kLabelFunctions = kRows;
+extern const FunctionRows kLabelFunctions = kLabelFunctionsRows;
 
 }  // namespace korvane

@@ -42,13 +42,13 @@ std::string fnLg(CallContext& ctx) {
   return numberResult(std::log(x) / std::log(10.0), "lg");
 }
 
-constexpr FunctionRow kRows[] = {
+constexpr FunctionRow kMathFunctionsRows[] = {
     {"abs", fnAbs}, {"int", fnInt}, {"sqr", fnSqr}, {"sgn", fnSgn}, {"exp", fnExp}, {"sin", fnSin},
     {"cos", fnCos}, {"tan", fnTan}, {"atn", fnAtn}, {"ln", fnLn},   {"lg", fnLg},
 };
 
 }  // namespace
 
-extern const FunctionRows kMathFunctions = kRows;
+extern const FunctionRows kMathFunctions = kMathFunctionsRows;
 
 }  // namespace korvane

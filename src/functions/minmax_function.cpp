@@ -85,10 +85,10 @@ std::string fnGetminmax(CallContext& ctx) {
   return result;
 }
 
-constexpr FunctionRow kRows[] = {{"getminmax", fnGetminmax}};
+constexpr FunctionRow kMinmaxFunctionRows[] = {{"getminmax", fnGetminmax}};
 
 }  // namespace
 
-extern const FunctionRows kMinmaxFunction = kRows;
+extern const FunctionRows kMinmaxFunction = kMinmaxFunctionRows;
 
 }  // namespace korvane

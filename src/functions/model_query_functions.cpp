@@ -162,7 +162,7 @@ std::string fnEach(CallContext& ctx) {
   return result;
 }
 
-constexpr FunctionRow kRows[] = {
+constexpr FunctionRow kModelQueryFunctionsRows[] = {
     {"getdata", fnGetdata}, {"getchain", fnGetchain},   {"getpoint", fnGetpoint},
     {"getdist", fnGetdist}, {"getdistance", fnGetdist}, {"getlength", fnGetlength},
     {"each", fnEach},
@@ -170,6 +170,6 @@ constexpr FunctionRow kRows[] = {
 
 }  // namespace
 
-extern const FunctionRows kModelQueryFunctions = kRows;
+extern const FunctionRows kModelQueryFunctions = kModelQueryFunctionsRows;
 
 }  // namespace korvane

@@ -32,11 +32,11 @@ std::string fnInput(CallContext& ctx) {
   return answer;
 }
 
-constexpr FunctionRow kRows[] = {
+constexpr FunctionRow kOtherFunctionsRows[] = {
     {"date", fnDate}, {"time", fnTime}, {"sheets", fnSheets}, {"input", fnInput}};
 
 }  // namespace
 
-extern const FunctionRows kOtherFunctions = kRows;
+extern const FunctionRows kOtherFunctions = kOtherFunctionsRows;
 
 }  // namespace korvane

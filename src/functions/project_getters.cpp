@@ -76,7 +76,7 @@ std::string fnGetacadvar(CallContext& ctx) {
   });
 }
 
-constexpr FunctionRow kRows[] = {
+constexpr FunctionRow kProjectGettersRows[] = {
     {"getparam", fnGetparam},
     {"getlispvar", fnGetlispvar},
     {"getacadvar", fnGetacadvar},
@@ -84,6 +84,6 @@ constexpr FunctionRow kRows[] = {
 
 }  // namespace
 
-extern const FunctionRows kProjectGetters = kRows;
+extern const FunctionRows kProjectGetters = kProjectGettersRows;
 
 }  // namespace korvane

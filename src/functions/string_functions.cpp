@@ -109,13 +109,13 @@ std::string fnMid(CallContext& ctx) {
 
 std::string fnFormat(CallContext& ctx) { return conv::Format(ctx.arg(1), ctx.arg(2)); }
 
-constexpr FunctionRow kRows[] = {
+constexpr FunctionRow kStringFunctionsRows[] = {
     {"len", fnLen},     {"replace", fnReplace}, {"find", fnFind}, {"left", fnLeft},
     {"right", fnRight}, {"mid", fnMid},         {"char", fnMid},  {"format", fnFormat},
 };
 
 }  // namespace
 
-extern const FunctionRows kStringFunctions = kRows;
+extern const FunctionRows kStringFunctions = kStringFunctionsRows;
 
 }  // namespace korvane

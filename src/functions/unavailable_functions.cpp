@@ -9,10 +9,10 @@ namespace {
 
 std::string fnPls(CallContext&) { throw RuntimeFailure(texts::runtime::kNotAvailable, "pls"); }
 
-constexpr FunctionRow kRows[] = {{"pls", fnPls}};
+constexpr FunctionRow kUnavailableFunctionsRows[] = {{"pls", fnPls}};
 
 }  // namespace
 
-extern const FunctionRows kUnavailableFunctions = kRows;
+extern const FunctionRows kUnavailableFunctions = kUnavailableFunctionsRows;
 
 }  // namespace korvane
