@@ -44,6 +44,7 @@ TEST(FortranFormat, ParsesOrRefusesTheVectors) {
     try {
       const std::string text = FortranFormat::parse(v.fields[0]).text();
       EXPECT_EQ(text, v.fields[1]) << v.where;
+      EXPECT_EQ(FortranFormat::parse(text).text(), text) << v.where << ": reads back";
     } catch (const EngineError& e) {
       EXPECT_EQ(v.fields[1], "refused") << v.where << ": " << e.what();
       EXPECT_NE(std::string(e.what()).find(v.fields[2]), std::string::npos)

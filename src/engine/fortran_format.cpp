@@ -168,7 +168,10 @@ void appendText(std::string& out, const std::vector<FormatNode>& nodes) {
     if (i > 0) {
       const FormatNode& prev = nodes[i - 1];
       bool prevFree = !prev.isGroup && (prev.edit == Edit::Slash || prev.edit == Edit::Colon);
-      if (!(free && !n.isGroup) && !prevFree) out += ',';
+      // A slash may stand without a comma, but not a repeated one: "F10.3,2/"
+      // written as "F10.32/" would read back as F10.32 and a single slash.
+      const bool bare = free && !n.isGroup && n.repeat == 1;
+      if (!bare && !prevFree) out += ',';
     }
     if (n.isGroup) {
       if (n.repeat != 1) out += std::to_string(n.repeat);
