@@ -67,6 +67,7 @@ std::int32_t columnOf(std::string_view address) {
   for (char ch : address) {
     if (!std::isalpha(static_cast<unsigned char>(ch))) break;
     column = column * 26 + (std::toupper(static_cast<unsigned char>(ch)) - 'A' + 1);
+    if (column > kExcelColumns) return 0;  // no column of a sheet; stops before overflow
   }
   return column;
 }

@@ -23,7 +23,8 @@ struct CellReference {
 std::optional<CellReference> parseReference(std::string_view text);
 // "B3" for row 3, column 2.
 std::string addressText(CellAddress cell);
-// Column letters of a "r" attribute ("AB12") to its column; 0 when none.
+// Column letters of a "r" attribute ("AB12") to its column; 0 when none or
+// beyond the last column of a sheet.
 std::int32_t columnOf(std::string_view address);
 
 }  // namespace korvane::hosts::workbook

@@ -67,6 +67,26 @@ void forEachCell(pugi::xml_node data, F f) {
   }
 }
 
+// Row numbers and cell references inside the sheet's limits: everything that
+// finds a cell by its position relies on them, so a corrupt or hostile sheet
+// is refused here rather than answering from the wrong cell.
+void checkPositions(pugi::xml_node data, const std::string& where) {
+  for (pugi::xml_node r : data.children()) {
+    if (localName(r) != "row") continue;
+    if (pugi::xml_attribute a = r.attribute("r")) {
+      const long long index = a.as_llong();
+      if (index < 1 || index > kExcelRows)
+        throw WorkbookError(Reason::Unreadable, where + " <row r=\"" + a.value() + "\">");
+    }
+    for (pugi::xml_node c : r.children()) {
+      if (localName(c) != "c") continue;
+      pugi::xml_attribute a = c.attribute("r");
+      if (a && !parseReference(a.value()))
+        throw WorkbookError(Reason::Unreadable, where + " <c r=\"" + a.value() + "\">");
+    }
+  }
+}
+
 bool sharesFormula(pugi::xml_node f) {
   return std::string_view(f.attribute("t").value()) == "shared";
 }
@@ -147,8 +167,9 @@ pugi::xml_node XlsxWorkbook::sheetData(std::size_t s) {
   if (!sheet.doc) {
     auto doc = std::make_unique<pugi::xml_document>();
     loadPart(*doc, zip_, sheet.part);
-    if (!child(doc->document_element(), "sheetData"))
-      throw WorkbookError(Reason::Unreadable, zip_.path(), sheet.part);
+    const pugi::xml_node data = child(doc->document_element(), "sheetData");
+    if (!data) throw WorkbookError(Reason::Unreadable, zip_.path(), sheet.part);
+    checkPositions(data, zip_.path() + ": " + sheet.part);
     sheet.doc = std::move(doc);
   }
   return child(sheet.doc->document_element(), "sheetData");
