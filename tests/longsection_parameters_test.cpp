@@ -25,7 +25,8 @@ Parameters drawable() {
 }
 
 // tests/longsection/every_parameter.ipd gives every parameter a value of its
-// own, none the default: read and written again it is the same file.
+// own, none the default (a further string longer than the 127 characters a
+// settings value is cut at): read and written again it is the same file.
 TEST(LongsectionPanelFile, EveryParameterComesBackAsWritten) {
   TempProject project;
   const std::string given =

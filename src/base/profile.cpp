@@ -127,8 +127,8 @@ void forget(const std::string& file) {
 
 }  // namespace
 
-std::string ReadProfileString(std::string_view section, std::string_view key,
-                              const std::string& file, std::int32_t* status) {
+std::string ReadProfileValue(std::string_view section, std::string_view key,
+                             const std::string& file) {
   std::string result;
   section = trimIni(section);
   key = trimIni(key);
@@ -146,11 +146,18 @@ std::string ReadProfileString(std::string_view section, std::string_view key,
       if (inSection && keyOf(line.text, k, v) && cp::equalsIgnoreCase(k, key)) {
         if (v.size() >= 2 && (v.front() == '"' || v.front() == '\'') && v.back() == v.front())
           v = v.substr(1, v.size() - 2);
-        result = std::string(v.substr(0, kProfileValueMax));
+        result = std::string(v);
         break;
       }
     }
   }
+  return result;
+}
+
+std::string ReadProfileString(std::string_view section, std::string_view key,
+                              const std::string& file, std::int32_t* status) {
+  std::string result = ReadProfileValue(section, key, file);
+  if (result.size() > kProfileValueMax) result.resize(kProfileValueMax);
   if (status) *status = static_cast<std::int32_t>(result.size());
   return result;
 }

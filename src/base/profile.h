@@ -24,6 +24,11 @@ constexpr std::size_t kProfileValueMax = 127;
 std::string ReadProfileString(std::string_view section, std::string_view key,
                               const std::string& file, std::int32_t* status = nullptr);
 
+// The whole value of section/key, however long: for files of Korvane's own
+// (panel files) that no 128-character buffer ever read.
+std::string ReadProfileValue(std::string_view section, std::string_view key,
+                             const std::string& file);
+
 // Writes section/key = value. Returns "1" on success, "0" on failure; `status`
 // receives 1 or 0.
 std::string WriteProfileString(std::string_view section, std::string_view key,

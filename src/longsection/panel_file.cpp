@@ -28,9 +28,8 @@ struct Profile {
     if (writing) {
       ok = WriteProfileString(section, key, value, path) == "1" && ok;
     } else {
-      std::int32_t found = 0;
-      std::string v = ReadProfileString(section, key, path, &found);
-      if (found > 0) value = text::trim(v);
+      std::string v = ReadProfileValue(section, key, path);
+      if (!v.empty()) value = text::trim(v);
     }
   }
   void number(const char* section, const char* key, double& value) {
@@ -98,10 +97,10 @@ Parameters readPanelFile(const std::string& path) {
   Profile f{path, false};
   exchange(f, p);
   if (p.sheetSize != "Custom") applySheetSize(p);
-  const double stored = conv::Val(ReadProfileString(kStrings, "Count", path));
+  const double stored = conv::Val(ReadProfileValue(kStrings, "Count", path));
   const int count = stored < 1 ? 0 : stored > kMaxExtras ? kMaxExtras : static_cast<int>(stored);
   for (int i = 1; i <= count; ++i) {
-    ExtraString e = extraFrom(ReadProfileString(kStrings, "String" + std::to_string(i), path));
+    ExtraString e = extraFrom(ReadProfileValue(kStrings, "String" + std::to_string(i), path));
     if (!e.label.empty()) p.extras.push_back(e);
   }
   return p;
@@ -134,7 +133,7 @@ std::vector<std::string> panelFilesIn(const std::string& folder) {
 }
 
 std::string lastPanelFile(const std::string& settingsFile) {
-  return ReadProfileString("Longsection", "LastPanel", settingsFile);
+  return ReadProfileValue("Longsection", "LastPanel", settingsFile);
 }
 
 void rememberPanelFile(const std::string& settingsFile, const std::string& path) {
