@@ -1,5 +1,6 @@
 #include "window/variables_viewer.h"
 
+#include <QFontDatabase>
 #include <QVBoxLayout>
 
 #include "base/texts/lists_texts.h"
@@ -10,12 +11,10 @@
 namespace korvane::window {
 namespace {
 
-QFont fixedFont() {
-  QFont f("Courier New");
-  f.setStyleHint(QFont::TypeWriter);
-  f.setFixedPitch(true);
-  return f;
-}
+// The platform's own fixed-pitch font: a family asked for by name (Courier
+// New) resolves to a proportional one on machines without it, and the columns
+// of the list no longer line up.
+QFont fixedFont() { return QFontDatabase::systemFont(QFontDatabase::FixedFont); }
 
 }  // namespace
 
