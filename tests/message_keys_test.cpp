@@ -52,7 +52,9 @@ std::vector<std::string> sectionLiterals(const std::string& name, const std::str
   std::string line;
   for (int n = 1; std::getline(in, line); ++n) {
     const std::string c = code(line);
-    if (c.find("ProfileString(") != std::string::npos) continue;
+    if (c.find("ProfileString(") != std::string::npos ||
+        c.find("ProfileValue(") != std::string::npos)
+      continue;
     for (std::sregex_iterator m(c.begin(), c.end(), literal), end; m != end; ++m)
       if (sections.count((*m)[1])) found.push_back(name + ":" + std::to_string(n));
   }

@@ -45,13 +45,34 @@ TEST(SourceMap, EveryOutputLineGetsItsPlaceBackFromTheRuns) {
   m.leave();
   m.atLine(11);
   write("crea,z");
+  // Repeated parts of three lines and of one line, pass after pass.
+  for (long pass = 1; pass <= 500; ++pass) {
+    m.enter("c", pass);
+    for (long line : {2, 3, 4}) {
+      m.atLine(line);
+      write("crea,c");
+    }
+    m.leave();
+  }
+  m.atLine(12);
+  for (long pass = 1; pass <= 500; ++pass) {
+    m.enter("d", pass);
+    m.atLine(2);
+    write("crea,d");
+    m.leave();
+  }
   for (std::size_t i = 0; i < written.size(); ++i) {
     SCOPED_TRACE(i + 1);
     EXPECT_EQ(out.originOfLine(static_cast<long>(i) + 1), written[i]);
   }
   EXPECT_EQ(out.originOfLine(0).node, SourceMap::kNone);
   EXPECT_EQ(out.originOfLine(static_cast<long>(written.size()) + 1).node, SourceMap::kNone);
-  EXPECT_EQ(m.nodeCount(), 3u);
+  // Passes of a repetition share the node of the place they are read from, and
+  // their lines one run: the map and the runs do not grow with the passes.
+  EXPECT_EQ(m.nodeCount(), 4u);
+  // Runs: the two sentinels; a's 1-3, 3-3, 7-8, 8-10, 4; b's two passes;
+  // z; c's 500 passes; d's 500 passes.
+  EXPECT_EQ(out.originRuns(), 11u);
 }
 
 }  // namespace

@@ -57,16 +57,37 @@ void CompiledOutput::writeLine(std::string_view line) {
   if (tap_ && !sentinel && isMxChannel()) tap_(line);
 }
 
+SourceOrigin CompiledOutput::OriginRun::at(long offset) const {
+  const long s = step < 0 ? 0 : step;
+  if (period == 0) return {origin.node, origin.line + s * offset, origin.pass};
+  return {origin.node, origin.line + s * (offset % period), origin.pass + offset / period};
+}
+
 void CompiledOutput::noteOrigin(SourceOrigin origin) {
   const long n = linesWritten_++;
   if (!origins_.empty() && origins_.back().origin.node == origin.node) {
     OriginRun& run = origins_.back();
     if (origin.node == SourceMap::kNone) return;
     const long offset = n - run.firstOutput;
-    const long step = offset == 1 ? origin.line - run.origin.line : run.step;
-    if ((step == 0 || step == 1) && origin.line == run.origin.line + step * offset) {
-      run.step = static_cast<int>(step);
-      return;
+    const SourceOrigin& first = run.origin;
+    if (run.step < 0) {  // the second line tells what the run is
+      const long down = origin.line - first.line;
+      if (origin.pass == first.pass && (down == 0 || down == 1)) {
+        run.step = static_cast<int>(down);
+        return;
+      }
+      if (origin.pass == first.pass + 1 && down == 0) {  // a repeated part of one line
+        run.step = 0;
+        run.period = 1;
+        return;
+      }
+    } else {
+      if (run.at(offset) == origin) return;
+      // The lines so far were one pass of a repeated part, and the next begins.
+      if (run.period == 0 && origin.pass == first.pass + 1 && origin.line == first.line) {
+        run.period = offset;
+        return;
+      }
     }
   }
   origins_.push_back(OriginRun{n, origin});
@@ -79,8 +100,7 @@ SourceOrigin CompiledOutput::originOfLine(long n) const {
                                 [](long line, const OriginRun& r) { return line < r.firstOutput; });
   const OriginRun& run = *(after - 1);
   if (run.origin.node == SourceMap::kNone) return {};
-  const long step = run.step < 0 ? 0 : run.step;
-  return {run.origin.node, run.origin.line + step * (n - 1 - run.firstOutput)};
+  return run.at(n - 1 - run.firstOutput);
 }
 
 Channel channelOf(std::string_view fullName) {

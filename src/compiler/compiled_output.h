@@ -55,6 +55,7 @@ class CompiledOutput {
   // The place of line n (1-based) of the output opened last; no place for a
   // line that has none (the sentinel lines, or beyond the end).
   SourceOrigin originOfLine(long n) const;
+  std::size_t originRuns() const { return origins_.size(); }
 
   // Receives every line written to the MX input except the sentinel lines.
   void setMxTap(std::function<void(std::string_view)> tap) { tap_ = std::move(tap); }
@@ -67,13 +68,16 @@ class CompiledOutput {
   std::function<void(std::string_view)> tap_;
   SourceMap* sources_ = nullptr;
   // The places of the lines written, run-length coded: a run is lines that
-  // come from consecutive lines of one reading (plain lines), or all from one
-  // line (a command that writes many), so a long file costs one run and not
-  // one entry a line.
+  // come from consecutive lines of one file (plain lines), or all from one
+  // line (a command that writes many), and may step through the passes of a
+  // repetition (the same lines again, pass after pass), so that a long file
+  // or a long repetition costs one run and not one entry a line.
   struct OriginRun {
     long firstOutput;  // 0-based output line
     SourceOrigin origin;
-    int step = -1;  // 1 or 0 once the run has a second line
+    int step = -1;    // 1 or 0 once the run has a second line
+    long period = 0;  // lines a pass, when the run goes on into further passes
+    SourceOrigin at(long offset) const;
   };
   std::vector<OriginRun> origins_;
   long linesWritten_ = 0;

@@ -1,10 +1,11 @@
 // Where each compiled line came from: the input file and line that wrote it,
 // and the chain of inserts, repetitions and default blocks that led there.
 // The compile pass keeps a stack of the files it is reading. A node stands for
-// one reading of a file (an insert, one pass of a repeated part) and is made
-// only when a line is written from it or a file is inserted from it; a place
-// is a node and a line in it. The map grows with the files read, not with the
-// lines written.
+// a file read from one place (an insert line, or the line that repeats a part:
+// every pass of a repetition shares its node, the pass being part of the
+// place) and is made only when a line is written from it or a file is inserted
+// from it; a place is a node, a line in it and the pass. The map grows with
+// the places files are read from, not with the lines written or the passes.
 #pragma once
 
 #include <cstdint>
@@ -16,10 +17,12 @@
 
 namespace korvane {
 
-// A line of one reading of a file; node kNone for no place.
+// A line of a file read from one place, in a pass of a repetition (0 outside
+// one); node kNone for no place.
 struct SourceOrigin {
   int node = -1;
   long line = 0;
+  long pass = 0;
   bool operator==(const SourceOrigin&) const = default;
 };
 
@@ -50,15 +53,16 @@ class SourceMap {
   struct Node {
     SourceOrigin parent;  // the line that entered the file
     std::uint32_t file;
-    long repetition;
   };
   struct Frame {
     std::uint32_t file;
     long line = 0;
     long repetition = 0;
     SourceOrigin parent;
-    int node = kNone;  // made with the first place asked for
+    int node = kNone;       // made with the first place asked for
+    int lastChild = kNone;  // the node of the file read last from this one
   };
+  int nodeFor(Frame& f);
   std::uint32_t fileId(const std::string& file);
 
   std::vector<std::string> files_;
