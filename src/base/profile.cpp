@@ -162,33 +162,32 @@ std::string ReadProfileString(std::string_view section, std::string_view key,
   return result;
 }
 
-std::string WriteProfileString(std::string_view section, std::string_view key,
-                               std::string_view value, const std::string& file,
-                               std::int32_t* status) {
-  auto fail = [&] {
-    if (status) *status = 0;
-    return std::string("0");
-  };
-  section = trimIni(section);
-  key = trimIni(key);
-  if (section.empty() || key.empty()) return fail();
+namespace {
 
+// A file's lines as read for writing, in the encoding they will be written in.
+struct EditedFile {
+  Encoding encoding = Encoding::Ansi;
   std::vector<RawLine> lines;
+};
+
+bool loadForEdit(const std::string& file, EditedFile& f) {
+  if (!fs::fileExists(file)) return true;
+  auto data = fs::readFile(file);
+  if (!data) return false;
   // A file in UTF-8 or UTF-16LE (Windows' own Unicode profile) is written back in
   // its encoding, and the lines we do not change keep every character they had,
   // also those the users' code page has no place for.
-  Encoding encoding = Encoding::Ansi;
+  f.encoding = encodingOf(*data);
   std::vector<RawLine> unicodeLines;
-  if (fs::fileExists(file)) {
-    auto data = fs::readFile(file);
-    if (!data) return fail();
-    encoding = encodingOf(*data);
-    if (encoding != Encoding::Ansi) unicodeLines = splitLines(unicodeText(*data, encoding));
-    lines = splitLines(decodeIni(std::move(*data)));
-    for (std::size_t i = 0; i < lines.size() && i < unicodeLines.size(); ++i)
-      lines[i].unicode = unicodeLines[i].text;
-  }
+  if (f.encoding != Encoding::Ansi) unicodeLines = splitLines(unicodeText(*data, f.encoding));
+  f.lines = splitLines(decodeIni(std::move(*data)));
+  for (std::size_t i = 0; i < f.lines.size() && i < unicodeLines.size(); ++i)
+    f.lines[i].unicode = unicodeLines[i].text;
+  return true;
+}
 
+void setEntry(std::vector<RawLine>& lines, std::string_view section, std::string_view key,
+              std::string_view value) {
   std::string entry = std::string(key) + "=" + std::string(value);
   // Locate the first section of that name and, inside it, the key.
   std::ptrdiff_t header = -1, keyLine = -1, lastContent = -1;
@@ -221,21 +220,43 @@ std::string WriteProfileString(std::string_view section, std::string_view key,
     lines.push_back({"[" + std::string(section) + "]", "\r\n", std::nullopt});
     lines.push_back({entry, "\r\n", std::nullopt});
   }
+}
 
+bool save(const std::string& file, const EditedFile& f) {
   std::string out;
-  for (const auto& l : lines) {
-    if (encoding == Encoding::Ansi)
+  for (const auto& l : f.lines) {
+    if (f.encoding == Encoding::Ansi)
       out += l.text + l.eol;
     else
       out += (l.unicode ? *l.unicode : cp::toUtf8(l.text)) + l.eol;
   }
-  if (encoding == Encoding::Utf8) out = "\xEF\xBB\xBF" + out;
-  if (encoding == Encoding::Utf16le) out = "\xFF\xFE" + cp::utf8ToUtf16le(out);
-  bool ok = fs::writeFileAtomic(file, out);
+  if (f.encoding == Encoding::Utf8) out = "\xEF\xBB\xBF" + out;
+  if (f.encoding == Encoding::Utf16le) out = "\xFF\xFE" + cp::utf8ToUtf16le(out);
+  const bool ok = fs::writeFileAtomic(file, out);
   forget(file);
-  if (!ok) return fail();
-  if (status) *status = 1;
-  return "1";
+  return ok;
+}
+
+}  // namespace
+
+std::string WriteProfileString(std::string_view section, std::string_view key,
+                               std::string_view value, const std::string& file,
+                               std::int32_t* status) {
+  const bool ok =
+      WriteProfileEntries(file, {{std::string(section), std::string(key), std::string(value)}});
+  if (status) *status = ok ? 1 : 0;
+  return ok ? "1" : "0";
+}
+
+bool WriteProfileEntries(const std::string& file, const std::vector<ProfileEntry>& entries) {
+  EditedFile f;
+  if (!loadForEdit(file, f)) return false;
+  for (const ProfileEntry& e : entries) {
+    const std::string_view section = trimIni(e.section), key = trimIni(e.key);
+    if (section.empty() || key.empty()) return false;
+    setEntry(f.lines, section, key, e.value);
+  }
+  return save(file, f);
 }
 
 }  // namespace korvane

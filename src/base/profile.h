@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // windows.h names the system's WriteProfileStringA so; ours is another
 // function. (Include windows.h before this header where both are needed.)
@@ -34,5 +35,14 @@ std::string ReadProfileValue(std::string_view section, std::string_view key,
 std::string WriteProfileString(std::string_view section, std::string_view key,
                                std::string_view value, const std::string& file,
                                std::int32_t* status = nullptr);
+
+struct ProfileEntry {
+  std::string section, key, value;
+};
+// Writes every entry, in order, as WriteProfileString would, but reads and
+// replaces the file once: a file of many keys is saved whole or not at all.
+// False (and the file as it was) when a section or key is blank or the file
+// cannot be read or written.
+bool WriteProfileEntries(const std::string& file, const std::vector<ProfileEntry>& entries);
 
 }  // namespace korvane

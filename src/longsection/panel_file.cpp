@@ -22,11 +22,11 @@ constexpr const char* kStrings = "Strings";
 struct Profile {
   const std::string& path;
   bool writing;
-  bool ok = true;
+  std::vector<ProfileEntry> written;  // saved together, once
 
   void text(const char* section, const char* key, std::string& value) {
     if (writing) {
-      ok = WriteProfileString(section, key, value, path) == "1" && ok;
+      written.push_back({section, key, value});
     } else {
       std::string v = ReadProfileValue(section, key, path);
       if (!v.empty()) value = text::trim(v);
@@ -94,7 +94,7 @@ ExtraString extraFrom(const std::string& text) {
 
 Parameters readPanelFile(const std::string& path) {
   Parameters p;
-  Profile f{path, false};
+  Profile f{path, false, {}};
   exchange(f, p);
   if (p.sheetSize != "Custom") applySheetSize(p);
   const double stored = conv::Val(ReadProfileValue(kStrings, "Count", path));
@@ -109,15 +109,13 @@ Parameters readPanelFile(const std::string& path) {
 bool writePanelFile(const std::string& path, const Parameters& given) {
   Parameters p = given;
   if (!fs::fileExists(path) && !fs::writeFileAtomic(path, "")) return false;
-  Profile f{path, true};
+  Profile f{path, true, {}};
   exchange(f, p);
   const int count = std::min<int>(static_cast<int>(p.extras.size()), kMaxExtras);
-  f.ok = WriteProfileString(kStrings, "Count", std::to_string(count), path) == "1" && f.ok;
+  f.written.push_back({kStrings, "Count", std::to_string(count)});
   for (int i = 1; i <= count; ++i)
-    f.ok = WriteProfileString(kStrings, "String" + std::to_string(i), extraText(p.extras[i - 1]),
-                              path) == "1" &&
-           f.ok;
-  return f.ok;
+    f.written.push_back({kStrings, "String" + std::to_string(i), extraText(p.extras[i - 1])});
+  return WriteProfileEntries(path, f.written);
 }
 
 std::vector<std::string> panelFilesIn(const std::string& folder) {
