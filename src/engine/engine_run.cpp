@@ -161,7 +161,8 @@ void RunLoop::atEnd() {
 // import refuses what it does not take; inside one, a major option is an
 // error unless it ends an import's GENIO block.
 void RunLoop::dispatch(std::string_view text) {
-  const std::string key = recordKey(text);
+  std::string key = recordKey(text);
+  if (key.empty() && run_.block == Block::Genio) key = cardKey(text);
   const bool import = run_.request.importModel.has_value();
   const std::string& block = run_.blockWord;
   if (const RecordRow* row = findRecord(run_.block, key)) {

@@ -13,14 +13,16 @@ namespace {
 
 void readFormat(RunState& run, const Record& r) { run.format = parseFormatRecord(r.text); }
 
-void readOrder(RunState& run, const Record& r) { run.order = parseOrderRecord(Fields(r.text)); }
+void readOrder(RunState& run, const Record& r) {
+  run.order = parseOrderRecord(genioFields(r.text));
+}
 
 void acceptUnits(RunState& run, const Record&) {
   run.listing.note("unit record accepted; units are not converted");
 }
 
 void addMask(RunState& run, const Record& r) {
-  Fields f(r.text);
+  Fields f = genioFields(r.text);
   std::optional<long> mode = f.integer(4);
   if (mode && *mode != 1 && *mode != -1)
     throw EngineError("019: field 4 must be 1 (include) or -1 (exclude)");
@@ -37,7 +39,7 @@ void addMask(RunState& run, const Record& r) {
 void beginString(RunState& run, const Record& r) {
   int defaultDim = run.order ? std::max(run.order->highestDimension(), kMinDimension) : 3;
   if (defaultDim > kMaxDimension) defaultDim = kMaxDimension;
-  HeaderRecord h = parseHeaderRecord(Fields(r.text), defaultDim);
+  HeaderRecord h = parseHeaderRecord(genioFields(r.text), defaultDim);
   GenioOrder order = run.order ? *run.order : GenioOrder::natural(h.header.dimension);
   run.reader = std::make_unique<PointListReader>(run.format.value_or(FortranFormat::mxDefault()),
                                                  order, std::move(h));
@@ -46,7 +48,7 @@ void beginString(RunState& run, const Record& r) {
 
 // 081 writes the strings the masks select; 081,LABEL that string alone.
 void writeStrings(RunState& run, const Record& r) {
-  Fields f(r.text);
+  Fields f = genioFields(r.text);
   GenioWriter w([&run](const std::string& line) { run.emit(line); }, run.format, run.order);
   w.banner("GENIO output of model " + run.model.name + " (Korvane embedded engine)");
   int written = 0;

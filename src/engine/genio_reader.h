@@ -1,6 +1,7 @@
 // Reading the point list of one GENIO string: data records laid out by the
 // current FORMAT, split into points by the current ORDR, up to the terminator
-// (the first point whose x and y are both 0).
+// (the first point whose x and y equal the end values of the string's 080,
+// both 0 unless it declares others).
 #pragma once
 
 #include <string>
@@ -36,6 +37,7 @@ class PointListReader {
 
  private:
   Step read(std::string_view line);
+  std::string endPoint() const;  // "a point whose x and y are 0"
   Step decode(bool complete);
   // The columns of an item; shorter than the field where the record ends early.
   std::string_view field(int item) const;

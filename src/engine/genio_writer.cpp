@@ -68,7 +68,8 @@ void GenioWriter::write(const ModelString& s) {
     sink_(order.record());
     lastPair_ = pair;
   }
-  sink_(headerRecord(s));
+  const double end = endValueFor(s);
+  sink_(headerRecord(s, end));
 
   std::vector<DimValue> items;
   auto flush = [&] {
@@ -79,9 +80,10 @@ void GenioWriter::write(const ModelString& s) {
     for (int d : order.dims) items.push_back(item(s.header, p, d));
     if (static_cast<int>(items.size()) == order.perRecord * order.itemsPerPoint()) flush();
   }
-  // Terminator: x = 0, y = 0, the last level repeated; then zero points to fill the record.
+  // Terminator: x and y the end value, the last level repeated; then zero points to fill the
+  // record.
   double lastZ = s.points.empty() ? 0 : dimNumber(s.header, s.points.back(), 3);
-  for (int d : order.dims) items.push_back(DimValue::number(d == 3 ? lastZ : 0));
+  for (int d : order.dims) items.push_back(DimValue::number(d == 3 ? lastZ : d <= 2 ? end : 0));
   while (static_cast<int>(items.size()) < order.perRecord * order.itemsPerPoint())
     items.push_back(DimValue::number(0));
   flush();
