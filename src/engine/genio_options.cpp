@@ -40,9 +40,11 @@ void beginString(RunState& run, const Record& r) {
   int defaultDim = run.order ? std::max(run.order->highestDimension(), kMinDimension) : 3;
   if (defaultDim > kMaxDimension) defaultDim = kMaxDimension;
   HeaderRecord h = parseHeaderRecord(genioFields(r.text), defaultDim);
+  const FortranFormat format = run.format.value_or(FortranFormat::mxDefault());
   GenioOrder order = run.order ? *run.order : GenioOrder::natural(h.header.dimension);
-  run.reader = std::make_unique<PointListReader>(run.format.value_or(FortranFormat::mxDefault()),
-                                                 order, std::move(h));
+  // Without an ORDR a record holds as many points as its FORMAT has values for.
+  if (!run.order) order.perRecord = std::max(1, format.firstRecordItems() / order.itemsPerPoint());
+  run.reader = std::make_unique<PointListReader>(format, order, std::move(h));
   run.pointsFrom = run.lineNo + 1;
 }
 

@@ -63,7 +63,7 @@ PointListReader::Step PointListReader::read(std::string_view line) {
     throw EngineError("empty data record in the points of string " + label() +
                       " (a string ends with " + endPoint() + ")");
   int record = static_cast<int>(group_.size());
-  auto length = static_cast<std::size_t>(layout_.lengths[static_cast<std::size_t>(record)]);
+  auto length = static_cast<std::size_t>(layout_.widths[static_cast<std::size_t>(record)]);
   if (line.size() > length && line.find_first_not_of(' ', length) != std::string_view::npos)
     throw EngineError("data record longer than its FORMAT allows (" + std::to_string(length) +
                       " columns): '" + excerpt(line.substr(length)) + "' after column " +
