@@ -33,6 +33,7 @@ struct ModelsArgs {
   std::string label;
   std::string file;
   std::string output;
+  bool merge = false;
   std::string master;
   std::string target;
   engine::SectionRequest sections;
@@ -96,6 +97,11 @@ void heading(std::initializer_list<MessageKey> keys) {
 int fail(const std::string& message) {
   std::cerr << "korvane models: " << terminal(message) << "\n";
   return kEngineError;
+}
+
+int usage(const std::string& message) {
+  fail(message);
+  return kUsageError;
 }
 
 // Rows under a heading line, in columns as wide as their widest cell: names
@@ -189,16 +195,31 @@ int printCounts(EmbeddedEngine& e, const std::string& model) {
   return kOk;
 }
 
+// Without a model the file's GENIO records name the models; with one, a file
+// that names several goes into it only with --merge.
 int import(EmbeddedEngine& e) {
+  const std::vector<std::string> named = e.genioModelsOf(args().file);
+  std::string list;
+  for (const std::string& n : named) list += (list.empty() ? "" : ", ") + n;
   const std::string model = cp::fromUtf8(args().model);
-  const bool existed = e.modelExists(model);
-  int rc = report(e.importGenio(args().file, model));
-  if (rc != kOk) {
-    // The model the failed import began is not left behind empty.
-    if (!existed && e.modelExists(model)) e.runLines({"dele," + model}, "korvane models import");
-    return rc;
+  if (model.empty() && named.empty())
+    return usage(messages().format(texts::cli::kImportNamesNoModel, args().file));
+  if (!model.empty() && named.size() > 1 && !args().merge)
+    return usage(messages().format(texts::cli::kImportNamesModels, args().file, list));
+  const std::vector<std::string> models = model.empty() ? named : std::vector{model};
+  std::vector<std::string> existed;
+  for (const std::string& m : models)
+    if (e.modelExists(m)) existed.push_back(m);
+  int rc = report(
+      e.importGenio(args().file, model.empty() ? std::nullopt : std::optional<std::string>(model)));
+  for (const std::string& m : models) {
+    const bool wasThere = std::find(existed.begin(), existed.end(), m) != existed.end();
+    // A model the failed import began is not left behind empty.
+    if (rc != kOk && !wasThere && e.modelExists(m))
+      e.runLines({"dele," + m}, "korvane models import");
+    if (rc == kOk) printCounts(e, m);
   }
-  return printCounts(e, model);
+  return rc;
 }
 
 int sections(EmbeddedEngine& e) {
@@ -283,7 +304,8 @@ void addModelsCommand(CLI::App& app) {
   showCmd->add_option("LABEL", a.label, cliText(texts::cli::kHelpLabel));
   auto* importCmd = subcommand(models, "import", cliText(texts::cli::kHelpModelsImport), import);
   importCmd->add_option("FILE", a.file, cliText(texts::cli::kHelpGenio))->required();
-  importCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
+  importCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpImportModel));
+  importCmd->add_flag("--merge", a.merge, cliText(texts::cli::kHelpMerge));
   auto* exportCmd =
       subcommand(models, "export", cliText(texts::cli::kHelpModelsExport), exportModel);
   exportCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();

@@ -78,8 +78,14 @@ MxRunResult EmbeddedEngine::runLines(const std::vector<std::string>& lines, cons
   return execute(name, importModel, [&] { return lines; });
 }
 
-MxRunResult EmbeddedEngine::importGenio(const std::string& file, const std::string& model) {
-  return execute(file, model, [&] { return readInputLines(nativeName(file)); });
+MxRunResult EmbeddedEngine::importGenio(const std::string& file,
+                                        const std::optional<std::string>& model) {
+  return execute(
+      file, model, [&] { return readInputLines(nativeName(file)); }, !model);
+}
+
+std::vector<std::string> EmbeddedEngine::genioModelsOf(const std::string& file) {
+  return genioModels(readInputLines(nativeName(file)));
 }
 
 namespace {
@@ -125,11 +131,12 @@ MxRunResult EmbeddedEngine::makeSections(const std::string& model, const std::st
 
 MxRunResult EmbeddedEngine::execute(const std::string& name,
                                     const std::optional<std::string>& importModel,
-                                    const std::function<std::vector<std::string>()>& input) {
+                                    const std::function<std::vector<std::string>()>& input,
+                                    bool importEach) {
   MxRunResult r;
   r.listing = listingPath();
   try {
-    const RunRequest request{name, input(), folder_, importModel};
+    const RunRequest request{name, input(), folder_, importModel, importEach};
     Listing listing(nativeName(r.listing));
     ModelStore* store = nullptr;
     try {

@@ -70,8 +70,11 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   // Runs lines as an input file named `name`.
   MxRunResult runLines(const std::vector<std::string>& lines, const std::string& name,
                        std::optional<std::string> importModel = std::nullopt);
-  // Runs a file's GENIO records into a model (created when missing).
-  MxRunResult importGenio(const std::string& file, const std::string& model);
+  // Runs a file's GENIO records into a model (created when missing); without
+  // one, into the models its GENIO records name, each its own.
+  MxRunResult importGenio(const std::string& file, const std::optional<std::string>& model);
+  // The models a file's GENIO records name (genioModels, engine_run.h).
+  std::vector<std::string> genioModelsOf(const std::string& file);
   // Cross sections of `model` along its string `master` (cross_sections.h),
   // loaded into `target`, which must be another model, as one GENIO run.
   MxRunResult makeSections(const std::string& model, const std::string& master,
@@ -97,7 +100,8 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   // The guard of the runs: reads the input, runs it, and turns an engine
   // error into the run's message.
   MxRunResult execute(const std::string& name, const std::optional<std::string>& importModel,
-                      const std::function<std::vector<std::string>()>& input);
+                      const std::function<std::vector<std::string>()>& input,
+                      bool importEach = false);
   // A status word: kFound when the model (and the string) is there.
   std::int32_t findModel(std::string_view model, Found& found);
   std::int32_t findString(std::string_view model, std::string_view label, Found& found);

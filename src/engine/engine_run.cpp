@@ -149,7 +149,7 @@ void RunLoop::atEnd() {
     finishString();
   }
   if (run_.block == Block::None) return;
-  if (run_.request.importModel && run_.block == Block::Genio) {
+  if (run_.request.isImport() && run_.block == Block::Genio) {
     run_.closeBlock();
     return;
   }
@@ -163,7 +163,7 @@ void RunLoop::atEnd() {
 void RunLoop::dispatch(std::string_view text) {
   std::string key = recordKey(text);
   if (key.empty() && run_.block == Block::Genio) key = cardKey(text);
-  const bool import = run_.request.importModel.has_value();
+  const bool import = run_.request.isImport();
   const std::string& block = run_.blockWord;
   if (const RecordRow* row = findRecord(run_.block, key)) {
     if (import && row->import == InImport::Refused)
@@ -182,7 +182,8 @@ void RunLoop::dispatch(std::string_view text) {
   if (!key.empty() && !isMajorKey(key))
     throw EngineError("unknown minor option " + key + " in " + block);
   const RecordRow* major = isMajorKey(key) ? findRecord(Block::None, key) : nullptr;
-  if (major && import && major->import == InImport::EndsBlock) return call(*major, text);
+  // An import takes the header lines writers print (MOSS) where they stand.
+  if (major && import && major->import != InImport::Refused) return call(*major, text);
   if (major)
     throw EngineError(block + " begun at line " + std::to_string(run_.blockLine) +
                       " is not closed by 999 before this major option");
