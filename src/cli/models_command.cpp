@@ -146,6 +146,14 @@ int show(EmbeddedEngine& e) {
     for (const auto& r : rows)
       std::cout << terminal(r.header.label) << '\t' << r.header.dimension << '\t' << r.pointCount
                 << '\n';
+    long triangles = 0, texts = 0;
+    for (const engine::KeptBlock& k : e.kept(model))
+      (k.kind == engine::KeptBlock::Kind::Triangles ? triangles : texts) +=
+          k.kind == engine::KeptBlock::Kind::Triangles ? k.items : 1;
+    if (triangles + texts > 0)
+      std::cout << terminal(messages().format(texts::cli::kKeptRecords, std::to_string(triangles),
+                                              std::to_string(texts)))
+                << '\n';
     return kOk;
   }
   const engine::ModelString s = e.loadString(model, cp::fromUtf8(args().label));

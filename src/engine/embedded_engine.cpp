@@ -362,11 +362,17 @@ ModelString EmbeddedEngine::loadString(const std::string& model, const std::stri
   return found.store->load(found.string);
 }
 
+std::vector<KeptBlock> EmbeddedEngine::kept(const std::string& model) {
+  const Found found = requireModel(model);
+  return found.store->kept(found.model.id);
+}
+
 void EmbeddedEngine::exportGenio(const std::string& model, const LineSink& sink) {
   const Found found = requireModel(model);
   GenioWriter w(sink, std::nullopt, std::nullopt);
   w.banner("GENIO output of model " + model + " (Korvane embedded engine)");
   for (const StringRow& row : found.store->strings(found.model.id)) w.write(found.store->load(row));
+  for (const KeptBlock& kept : found.store->kept(found.model.id)) w.write(kept);
   w.end();
 }
 

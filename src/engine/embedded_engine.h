@@ -83,7 +83,9 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   std::vector<ModelSummary> models();
   std::vector<StringRow> strings(const std::string& model);
   ModelString loadString(const std::string& model, const std::string& label);
-  // Every string of a model as re-loadable GENIO text.
+  // The records a model keeps without computing with them.
+  std::vector<KeptBlock> kept(const std::string& model);
+  // Every string of a model as re-loadable GENIO text, then its kept records.
   void exportGenio(const std::string& model, const LineSink& sink);
 
   std::string listingPath() const;

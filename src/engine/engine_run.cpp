@@ -121,25 +121,22 @@ bool RunLoop::pointLine(const std::string& text) {
     finishString();
     return false;  // the record itself is handled as usual
   }
-  PointListReader::Step step;
+  DataRecords::Step step;
   try {
     step = run_.reader->feed(text);
   } catch (const EngineError&) {
     run_.listing.record(run_.lineNo, text);
     throw;
   }
-  if (step == PointListReader::Step::Done) finishString();
+  if (step == DataRecords::Step::Done) finishString();
   return true;
 }
 
 void RunLoop::finishString() {
   const int records = run_.reader->recordsRead();
-  ModelString s = run_.reader->finish();
+  const std::string stored = run_.reader->store(run_.store, run_.model.id);
   run_.reader.reset();
-  run_.store.saveString(run_.model.id, s);
-  run_.listing.note("string " + s.header.label + ": " + std::to_string(s.points.size()) +
-                    " points of dimension " + std::to_string(s.header.dimension) + " stored (" +
-                    std::to_string(records) + " data records from line " +
+  run_.listing.note(stored + " (" + std::to_string(records) + " data records from line " +
                     std::to_string(run_.pointsFrom) + ")");
 }
 

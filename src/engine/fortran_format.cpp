@@ -318,16 +318,28 @@ RecordLayout FortranFormat::layout(int items) const {
   return out;
 }
 
-int FortranFormat::firstRecordItems() const {
+namespace {
+
+// The items of one pass through the format.
+std::vector<FieldSlot> onePass(const std::vector<FormatNode>& nodes) {
   RecordLayout all;
-  Walk w;  // one pass through the format, as many items as it places
+  Walk w;
   w.items = std::numeric_limits<int>::max();
   w.out = &all;
   w.newRecord();
-  w.run(nodes_, 0);
-  return static_cast<int>(std::count_if(all.slots.begin(), all.slots.end(),
-                                        [](const FieldSlot& s) { return s.record == 0; }));
+  w.run(nodes, 0);
+  return all.slots;
 }
+
+}  // namespace
+
+int FortranFormat::firstRecordItems() const {
+  const std::vector<FieldSlot> all = onePass(nodes_);
+  return static_cast<int>(
+      std::count_if(all.begin(), all.end(), [](const FieldSlot& s) { return s.record == 0; }));
+}
+
+int FortranFormat::itemsPerPass() const { return static_cast<int>(onePass(nodes_).size()); }
 
 // --- reading -----------------------------------------------------------------
 

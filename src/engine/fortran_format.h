@@ -67,8 +67,10 @@ class FortranFormat {
   // the format cannot place the items.
   RecordLayout layout(int items) const;
 
-  // How many items the first record of a statement holds.
+  // How many items the first record of a statement holds, and one pass
+  // through the whole format.
   int firstRecordItems() const;
+  int itemsPerPass() const;
 
   bool operator==(const FortranFormat& o) const { return text() == o.text(); }
 

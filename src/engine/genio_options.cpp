@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "engine/engine_limits.h"
 #include "engine/genio_writer.h"
+#include "engine/kept_records.h"
 #include "engine/run_state.h"
 
 namespace korvane::engine {
@@ -37,14 +38,34 @@ void addMask(RunState& run, const Record& r) {
 // The string header; its data records follow up to the terminator, read by
 // the run loop through run.reader.
 void beginString(RunState& run, const Record& r) {
+  const Fields fields = genioFields(r.text);
+  if (fields.integer(7).value_or(0) % 100 == kTextStringDimension) {
+    run.reader = std::make_unique<KeptRecords>(
+        run.format.value_or(FortranFormat::mxDefault()), std::string(r.text),
+        KeptBlock::Kind::TextString, normalLabel(fields.raw(2)), std::nullopt,
+        fields.number(8).value_or(0), fields.number(9).value_or(0));
+    run.pointsFrom = run.lineNo + 1;
+    return;
+  }
   int defaultDim = run.order ? std::max(run.order->highestDimension(), kMinDimension) : 3;
   if (defaultDim > kMaxDimension) defaultDim = kMaxDimension;
-  HeaderRecord h = parseHeaderRecord(genioFields(r.text), defaultDim);
+  HeaderRecord h = parseHeaderRecord(fields, defaultDim);
   const FortranFormat format = run.format.value_or(FortranFormat::mxDefault());
   GenioOrder order = run.order ? *run.order : GenioOrder::natural(h.header.dimension);
   // Without an ORDR a record holds as many points as its FORMAT has values for.
   if (!run.order) order.perRecord = std::max(1, format.firstRecordItems() / order.itemsPerPoint());
   run.reader = std::make_unique<PointListReader>(format, order, std::move(h));
+  run.pointsFrom = run.lineNo + 1;
+}
+
+// 090: triangles, as many as field 5 says, one READ of the FORMAT each.
+void beginTriangles(RunState& run, const Record& r) {
+  const Fields f = genioFields(r.text);
+  std::optional<long> count = f.integer(5);
+  if (!count || *count < 1) throw EngineError("090 needs the number of triangles in field 5");
+  run.reader = std::make_unique<KeptRecords>(run.format.value_or(FortranFormat::mxDefault()),
+                                             std::string(r.text), KeptBlock::Kind::Triangles,
+                                             normalLabel(f.raw(2)), count, 0, 0);
   run.pointsFrom = run.lineNo + 1;
 }
 
@@ -84,6 +105,7 @@ constexpr RecordRow kGenioOptionsRows[] = {
     {"019", Block::Genio, InImport::Taken, addMask},
     {"080", Block::Genio, InImport::Taken, beginString},
     {"081", Block::Genio, InImport::Taken, writeStrings},
+    {"090", Block::Genio, InImport::Taken, beginTriangles},
     {"999", Block::Genio, InImport::Taken, endBlock},
 };
 

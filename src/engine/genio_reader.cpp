@@ -115,6 +115,13 @@ void PointListReader::endEarly() {
                     ") before this record");
 }
 
+std::string PointListReader::store(ModelStore& store, std::int64_t modelId) {
+  ModelString s = finish();
+  store.saveString(modelId, s);
+  return "string " + s.header.label + ": " + std::to_string(s.points.size()) +
+         " points of dimension " + std::to_string(s.header.dimension) + " stored";
+}
+
 ModelString PointListReader::finish() {
   if (points_.empty()) throw EngineError("string " + label() + " has no points");
   for (int g : header_.gaps) {

@@ -89,6 +89,13 @@ void GenioWriter::write(const ModelString& s) {
   flush();
 }
 
+void GenioWriter::write(const KeptBlock& kept) {
+  for (std::size_t i = 0; i < kept.lines.size(); ++i)
+    if (i > 0 || kept.lines[0] != lastFormat_) sink_(kept.lines[i]);
+  lastFormat_ = kept.lines.empty() ? std::string() : kept.lines[0];
+  lastPair_ = std::string();  // a string after it writes its FORMAT and ORDR again
+}
+
 void GenioWriter::emit(const std::vector<DimValue>& items, const RecordLayout& layout) {
   std::vector<std::string> records;
   for (int len : layout.lengths) records.emplace_back(static_cast<std::size_t>(len), ' ');

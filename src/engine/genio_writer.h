@@ -9,6 +9,7 @@
 
 #include "engine/fortran_format.h"
 #include "engine/genio_records.h"
+#include "engine/model_store.h"
 #include "engine/model_string.h"
 
 namespace korvane::engine {
@@ -28,6 +29,8 @@ class GenioWriter {
   void banner(const std::string& text);  // written as a comment line
   // EngineError when the FORMAT cannot lay out the string's points.
   void write(const ModelString& s);
+  // Kept records (kept_records.h) as they were read, after their FORMAT.
+  void write(const KeptBlock& kept);
   void end();  // "999"
 
  private:
@@ -37,6 +40,7 @@ class GenioWriter {
   std::optional<FortranFormat> format_;
   std::optional<GenioOrder> order_;
   std::optional<std::string> lastPair_;  // FORMAT and ORDR records last written
+  std::string lastFormat_;               // FORMAT of the kept records last written
 };
 
 }  // namespace korvane::engine
