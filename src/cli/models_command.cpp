@@ -34,6 +34,8 @@ struct ModelsArgs {
   std::string file;
   std::string output;
   bool merge = false;
+  std::string exponent = "D";
+  std::string sixD = "split";
   std::string master;
   std::string target;
   engine::SectionRequest sections;
@@ -241,12 +243,22 @@ int sections(EmbeddedEngine& e) {
 
 int exportModel(EmbeddedEngine& e) {
   const std::string model = cp::fromUtf8(args().model);
+  engine::WriteLayout layout;
+  const std::string exponent = cp::upper(args().exponent);
+  if (exponent != "D" && exponent != "E")
+    return usage(messages().format(texts::cli::kBadExponent, args().exponent));
+  layout.exponent = exponent[0];
+  if (args().sixD != "split" && args().sixD != "reverting")
+    return usage(messages().format(texts::cli::kBadSixD, args().sixD));
+  layout.revertingSixD = args().sixD == "reverting";
   if (args().output.empty()) {
-    e.exportGenio(model, [](const std::string& line) { std::cout << terminal(line) << '\n'; });
+    e.exportGenio(
+        model, [](const std::string& line) { std::cout << terminal(line) << '\n'; }, layout);
     return kOk;
   }
   std::ostringstream text;
-  e.exportGenio(model, [&text](const std::string& line) { text << line << "\r\n"; });
+  e.exportGenio(
+      model, [&text](const std::string& line) { text << line << "\r\n"; }, layout);
   std::ofstream out(args().output, std::ios::binary | std::ios::trunc);
   out << text.str();
   if (!out) return fail(messages().format(texts::runtime::kCannotWrite, args().output));
@@ -318,6 +330,8 @@ void addModelsCommand(CLI::App& app) {
       subcommand(models, "export", cliText(texts::cli::kHelpModelsExport), exportModel);
   exportCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
   exportCmd->add_option("-o,--output", a.output, cliText(texts::cli::kHelpModelsOutput));
+  exportCmd->add_option("--exponent", a.exponent, cliText(texts::cli::kHelpExponent));
+  exportCmd->add_option("--six-d", a.sixD, cliText(texts::cli::kHelpSixD));
   auto* deleteCmd = subcommand(models, "delete", cliText(texts::cli::kHelpModelsDelete), remove);
   deleteCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
   auto* sectionsCmd =

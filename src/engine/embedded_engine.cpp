@@ -367,9 +367,10 @@ std::vector<KeptBlock> EmbeddedEngine::kept(const std::string& model) {
   return found.store->kept(found.model.id);
 }
 
-void EmbeddedEngine::exportGenio(const std::string& model, const LineSink& sink) {
+void EmbeddedEngine::exportGenio(const std::string& model, const LineSink& sink,
+                                 const WriteLayout& layout) {
   const Found found = requireModel(model);
-  GenioWriter w(sink, std::nullopt, std::nullopt);
+  GenioWriter w(sink, std::nullopt, std::nullopt, layout);
   w.banner("GENIO output of model " + model + " (Korvane embedded engine)");
   for (const StringRow& row : found.store->strings(found.model.id)) w.write(found.store->load(row));
   for (const KeptBlock& kept : found.store->kept(found.model.id)) w.write(kept);

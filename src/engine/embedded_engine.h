@@ -86,7 +86,7 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   // The records a model keeps without computing with them.
   std::vector<KeptBlock> kept(const std::string& model);
   // Every string of a model as re-loadable GENIO text, then its kept records.
-  void exportGenio(const std::string& model, const LineSink& sink);
+  void exportGenio(const std::string& model, const LineSink& sink, const WriteLayout& layout = {});
 
   std::string listingPath() const;
 

@@ -101,3 +101,49 @@ stdout:
   SURVEY: 1 strings, 2 points
 $ korvane models export SURVEY -o second.txt --project .
 $ cmake -E compare_files first.txt second.txt
+
+# For readers that take E exponents only, or a 6-dimensional string only
+# under 001FORMAT(3D23.17): the layout is chosen, the data stays.
+write master.txt
+  001FORMAT(3F12.3)
+  003,ORDR,4=1,1,2,3,4,5,6
+  080,MAST,,7=6
+       100.000     200.000      30.000
+         0.000       1.500       0.000
+       110.000     200.000      31.000
+        10.000       1.500       0.000
+         0.000       0.000       0.000
+         0.000       0.000       0.000
+$ korvane models import master.txt ALIGN --lang en --project .
+stdout:
+  ALIGN: 1 strings, 2 points
+$ korvane models export ALIGN --exponent E --six-d reverting --project .
+stdout:
+     GENIO output of model ALIGN (Korvane embedded engine)
+  001FORMAT(3E23.17)
+  003,ORDR,4=1,1,2,3,4,5,6
+  080,MAST,    ,5=       0.0,       0.0,6
+  0.10000000000000000E+030.20000000000000000E+030.30000000000000000E+02
+  0.00000000000000000E+000.15000000000000000E+010.00000000000000000E+00
+  0.11000000000000000E+030.20000000000000000E+030.31000000000000000E+02
+  0.10000000000000000E+020.15000000000000000E+010.00000000000000000E+00
+  0.00000000000000000E+000.00000000000000000E+000.31000000000000000E+02
+  0.00000000000000000E+000.00000000000000000E+000.00000000000000000E+00
+  999
+$ korvane models export ALIGN --exponent E --six-d reverting -o e.txt --project .
+$ korvane models import e.txt ECOPY --lang en --project .
+stdout:
+  ECOPY: 1 strings, 2 points
+$ korvane models show ECOPY MAST --lang en --project .
+stdout:
+  Point\tDim 1\tDim 2\tDim 3\tDim 4\tDim 5\tDim 6 (esc)
+  1\t100\t200\t30\t0\t1.5\t0 (esc)
+  2\t110\t200\t31\t10\t1.5\t0 (esc)
+$ korvane models export ALIGN --exponent Q --project .
+stderr:
+  korvane models: A kitevő betűje D vagy E lehet, nem Q
+exit 2
+$ korvane models export ALIGN --six-d packed --project .
+stderr:
+  korvane models: A 6 dimenziós stringek elrendezése split vagy reverting lehet, nem packed
+exit 2
