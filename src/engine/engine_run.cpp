@@ -81,6 +81,9 @@ void RunLoop::stop(const std::string& reason) {
                            ? excerpt(lines[static_cast<std::size_t>(lineNo - 1)])
                            : std::string("(end of input)");
   listing.error(lineNo, reason);
+  if (run_.reader)
+    listing.text("**** the data records from line " + std::to_string(run_.pointsFrom) +
+                 " are read with " + run_.readingWith);
   if (run_.tx) {
     run_.tx.reset();  // rolls back
     listing.text("**** " + run_.blockWord + " at line " + std::to_string(run_.blockLine) +

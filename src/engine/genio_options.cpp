@@ -45,6 +45,7 @@ void beginString(RunState& run, const Record& r) {
         KeptBlock::Kind::TextString, normalLabel(fields.raw(2)), std::nullopt,
         fields.number(8).value_or(0), fields.number(9).value_or(0));
     run.pointsFrom = run.lineNo + 1;
+    run.readingWith = formatRecord(run.format.value_or(FortranFormat::mxDefault()));
     return;
   }
   int defaultDim = run.order ? std::max(run.order->highestDimension(), kMinDimension) : 3;
@@ -55,6 +56,7 @@ void beginString(RunState& run, const Record& r) {
   // Without an ORDR a record holds as many points as its FORMAT has values for.
   if (!run.order) order.perRecord = std::max(1, format.firstRecordItems() / order.itemsPerPoint());
   run.reader = std::make_unique<PointListReader>(format, order, std::move(h));
+  run.readingWith = formatRecord(format) + " and " + order.record();
   run.pointsFrom = run.lineNo + 1;
 }
 
@@ -67,6 +69,7 @@ void beginTriangles(RunState& run, const Record& r) {
                                              std::string(r.text), KeptBlock::Kind::Triangles,
                                              normalLabel(f.raw(2)), count, 0, 0);
   run.pointsFrom = run.lineNo + 1;
+  run.readingWith = formatRecord(run.format.value_or(FortranFormat::mxDefault()));
 }
 
 // 081 writes the strings the masks select; 081,LABEL that string alone.
