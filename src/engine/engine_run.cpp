@@ -9,9 +9,10 @@
 namespace korvane::engine {
 namespace {
 
-// A record that ends a point list early: "999", "NNN," or "001FORMAT".
+// A record that ends a point list early: "999", "NNN,", "001FORMAT" or a card
+// in fixed columns ("080MAST").
 bool looksLikeRecord(std::string_view line) {
-  if (text::trim(line) == "999") return true;
+  if (text::trim(line) == "999" || !cardKey(line).empty()) return true;
   int n = minorNumber(line);
   return n >= 0 && (line.size() == 3 || line[3] == ',' || n == 1);
 }

@@ -32,13 +32,17 @@ double KeptRecords::number(std::string_view line, const FieldSlot& slot) const {
 
 DataRecords::Step KeptRecords::feed(std::string_view line) {
   block_.lines.emplace_back(line);
-  if (!count_ && inGroup_ == 0)
+  if (!count_ && inGroup_ == 0) {
+    const bool wasEnded = ending_;
     ending_ = number(line, xy_[0]) == endX_ && number(line, xy_[1]) == endY_;
+    if (wasEnded && !ending_)
+      throw EngineError("a data record after the end of the text string " + label_);
+  }
   if (++inGroup_ < recordsPerRead_) return Step::More;
   inGroup_ = 0;
   if (count_) return ++reads_ == *count_ ? Step::Done : Step::More;
-  if (ending_) return Step::Done;
-  ++reads_;
+  if (!ending_) ++reads_;
+  // The text string goes on to the next record: a writer may repeat its end.
   return Step::More;
 }
 

@@ -20,7 +20,8 @@ class KeptRecords : public DataRecords {
  public:
   // `header` is the 080 or 090 record. With a count (090's triangles) that
   // many READs follow; without one (a text string) READs follow up to the
-  // one whose first two numbers are endX and endY.
+  // one whose first two numbers are endX and endY, which may be repeated (a
+  // writer closes its texts so), up to the next record.
   KeptRecords(const FortranFormat& format, std::string header, KeptBlock::Kind kind,
               std::string label, std::optional<long> count, double endX, double endY);
 
