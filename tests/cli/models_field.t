@@ -47,60 +47,39 @@ stderr:
 exit 2
 
 # Triangles (090) and text strings (dimension 15) are kept as written: an
-# export gives them back after the strings, each under its FORMAT.
-write ground.txt
-  MOSS
-  GENIO SURVEY
-  001FORMAT(3D23.17)
-  003,ORDR,4=1,1,2,3
-  080,P001,,7=3
-  0.10000000000000000D+030.20000000000000000D+030.10000000000000000D+02
-  0.11000000000000000D+030.20000000000000000D+030.11000000000000000D+02
-  0.00000000000000000D+000.00000000000000000D+000.11000000000000000D+02
-  001FORMAT(9I8/6A4,I8/5(3D23.17/),2D23.17)
-  090,TP00,TRIN,7709,2
-         1       1       2       3       0       0       0       0       0
-  TRINTP00                    7709
-  0.10000000000000000D+030.20000000000000000D+030.10000000000000000D+02
-  0.11000000000000000D+030.20000000000000000D+030.11000000000000000D+02
-  0.10500000000000000D+030.21000000000000000D+030.12000000000000000D+02
-  0.00000000000000000D+000.00000000000000000D+000.00000000000000000D+00
-  0.00000000000000000D+000.00000000000000000D+000.00000000000000000D+00
-  0.00000000000000000D+000.00000000000000000D+00
-         2       1       2       3       0       0       0       0       0
-  TRINTP00                    7709
-  0.11000000000000000D+030.20000000000000000D+030.11000000000000000D+02
-  0.11500000000000000D+030.21000000000000000D+030.13000000000000000D+02
-  0.10500000000000000D+030.21000000000000000D+030.12000000000000000D+02
-  0.00000000000000000D+000.00000000000000000D+000.00000000000000000D+00
-  0.00000000000000000D+000.00000000000000000D+000.00000000000000000D+00
-  0.00000000000000000D+000.00000000000000000D+00
-  001FORMAT(2F15.3,2F9.3,/,11A4)
-  080TX01                     0.000     0.000  15.000    -1.000    -1.000
-          105.000        205.000    0.250   90.000
-  CULVERT 600
-        -1.000      -1.000
-  THIS IS A DUMMY RECORD
-  999
-  FINISH
-$ korvane models import ground.txt --lang en --project .
+# export gives them back after the strings, each under its FORMAT, and export,
+# import and export again gives the same bytes.
+copy tests/genio
+$ korvane models import survey_company_exporter.genio --lang en --project .
 stdout:
-  SURVEY: 1 strings, 2 points
-$ korvane models show SURVEY --lang en --project .
+  GROUND MODEL: 2 strings, 5 points
+$ korvane models import cad_fixed_columns.genio CAD --lang en --project .
+stdout:
+  CAD: 2 strings, 5 points
+$ korvane models show CAD --lang en --project .
 stdout:
   String\tDimension\tPoints (esc)
-  P001\t3\t2 (esc)
-  Also kept and written back by export: 2 triangles (090), 1 text strings
-# Export, import and export again gives the same bytes.
-$ korvane models export SURVEY -o first.txt --project .
-$ korvane models delete SURVEY --project .
+  KERB\t3\t3 (esc)
+  EDGE\t3\t2 (esc)
+  Also kept and written back by export: 0 triangles (090), 2 text strings
+$ korvane models export 'GROUND MODEL' -o first.txt --project .
+$ korvane models export CAD -o cad-first.txt --project .
+$ korvane models delete 'GROUND MODEL' --project .
 stdout:
-  Törölt modell: SURVEY (1 string, 2 pont)
-$ korvane models import first.txt SURVEY --lang en --project .
+  Törölt modell: GROUND MODEL (2 string, 5 pont)
+$ korvane models delete CAD --project .
 stdout:
-  SURVEY: 1 strings, 2 points
-$ korvane models export SURVEY -o second.txt --project .
+  Törölt modell: CAD (2 string, 5 pont)
+$ korvane models import first.txt 'GROUND MODEL' --project .
+stdout:
+  GROUND MODEL: 2 string, 5 pont
+$ korvane models import cad-first.txt CAD --project .
+stdout:
+  CAD: 2 string, 5 pont
+$ korvane models export 'GROUND MODEL' -o second.txt --project .
+$ korvane models export CAD -o cad-second.txt --project .
 $ cmake -E compare_files first.txt second.txt
+$ cmake -E compare_files cad-first.txt cad-second.txt
 
 # For readers that take E exponents only, or a 6-dimensional string only
 # under 001FORMAT(3D23.17): the layout is chosen, the data stays.
