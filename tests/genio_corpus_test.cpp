@@ -37,7 +37,7 @@ class GenioCorpus : public korvane::testing::EngineTest,
 
 TEST_P(GenioCorpus, ImportsToItsExpectedModels) {
   const std::string base = korvane::test::sourceDir() + "/tests/genio/" + GetParam();
-  std::vector<std::string> models = engine_->genioModelsOf(base + ".genio");
+  std::vector<std::string> models = engine_->genioModelsOf(base + ".genio").value();
   const bool named = !models.empty();
   if (!named) models = {"M"};
   const auto r =

@@ -208,11 +208,13 @@ int printCounts(EmbeddedEngine& e, const std::string& model) {
 // Without a model the file's GENIO records name the models; with one, a file
 // that names several goes into it only with --merge.
 int import(EmbeddedEngine& e) {
-  const std::vector<std::string> named = e.genioModelsOf(args().file);
+  // A file that cannot be read names no model here; its import says why.
+  const std::optional<std::vector<std::string>> scanned = e.genioModelsOf(args().file);
+  const std::vector<std::string> named = scanned.value_or(std::vector<std::string>{});
   std::string list;
   for (const std::string& n : named) list += (list.empty() ? "" : ", ") + n;
   const std::string model = cp::fromUtf8(args().model);
-  if (model.empty() && named.empty())
+  if (model.empty() && scanned && named.empty())
     return usage(messages().format(texts::cli::kImportNamesNoModel, args().file));
   if (!model.empty() && named.size() > 1 && !args().merge)
     return usage(messages().format(texts::cli::kImportNamesModels, args().file, list));

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 
 #include "base/codepage.h"
 #include "base/fs.h"
@@ -84,7 +85,8 @@ MxRunResult EmbeddedEngine::importGenio(const std::string& file,
       file, model, [&] { return readInputLines(nativeName(file)); }, !model);
 }
 
-std::vector<std::string> EmbeddedEngine::genioModelsOf(const std::string& file) {
+std::optional<std::vector<std::string>> EmbeddedEngine::genioModelsOf(const std::string& file) {
+  if (!std::ifstream(nativeName(file), std::ios::binary)) return std::nullopt;
   return genioModels(readInputLines(nativeName(file)));
 }
 

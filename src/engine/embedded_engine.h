@@ -73,8 +73,9 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   // Runs a file's GENIO records into a model (created when missing); without
   // one, into the models its GENIO records name, each its own.
   MxRunResult importGenio(const std::string& file, const std::optional<std::string>& model);
-  // The models a file's GENIO records name (genioModels, engine_run.h).
-  std::vector<std::string> genioModelsOf(const std::string& file);
+  // The models a file's GENIO records name (genioModels, engine_run.h);
+  // nullopt when the file cannot be read (an import of it says why).
+  std::optional<std::vector<std::string>> genioModelsOf(const std::string& file);
   // Cross sections of `model` along its string `master` (cross_sections.h),
   // loaded into `target`, which must be another model, as one GENIO run.
   MxRunResult makeSections(const std::string& model, const std::string& master,
