@@ -236,7 +236,11 @@ struct Walk {
       const FormatNode& n = nodes[i];
       for (int r = 0; r < n.repeat && !stop; ++r) {
         if (++steps > kMaxFormatSteps) {
-          tooLong = stop = true;
+          // Past the last item the rest of the record is only measured: a
+          // record too long to walk is taken as wide as any.
+          if (measuring) out->widths.back() = std::numeric_limits<int>::max();
+          tooLong = !measuring;
+          stop = true;
           return;
         }
         if (n.isGroup) {
