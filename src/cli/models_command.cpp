@@ -33,6 +33,9 @@ struct ModelsArgs {
   std::string label;
   std::string file;
   std::string output;
+  bool merge = false;
+  std::string exponent = "D";
+  std::string sixD = "split";
   std::string master;
   std::string target;
   engine::SectionRequest sections;
@@ -98,6 +101,11 @@ int fail(const std::string& message) {
   return kEngineError;
 }
 
+int usage(const std::string& message) {
+  fail(message);
+  return kUsageError;
+}
+
 // Rows under a heading line, in columns as wide as their widest cell: names
 // left-aligned, counts right-aligned. Widths are counted in the core's
 // one-byte code page, where a byte is a character.
@@ -139,6 +147,14 @@ int show(EmbeddedEngine& e) {
     heading({texts::cli::kColumnLabel, texts::cli::kColumnDimension, texts::cli::kColumnPoints});
     for (const auto& r : rows)
       std::cout << terminal(r.header.label) << '\t' << r.header.dimension << '\t' << r.pointCount
+                << '\n';
+    long triangles = 0, texts = 0;
+    for (const engine::KeptBlock& k : e.kept(model))
+      (k.kind == engine::KeptBlock::Kind::Triangles ? triangles : texts) +=
+          k.kind == engine::KeptBlock::Kind::Triangles ? k.items : 1;
+    if (triangles + texts > 0)
+      std::cout << terminal(messages().format(texts::cli::kKeptRecords, std::to_string(triangles),
+                                              std::to_string(texts)))
                 << '\n';
     return kOk;
   }
@@ -189,16 +205,33 @@ int printCounts(EmbeddedEngine& e, const std::string& model) {
   return kOk;
 }
 
+// Without a model the file's GENIO records name the models; with one, a file
+// that names several goes into it only with --merge.
 int import(EmbeddedEngine& e) {
+  // A file that cannot be read names no model here; its import says why.
+  const std::optional<std::vector<std::string>> scanned = e.genioModelsOf(args().file);
+  const std::vector<std::string> named = scanned.value_or(std::vector<std::string>{});
+  std::string list;
+  for (const std::string& n : named) list += (list.empty() ? "" : ", ") + n;
   const std::string model = cp::fromUtf8(args().model);
-  const bool existed = e.modelExists(model);
-  int rc = report(e.importGenio(args().file, model));
-  if (rc != kOk) {
-    // The model the failed import began is not left behind empty.
-    if (!existed && e.modelExists(model)) e.runLines({"dele," + model}, "korvane models import");
-    return rc;
+  if (model.empty() && scanned && named.empty())
+    return usage(messages().format(texts::cli::kImportNamesNoModel, args().file));
+  if (!model.empty() && named.size() > 1 && !args().merge)
+    return usage(messages().format(texts::cli::kImportNamesModels, args().file, list));
+  const std::vector<std::string> models = model.empty() ? named : std::vector{model};
+  std::vector<std::string> existed;
+  for (const std::string& m : models)
+    if (e.modelExists(m)) existed.push_back(m);
+  int rc = report(
+      e.importGenio(args().file, model.empty() ? std::nullopt : std::optional<std::string>(model)));
+  for (const std::string& m : models) {
+    const bool wasThere = std::find(existed.begin(), existed.end(), m) != existed.end();
+    // A model the failed import began is not left behind empty.
+    if (rc != kOk && !wasThere && e.modelExists(m))
+      e.runLines({"dele," + m}, "korvane models import");
+    if (rc == kOk) printCounts(e, m);
   }
-  return printCounts(e, model);
+  return rc;
 }
 
 int sections(EmbeddedEngine& e) {
@@ -212,12 +245,22 @@ int sections(EmbeddedEngine& e) {
 
 int exportModel(EmbeddedEngine& e) {
   const std::string model = cp::fromUtf8(args().model);
+  engine::WriteLayout layout;
+  const std::string exponent = cp::upper(args().exponent);
+  if (exponent != "D" && exponent != "E")
+    return usage(messages().format(texts::cli::kBadExponent, args().exponent));
+  layout.exponent = exponent[0];
+  if (args().sixD != "split" && args().sixD != "reverting")
+    return usage(messages().format(texts::cli::kBadSixD, args().sixD));
+  layout.revertingSixD = args().sixD == "reverting";
   if (args().output.empty()) {
-    e.exportGenio(model, [](const std::string& line) { std::cout << terminal(line) << '\n'; });
+    e.exportGenio(
+        model, [](const std::string& line) { std::cout << terminal(line) << '\n'; }, layout);
     return kOk;
   }
   std::ostringstream text;
-  e.exportGenio(model, [&text](const std::string& line) { text << line << "\r\n"; });
+  e.exportGenio(
+      model, [&text](const std::string& line) { text << line << "\r\n"; }, layout);
   std::ofstream out(args().output, std::ios::binary | std::ios::trunc);
   out << text.str();
   if (!out) return fail(messages().format(texts::runtime::kCannotWrite, args().output));
@@ -283,11 +326,14 @@ void addModelsCommand(CLI::App& app) {
   showCmd->add_option("LABEL", a.label, cliText(texts::cli::kHelpLabel));
   auto* importCmd = subcommand(models, "import", cliText(texts::cli::kHelpModelsImport), import);
   importCmd->add_option("FILE", a.file, cliText(texts::cli::kHelpGenio))->required();
-  importCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
+  importCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpImportModel));
+  importCmd->add_flag("--merge", a.merge, cliText(texts::cli::kHelpMerge));
   auto* exportCmd =
       subcommand(models, "export", cliText(texts::cli::kHelpModelsExport), exportModel);
   exportCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
   exportCmd->add_option("-o,--output", a.output, cliText(texts::cli::kHelpModelsOutput));
+  exportCmd->add_option("--exponent", a.exponent, cliText(texts::cli::kHelpExponent));
+  exportCmd->add_option("--six-d", a.sixD, cliText(texts::cli::kHelpSixD));
   auto* deleteCmd = subcommand(models, "delete", cliText(texts::cli::kHelpModelsDelete), remove);
   deleteCmd->add_option("MODEL", a.model, cliText(texts::cli::kHelpModel))->required();
   auto* sectionsCmd =

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
 
 #include "base/codepage.h"
 #include "base/fs.h"
@@ -78,8 +79,15 @@ MxRunResult EmbeddedEngine::runLines(const std::vector<std::string>& lines, cons
   return execute(name, importModel, [&] { return lines; });
 }
 
-MxRunResult EmbeddedEngine::importGenio(const std::string& file, const std::string& model) {
-  return execute(file, model, [&] { return readInputLines(nativeName(file)); });
+MxRunResult EmbeddedEngine::importGenio(const std::string& file,
+                                        const std::optional<std::string>& model) {
+  return execute(
+      file, model, [&] { return readInputLines(nativeName(file)); }, !model);
+}
+
+std::optional<std::vector<std::string>> EmbeddedEngine::genioModelsOf(const std::string& file) {
+  if (!std::ifstream(nativeName(file), std::ios::binary)) return std::nullopt;
+  return genioModels(readInputLines(nativeName(file)));
 }
 
 namespace {
@@ -125,11 +133,12 @@ MxRunResult EmbeddedEngine::makeSections(const std::string& model, const std::st
 
 MxRunResult EmbeddedEngine::execute(const std::string& name,
                                     const std::optional<std::string>& importModel,
-                                    const std::function<std::vector<std::string>()>& input) {
+                                    const std::function<std::vector<std::string>()>& input,
+                                    bool importEach) {
   MxRunResult r;
   r.listing = listingPath();
   try {
-    const RunRequest request{name, input(), folder_, importModel};
+    const RunRequest request{name, input(), folder_, importModel, importEach};
     Listing listing(nativeName(r.listing));
     ModelStore* store = nullptr;
     try {
@@ -355,11 +364,18 @@ ModelString EmbeddedEngine::loadString(const std::string& model, const std::stri
   return found.store->load(found.string);
 }
 
-void EmbeddedEngine::exportGenio(const std::string& model, const LineSink& sink) {
+std::vector<KeptBlock> EmbeddedEngine::kept(const std::string& model) {
   const Found found = requireModel(model);
-  GenioWriter w(sink, std::nullopt, std::nullopt);
+  return found.store->kept(found.model.id);
+}
+
+void EmbeddedEngine::exportGenio(const std::string& model, const LineSink& sink,
+                                 const WriteLayout& layout) {
+  const Found found = requireModel(model);
+  GenioWriter w(sink, std::nullopt, std::nullopt, layout);
   w.banner("GENIO output of model " + model + " (Korvane embedded engine)");
   for (const StringRow& row : found.store->strings(found.model.id)) w.write(found.store->load(row));
+  for (const KeptBlock& kept : found.store->kept(found.model.id)) w.write(kept);
   w.end();
 }
 

@@ -70,8 +70,12 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   // Runs lines as an input file named `name`.
   MxRunResult runLines(const std::vector<std::string>& lines, const std::string& name,
                        std::optional<std::string> importModel = std::nullopt);
-  // Runs a file's GENIO records into a model (created when missing).
-  MxRunResult importGenio(const std::string& file, const std::string& model);
+  // Runs a file's GENIO records into a model (created when missing); without
+  // one, into the models its GENIO records name, each its own.
+  MxRunResult importGenio(const std::string& file, const std::optional<std::string>& model);
+  // The models a file's GENIO records name (genioModels, engine_run.h);
+  // nullopt when the file cannot be read (an import of it says why).
+  std::optional<std::vector<std::string>> genioModelsOf(const std::string& file);
   // Cross sections of `model` along its string `master` (cross_sections.h),
   // loaded into `target`, which must be another model, as one GENIO run.
   MxRunResult makeSections(const std::string& model, const std::string& master,
@@ -80,8 +84,10 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   std::vector<ModelSummary> models();
   std::vector<StringRow> strings(const std::string& model);
   ModelString loadString(const std::string& model, const std::string& label);
-  // Every string of a model as re-loadable GENIO text.
-  void exportGenio(const std::string& model, const LineSink& sink);
+  // The records a model keeps without computing with them.
+  std::vector<KeptBlock> kept(const std::string& model);
+  // Every string of a model as re-loadable GENIO text, then its kept records.
+  void exportGenio(const std::string& model, const LineSink& sink, const WriteLayout& layout = {});
 
   std::string listingPath() const;
 
@@ -97,7 +103,8 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   // The guard of the runs: reads the input, runs it, and turns an engine
   // error into the run's message.
   MxRunResult execute(const std::string& name, const std::optional<std::string>& importModel,
-                      const std::function<std::vector<std::string>()>& input);
+                      const std::function<std::vector<std::string>()>& input,
+                      bool importEach = false);
   // A status word: kFound when the model (and the string) is there.
   std::int32_t findModel(std::string_view model, Found& found);
   std::int32_t findString(std::string_view model, std::string_view label, Found& found);

@@ -9,9 +9,10 @@
 namespace korvane::engine {
 namespace {
 
-// A record that ends a point list early: "999", "NNN," or "001FORMAT".
+// A record that ends a point list early: "999", "NNN,", "001FORMAT" or a card
+// in fixed columns ("080MAST").
 bool looksLikeRecord(std::string_view line) {
-  if (text::trim(line) == "999") return true;
+  if (text::trim(line) == "999" || !cardKey(line).empty()) return true;
   int n = minorNumber(line);
   return n >= 0 && (line.size() == 3 || line[3] == ',' || n == 1);
 }
@@ -81,6 +82,9 @@ void RunLoop::stop(const std::string& reason) {
                            ? excerpt(lines[static_cast<std::size_t>(lineNo - 1)])
                            : std::string("(end of input)");
   listing.error(lineNo, reason);
+  if (run_.reader)
+    listing.text("**** the data records from line " + std::to_string(run_.pointsFrom) +
+                 " are read with " + run_.readingWith);
   if (run_.tx) {
     run_.tx.reset();  // rolls back
     listing.text("**** " + run_.blockWord + " at line " + std::to_string(run_.blockLine) +
@@ -121,25 +125,22 @@ bool RunLoop::pointLine(const std::string& text) {
     finishString();
     return false;  // the record itself is handled as usual
   }
-  PointListReader::Step step;
+  DataRecords::Step step;
   try {
     step = run_.reader->feed(text);
   } catch (const EngineError&) {
     run_.listing.record(run_.lineNo, text);
     throw;
   }
-  if (step == PointListReader::Step::Done) finishString();
+  if (step == DataRecords::Step::Done) finishString();
   return true;
 }
 
 void RunLoop::finishString() {
   const int records = run_.reader->recordsRead();
-  ModelString s = run_.reader->finish();
+  const std::string stored = run_.reader->store(run_.store, run_.model.id);
   run_.reader.reset();
-  run_.store.saveString(run_.model.id, s);
-  run_.listing.note("string " + s.header.label + ": " + std::to_string(s.points.size()) +
-                    " points of dimension " + std::to_string(s.header.dimension) + " stored (" +
-                    std::to_string(records) + " data records from line " +
+  run_.listing.note(stored + " (" + std::to_string(records) + " data records from line " +
                     std::to_string(run_.pointsFrom) + ")");
 }
 
@@ -149,7 +150,7 @@ void RunLoop::atEnd() {
     finishString();
   }
   if (run_.block == Block::None) return;
-  if (run_.request.importModel && run_.block == Block::Genio) {
+  if (run_.request.isImport() && run_.block == Block::Genio) {
     run_.closeBlock();
     return;
   }
@@ -161,8 +162,9 @@ void RunLoop::atEnd() {
 // import refuses what it does not take; inside one, a major option is an
 // error unless it ends an import's GENIO block.
 void RunLoop::dispatch(std::string_view text) {
-  const std::string key = recordKey(text);
-  const bool import = run_.request.importModel.has_value();
+  std::string key = recordKey(text);
+  if (key.empty() && run_.block == Block::Genio) key = cardKey(text);
+  const bool import = run_.request.isImport();
   const std::string& block = run_.blockWord;
   if (const RecordRow* row = findRecord(run_.block, key)) {
     if (import && row->import == InImport::Refused)
@@ -181,7 +183,8 @@ void RunLoop::dispatch(std::string_view text) {
   if (!key.empty() && !isMajorKey(key))
     throw EngineError("unknown minor option " + key + " in " + block);
   const RecordRow* major = isMajorKey(key) ? findRecord(Block::None, key) : nullptr;
-  if (major && import && major->import == InImport::EndsBlock) return call(*major, text);
+  // An import takes the header lines writers print (MOSS) where they stand.
+  if (major && import && major->import != InImport::Refused) return call(*major, text);
   if (major)
     throw EngineError(block + " begun at line " + std::to_string(run_.blockLine) +
                       " is not closed by 999 before this major option");

@@ -20,7 +20,16 @@ struct RunRequest {
   // Import: the lines are GENIO records for this model; a GENIO major option
   // in them is taken as naming it, and the end of the input closes the block.
   std::optional<std::string> importModel;
+  // Import into the models the GENIO records name, each its own: the lines
+  // are read as by an import, but no block is open before the first GENIO.
+  bool importEach = false;
+
+  bool isImport() const { return importModel || importEach; }
 };
+
+// The models the GENIO major options of the lines name, each once (case
+// ignored) in the order first named; a GENIO without a name names none.
+std::vector<std::string> genioModels(const std::vector<std::string>& lines);
 
 // Runs the lines. The first record that cannot be executed stops the run:
 // it is listed, the major option in progress is rolled back, and an

@@ -1,9 +1,11 @@
 #include "engine/fortran_format.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 #include <string>
 
 #include "engine/engine_error.h"
@@ -210,26 +212,38 @@ void appendText(std::string& out, const std::vector<FormatNode>& nodes) {
   }
 }
 
-// Walks the format for one statement, placing items.
+// Walks the format for one statement, placing items. When the items are used
+// up it goes on to the end of the record without placing any, so that the
+// record's width is known: a READ consumes its last record whole.
 struct Walk {
   int items = 0;
   int used = 0;
   int column = 0;
   long steps = 0;
   bool stop = false;
-  bool tooLong = false;  // more than kMaxFormatSteps
+  bool measuring = false;  // past a data descriptor with no item left
+  bool tooLong = false;    // more than kMaxFormatSteps
   RecordLayout* out = nullptr;
 
   void newRecord() {
     out->lengths.push_back(0);
+    out->widths.push_back(0);
     column = 0;
+  }
+  void advance(int width) {
+    column += width;
+    out->widths.back() = std::max(out->widths.back(), column);
   }
   void run(const std::vector<FormatNode>& nodes, std::size_t from) {
     for (std::size_t i = from; i < nodes.size() && !stop; ++i) {
       const FormatNode& n = nodes[i];
       for (int r = 0; r < n.repeat && !stop; ++r) {
         if (++steps > kMaxFormatSteps) {
-          tooLong = stop = true;
+          // Past the last item the rest of the record is only measured: a
+          // record too long to walk is taken as wide as any.
+          if (measuring) out->widths.back() = std::numeric_limits<int>::max();
+          tooLong = !measuring;
+          stop = true;
           return;
         }
         if (n.isGroup) {
@@ -238,21 +252,23 @@ struct Walk {
         }
         switch (n.edit) {
           case Edit::X:
-            column += n.width;
+            advance(n.width);
             break;
           case Edit::Slash:
-            newRecord();
+            stop = measuring;
+            if (!stop) newRecord();
             break;
           case Edit::Colon:
             stop = used == items;
             break;
           default:
-            if (used == items) {
-              stop = true;
+            if (used == items) {  // no item left: the rest of the record is skipped
+              measuring = true;
+              advance(n.width);
               break;
             }
             out->slots.push_back({out->records() - 1, column, n.width, n.decimals, n.edit});
-            column += n.width;
+            advance(n.width);
             out->lengths.back() = column;
             ++used;
         }
@@ -308,6 +324,29 @@ RecordLayout FortranFormat::layout(int items) const {
   }
   return out;
 }
+
+namespace {
+
+// The items of one pass through the format.
+std::vector<FieldSlot> onePass(const std::vector<FormatNode>& nodes) {
+  RecordLayout all;
+  Walk w;
+  w.items = std::numeric_limits<int>::max();
+  w.out = &all;
+  w.newRecord();
+  w.run(nodes, 0);
+  return all.slots;
+}
+
+}  // namespace
+
+int FortranFormat::firstRecordItems() const {
+  const std::vector<FieldSlot> all = onePass(nodes_);
+  return static_cast<int>(
+      std::count_if(all.begin(), all.end(), [](const FieldSlot& s) { return s.record == 0; }));
+}
+
+int FortranFormat::itemsPerPass() const { return static_cast<int>(onePass(nodes_).size()); }
 
 // --- reading -----------------------------------------------------------------
 

@@ -43,6 +43,9 @@ struct FieldSlot {
 struct RecordLayout {
   std::vector<FieldSlot> slots;  // one per item, in item order
   std::vector<int> lengths;      // per record: the column after its last field
+  // Per record: the columns the format describes for it, fields with no item
+  // left included; a READ skips what they hold.
+  std::vector<int> widths;
   int records() const { return static_cast<int>(lengths.size()); }
 };
 
@@ -63,6 +66,11 @@ class FortranFormat {
   // reverts to its last top-level group (or to its start). EngineError when
   // the format cannot place the items.
   RecordLayout layout(int items) const;
+
+  // How many items the first record of a statement holds, and one pass
+  // through the whole format.
+  int firstRecordItems() const;
+  int itemsPerPass() const;
 
   bool operator==(const FortranFormat& o) const { return text() == o.text(); }
 

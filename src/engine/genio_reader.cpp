@@ -27,6 +27,12 @@ PointListReader::PointListReader(const FortranFormat& format, const GenioOrder& 
     }
 }
 
+std::string PointListReader::endPoint() const {
+  const HeaderRecord& h = header_;
+  if (h.endX == 0 && h.endY == 0) return "a point whose x and y are 0";
+  return "a point whose x and y are " + shortNumber(h.endX) + " and " + shortNumber(h.endY);
+}
+
 std::string_view PointListReader::field(int item) const {
   const FieldSlot& s = layout_.slots[static_cast<std::size_t>(item)];
   std::string_view line = group_[static_cast<std::size_t>(s.record)];
@@ -55,9 +61,9 @@ PointListReader::Step PointListReader::feed(std::string_view line) {
 PointListReader::Step PointListReader::read(std::string_view line) {
   if (group_.empty() && line.find_first_not_of(' ') == std::string_view::npos)
     throw EngineError("empty data record in the points of string " + label() +
-                      " (a string ends with a point whose x and y are 0)");
+                      " (a string ends with " + endPoint() + ")");
   int record = static_cast<int>(group_.size());
-  auto length = static_cast<std::size_t>(layout_.lengths[static_cast<std::size_t>(record)]);
+  auto length = static_cast<std::size_t>(layout_.widths[static_cast<std::size_t>(record)]);
   if (line.size() > length && line.find_first_not_of(' ', length) != std::string_view::npos)
     throw EngineError("data record longer than its FORMAT allows (" + std::to_string(length) +
                       " columns): '" + excerpt(line.substr(length)) + "' after column " +
@@ -81,7 +87,7 @@ PointListReader::Step PointListReader::decode(bool complete) {
     int base = p * per;
     if (!complete && (!inReach(base + xItem_) || !inReach(base + yItem_))) return Step::More;
     const double x = number(base + xItem_), y = number(base + yItem_);
-    if (x == 0 && y == 0) return Step::Done;
+    if (x == header_.endX && y == header_.endY) return Step::Done;
     if (!complete) return Step::More;
     ModelPoint pt;
     pt.dims.assign(static_cast<std::size_t>(dimension), DimValue::number(0));
@@ -105,8 +111,15 @@ PointListReader::Step PointListReader::decode(bool complete) {
 
 void PointListReader::endEarly() {
   if (!group_.empty() && decode(false) == Step::Done) return;
-  throw EngineError("the points of string " + label() +
-                    " have no terminator (a point whose x and y are 0) before this record");
+  throw EngineError("the points of string " + label() + " have no terminator (" + endPoint() +
+                    ") before this record");
+}
+
+std::string PointListReader::store(ModelStore& store, std::int64_t modelId) {
+  ModelString s = finish();
+  store.saveString(modelId, s);
+  return "string " + s.header.label + ": " + std::to_string(s.points.size()) +
+         " points of dimension " + std::to_string(s.header.dimension) + " stored";
 }
 
 ModelString PointListReader::finish() {

@@ -28,6 +28,34 @@ GenioOrder GenioOrder::natural(int dimension) {
   return o;
 }
 
+Fields genioFields(std::string_view record) {
+  if (record.size() <= 3 || record.find(',') != std::string_view::npos) return Fields(record);
+  auto columns = [&](std::size_t from, std::size_t to) {  // 1-based, inclusive
+    return from > record.size() ? std::string_view() : record.substr(from - 1, to - from + 1);
+  };
+  std::string comma = std::string(record.substr(0, 3)) + "," + std::string(columns(4, 7));
+  if (record.substr(0, 3) == "003") {
+    std::string_view list = columns(8, record.size());
+    comma += ",4=";
+    for (std::size_t at = list.find_first_not_of(' '); at != std::string_view::npos;) {
+      std::size_t end = std::min(list.find(' ', at), list.size());
+      comma += std::string(list.substr(at, end - at)) + ",";
+      at = list.find_first_not_of(' ', end);
+    }
+    return Fields(comma);
+  }
+  comma += "," + std::string(columns(8, 11));
+  if (!text::trim(columns(12, 15)).empty() || !text::trim(columns(72, record.size())).empty())
+    throw EngineError(
+        "a card in fixed columns has text outside its fields (columns 12-15 or "
+        "after 71): no comma, so columns are read");
+  static constexpr std::size_t kFrom[] = {16, 24, 34, 44, 52, 62, 72};
+  comma += ",4=";
+  for (std::size_t i = 0; i + 1 < std::size(kFrom); ++i)
+    comma += std::string(i ? "," : "") + std::string(columns(kFrom[i], kFrom[i + 1] - 1));
+  return Fields(comma);
+}
+
 FortranFormat parseFormatRecord(std::string_view record) {
   std::string_view rest = record.substr(3);
   while (!rest.empty() && (rest[0] == ',' || rest[0] == ' ')) rest.remove_prefix(1);
@@ -98,8 +126,8 @@ HeaderRecord parseHeaderRecord(const Fields& f, int defaultDimension) {
   if (h.header.label.size() > kLabelWidth || h.header.subref.size() > kLabelWidth)
     throw EngineError("080: labels have at most 4 characters");
   std::optional<double> level = f.number(4), shiftX = f.number(5), shiftY = f.number(6);
-  f.number(8);  // read as numbers, not used
-  f.number(9);
+  h.endX = f.number(8).value_or(0);
+  h.endY = f.number(9).value_or(0);
   if (shiftX.value_or(0) != 0 || shiftY.value_or(0) != 0)
     throw EngineError("080: an origin shift in fields 5 and 6 is not supported (write 0.0)");
   std::optional<long> dim = f.integer(7);
@@ -125,7 +153,18 @@ std::string shortNumber(double v) {
   return std::string(buf, r.ptr);
 }
 
-std::string headerRecord(const ModelString& s) {
+double endValueFor(const ModelString& s) {
+  auto at = [&](double v) {
+    return std::any_of(s.points.begin(), s.points.end(), [&](const ModelPoint& p) {
+      return dimNumber(s.header, p, 1) == v && dimNumber(s.header, p, 2) == v;
+    });
+  };
+  double end = 0;
+  while (at(end)) --end;
+  return end;
+}
+
+std::string headerRecord(const ModelString& s, double end) {
   const StringHeader& h = s.header;
   std::string r = "080," + padded(h.label, kLabelWidth) + "," + padded(h.subref, kLabelWidth) + ",";
   if (h.dimension == 2 && h.level)
@@ -133,6 +172,7 @@ std::string headerRecord(const ModelString& s) {
   else
     r += "5=       0.0,       0.0,";
   r += std::to_string(h.dimension);
+  if (end != 0) r += "," + shortNumber(end) + "," + shortNumber(end);
   bool first = true;
   for (std::size_t i = 0; i + 1 < s.points.size(); ++i) {
     if (!s.points[i].gapAfter) continue;

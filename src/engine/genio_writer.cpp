@@ -19,12 +19,13 @@ DimValue item(const StringHeader& h, const ModelPoint& p, int d) {
 
 }  // namespace
 
-FortranFormat naturalFormat(const ModelString& s) {
+FortranFormat naturalFormat(const ModelString& s, const WriteLayout& layout) {
+  const std::string number = std::string(1, layout.exponent) + "23.17";
   std::string descriptors;
   int numbers = 0, texts = 0;
   auto close = [&] {
     if (!descriptors.empty()) descriptors += '/';
-    if (numbers > 0) descriptors += (numbers > 1 ? std::to_string(numbers) : "") + "D23.17";
+    if (numbers > 0) descriptors += (numbers > 1 ? std::to_string(numbers) : "") + number;
     if (texts > 0)
       descriptors +=
           std::string(numbers > 0 ? "," : "") + (texts > 1 ? std::to_string(texts) : "") + "A4";
@@ -39,12 +40,17 @@ FortranFormat naturalFormat(const ModelString& s) {
     ++numbers;
   }
   close();
+  if (layout.revertingSixD && descriptors == "3" + number + "/3" + number)
+    descriptors = "3" + number;
   return FortranFormat::parse("(" + descriptors + ")");
 }
 
 GenioWriter::GenioWriter(LineSink sink, std::optional<FortranFormat> format,
-                         std::optional<GenioOrder> order)
-    : sink_(std::move(sink)), format_(std::move(format)), order_(std::move(order)) {}
+                         std::optional<GenioOrder> order, WriteLayout layout)
+    : sink_(std::move(sink)),
+      format_(std::move(format)),
+      order_(std::move(order)),
+      layout_(layout) {}
 
 void GenioWriter::banner(const std::string& text) { sink_("   " + text); }
 
@@ -59,7 +65,7 @@ void GenioWriter::end() {
 void GenioWriter::write(const ModelString& s) {
   FortranFormat format = format_  ? *format_
                          : order_ ? FortranFormat::mxDefault()
-                                  : naturalFormat(s);
+                                  : naturalFormat(s, layout_);
   GenioOrder order = order_ ? *order_ : GenioOrder::natural(s.header.dimension);
   const RecordLayout layout = format.layout(order.perRecord * order.itemsPerPoint());
   std::string pair = formatRecord(format) + "\n" + order.record();
@@ -68,7 +74,8 @@ void GenioWriter::write(const ModelString& s) {
     sink_(order.record());
     lastPair_ = pair;
   }
-  sink_(headerRecord(s));
+  const double end = endValueFor(s);
+  sink_(headerRecord(s, end));
 
   std::vector<DimValue> items;
   auto flush = [&] {
@@ -79,12 +86,20 @@ void GenioWriter::write(const ModelString& s) {
     for (int d : order.dims) items.push_back(item(s.header, p, d));
     if (static_cast<int>(items.size()) == order.perRecord * order.itemsPerPoint()) flush();
   }
-  // Terminator: x = 0, y = 0, the last level repeated; then zero points to fill the record.
+  // Terminator: x and y the end value, the last level repeated; then zero points to fill the
+  // record.
   double lastZ = s.points.empty() ? 0 : dimNumber(s.header, s.points.back(), 3);
-  for (int d : order.dims) items.push_back(DimValue::number(d == 3 ? lastZ : 0));
+  for (int d : order.dims) items.push_back(DimValue::number(d == 3 ? lastZ : d <= 2 ? end : 0));
   while (static_cast<int>(items.size()) < order.perRecord * order.itemsPerPoint())
     items.push_back(DimValue::number(0));
   flush();
+}
+
+void GenioWriter::write(const KeptBlock& kept) {
+  for (std::size_t i = 0; i < kept.lines.size(); ++i)
+    if (i > 0 || kept.lines[0] != lastFormat_) sink_(kept.lines[i]);
+  lastFormat_ = kept.lines.empty() ? std::string() : kept.lines[0];
+  lastPair_ = std::string();  // a string after it writes its FORMAT and ORDR again
 }
 
 void GenioWriter::emit(const std::vector<DimValue>& items, const RecordLayout& layout) {

@@ -52,6 +52,13 @@ std::string recordKey(std::string_view record) {
   return word.empty() ? std::string() : cp::lower(word.substr(0, 4));
 }
 
+std::string cardKey(std::string_view record) {
+  if (record.size() < 4 || !isLetter(record[3])) return {};
+  for (std::size_t i = 0; i < 3; ++i)
+    if (!isDigit(record[i])) return {};
+  return std::string(record.substr(0, 3));
+}
+
 Fields::Fields(std::string_view record) {
   int position = 1;
   std::size_t start = 0;

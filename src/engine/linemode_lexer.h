@@ -32,6 +32,11 @@ int minorNumber(std::string_view record);
 // letters of its word in lower case ("crea"); empty for anything else.
 std::string recordKey(std::string_view record);
 
+// A GENIO minor option written as a card in fixed columns, its number
+// followed by a word or label from column 4 ("003ORDR 1 1 2 3", "080MAST"):
+// the number ("003"), as recordKey gives it; empty for anything else.
+std::string cardKey(std::string_view record);
+
 // The comma fields of a minor option record; field 1 is the record number.
 // EngineError for a malformed "N=" position or a field that is not the
 // number asked for.

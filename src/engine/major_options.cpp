@@ -1,5 +1,6 @@
 // The major options, read between blocks: each is one transaction of the
 // store, GENIO and EDIT open a block that their 999 closes.
+#include <algorithm>
 #include <filesystem>
 
 #include "base/codepage.h"
@@ -71,10 +72,17 @@ void deleteModel(RunState& run, const Record& r) {
                            : "no model \"" + name + "\": nothing to delete");
 }
 
-// An import takes every GENIO header as naming its model, ending the block
-// before it.
+// An import into one model takes every GENIO header as naming it, ending the
+// block before it. An import into the models named takes a GENIO without a
+// name as a header line that the block open goes on through.
 void beginGenio(RunState& run, const Record& r) {
-  if (!run.request.importModel) return run.openGenio(modelName(r));
+  if (run.request.importEach && r.argument.empty() && run.block == Block::Genio)
+    return run.listing.note("header line: the block goes on");
+  if (!run.request.importModel) {
+    const std::string name = modelName(r);
+    run.closeBlock();
+    return run.openGenio(name);
+  }
   run.closeBlock();
   run.openGenio(*run.request.importModel);
 }
@@ -149,5 +157,21 @@ constexpr RecordRow kMajorOptionsRows[] = {
 }  // namespace
 
 const std::span<const RecordRow> kMajorOptions = kMajorOptionsRows;
+
+std::vector<std::string> genioModels(const std::vector<std::string>& lines) {
+  std::vector<std::string> names;
+  for (const std::string& line : lines) {
+    if (classifyLine(line) != LineKind::Record || recordKey(line) != "geni") continue;
+    std::string_view rest = std::string_view(line).substr(majorWord(line).size());
+    if (!rest.empty() && rest[0] == ',') rest.remove_prefix(1);
+    Record r{line, majorWord(line), text::trim(rest)};
+    if (r.argument.empty() || r.argument == ",") continue;
+    const std::string name = modelName(r);
+    if (std::none_of(names.begin(), names.end(),
+                     [&](const std::string& n) { return cp::equalsIgnoreCase(n, name); }))
+      names.push_back(name);
+  }
+  return names;
+}
 
 }  // namespace korvane::engine

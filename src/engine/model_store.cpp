@@ -41,6 +41,17 @@ CREATE TABLE points(
   data BLOB NOT NULL);
 )sql";
 
+// Records kept as written (triangles, text strings): added to stores of this
+// schema version when a run opens them, which older engines ignore.
+constexpr const char* kKeptSchema = R"sql(
+CREATE TABLE IF NOT EXISTS kept(
+  id INTEGER PRIMARY KEY,
+  model_id INTEGER NOT NULL REFERENCES models(id) ON DELETE CASCADE,
+  kind INTEGER NOT NULL,
+  items INTEGER NOT NULL,
+  lines TEXT NOT NULL);
+)sql";
+
 std::string modelKey(std::string_view name) { return cp::upper(name); }
 
 // Which file a path names now: device and inode where the system has them.
@@ -149,6 +160,7 @@ std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access acc
       try {
         Transaction check(*db, true);
         checkSchema(*db, true, refused);
+        db->exec(kKeptSchema);
         check.commit();
       } catch (const SqliteError& e) {
         if (!e.busy()) throw;
@@ -303,6 +315,40 @@ void ModelStore::saveString(std::int64_t modelId, const ModelString& s) {
 void ModelStore::deleteString(std::int64_t stringId) {
   auto st = db_->cached("DELETE FROM strings WHERE id = ?");
   st->bind(1, stringId).run();
+}
+
+void ModelStore::keep(std::int64_t modelId, const KeptBlock& block) {
+  std::string text;
+  for (const std::string& line : block.lines) text += (text.empty() ? "" : "\n") + line;
+  auto st = db_->cached("INSERT INTO kept(model_id, kind, items, lines) VALUES(?, ?, ?, ?)");
+  st->bind(1, modelId)
+      .bind(2, static_cast<std::int64_t>(block.kind))
+      .bind(3, static_cast<std::int64_t>(block.items))
+      .bind(4, text)
+      .run();
+}
+
+std::vector<KeptBlock> ModelStore::kept(std::int64_t modelId) {
+  Reading reading(*this);
+  std::vector<KeptBlock> out;
+  if (db_->queryInt("SELECT count(*) FROM sqlite_master WHERE name = 'kept'") == 0)
+    return out;  // a store no run of this engine has opened yet
+  auto st = db_->cached("SELECT kind, items, lines FROM kept WHERE model_id = ? ORDER BY id");
+  st->bind(1, modelId);
+  while (st->step()) {
+    KeptBlock b;
+    b.kind = static_cast<KeptBlock::Kind>(st->integer(0));
+    b.items = static_cast<long>(st->integer(1));
+    const std::string text = st->text(2);
+    for (std::size_t at = 0;;) {
+      std::size_t end = text.find('\n', at);
+      b.lines.push_back(text.substr(at, end == std::string::npos ? end : end - at));
+      if (end == std::string::npos) break;
+      at = end + 1;
+    }
+    out.push_back(std::move(b));
+  }
+  return out;
 }
 
 }  // namespace korvane::engine

@@ -32,6 +32,15 @@ struct StringRow {
   std::int32_t pointCount = 0;
 };
 
+// Records a model keeps as they were written (kept_records.h): the FORMAT
+// they were read with, their header record and their data records.
+struct KeptBlock {
+  enum class Kind { Triangles, TextString };
+  Kind kind = Kind::Triangles;
+  long items = 0;  // triangles, or points of the text string
+  std::vector<std::string> lines;
+};
+
 struct ModelSummary {
   std::string name;
   std::int64_t strings = 0;
@@ -82,6 +91,10 @@ class ModelStore {
   // the model order, a new one goes to the end.
   void saveString(std::int64_t modelId, const ModelString& s);
   void deleteString(std::int64_t stringId);
+
+  // Kept records, in the order kept.
+  void keep(std::int64_t modelId, const KeptBlock& block);
+  std::vector<KeptBlock> kept(std::int64_t modelId);
 
  private:
   // Removes an empty "-journal" file beside a store in WAL mode.

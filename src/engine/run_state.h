@@ -41,8 +41,9 @@ struct RunState {
   std::optional<FortranFormat> format;
   std::optional<GenioOrder> order;
   SelectionMasks masks;
-  std::unique_ptr<PointListReader> reader;
-  int pointsFrom = 0;  // the line of the string's first data record
+  std::unique_ptr<DataRecords> reader;  // the data of the string (or triangles) begun
+  int pointsFrom = 0;                   // the line of the string's first data record
+  std::string readingWith;              // the FORMAT and ORDR records it is read with
 
   // GENIO output: the "over" file, or the listing when none is open.
   std::ofstream over;

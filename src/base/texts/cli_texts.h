@@ -90,6 +90,15 @@ inline constexpr MessageKey kHelpSectionTarget{"Cli", "h_starget"};
 inline constexpr MessageKey kHelpSectionInterval{"Cli", "h_sinterval"};
 inline constexpr MessageKey kHelpSectionWidth{"Cli", "h_swidth"};
 inline constexpr MessageKey kHelpSectionPrefix{"Cli", "h_sprefix"};
+inline constexpr MessageKey kHelpImportModel{"Cli", "h_imodel"};
+inline constexpr MessageKey kHelpMerge{"Cli", "h_merge"};
+inline constexpr MessageKey kImportNamesNoModel{"Cli", "import_no_model"};
+inline constexpr MessageKey kImportNamesModels{"Cli", "import_models"};
+inline constexpr MessageKey kHelpExponent{"Cli", "h_exponent"};
+inline constexpr MessageKey kHelpSixD{"Cli", "h_sixd"};
+inline constexpr MessageKey kBadExponent{"Cli", "bad_exponent"};
+inline constexpr MessageKey kBadSixD{"Cli", "bad_sixd"};
+inline constexpr MessageKey kKeptRecords{"Cli", "kept_records"};
 
 // The help's own words, in place of the command-line library's.
 inline constexpr MessageKey kLabelUsage{"Cli", "l_Usage"};
