@@ -23,10 +23,6 @@ double readNum(const std::string& field, Edit e, int w, int d) {
   return v.value_or(-12345);
 }
 
-std::string writeNum(double v, Edit e, int w, int d) {
-  return writeNumberField(v, FieldSlot{0, 0, w, d, e});
-}
-
 // A field of an edit descriptor: "D23.17", "I6".
 FieldSlot slotOf(const std::string& descriptor) {
   const Edit edits[] = {Edit::F, Edit::E, Edit::D, Edit::I};

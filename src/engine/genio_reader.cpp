@@ -100,7 +100,8 @@ PointListReader::Step PointListReader::decode(bool complete) {
         text.resize(static_cast<std::size_t>(slot.width), ' ');
         v = DimValue::text(readTextField(text));
       } else {
-        v = DimValue::number(number(base + i));
+        const double shift = d == 1 ? header_.shiftX : d == 2 ? header_.shiftY : 0;
+        v = DimValue::number(number(base + i) + shift);
       }
       if (d <= dimension) pt.dims[static_cast<std::size_t>(d - 1)] = v;
     }

@@ -128,8 +128,8 @@ HeaderRecord parseHeaderRecord(const Fields& f, int defaultDimension) {
   std::optional<double> level = f.number(4), shiftX = f.number(5), shiftY = f.number(6);
   h.endX = f.number(8).value_or(0);
   h.endY = f.number(9).value_or(0);
-  if (shiftX.value_or(0) != 0 || shiftY.value_or(0) != 0)
-    throw EngineError("080: an origin shift in fields 5 and 6 is not supported (write 0.0)");
+  h.shiftX = shiftX.value_or(0);
+  h.shiftY = shiftY.value_or(0);
   std::optional<long> dim = f.integer(7);
   long d = dim ? (*dim >= 100 ? *dim % 100 : *dim) : defaultDimension;
   if (d < kMinDimension || d > kMaxDimension)

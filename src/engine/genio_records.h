@@ -42,7 +42,8 @@ std::string formatRecord(const FortranFormat& f);  // "001FORMAT(...)"
 GenioOrder parseOrderRecord(const Fields& f);
 
 // 080: label in field 2, sub-reference in 3, level of a 2-dimensional string
-// in 4, origin shift in 5 and 6 (must be 0), dimension in 7 (only its last two
+// in 4, an origin shift in 5 and 6 (added to every x and y read; the end
+// values are compared before it), dimension in 7 (only its last two
 // digits count: 100007703 is 3), the x and y of the point that ends the
 // string in 8 and 9 (0 and 0 when blank), and from field 10 on the numbers of
 // the points after which the string is broken.
@@ -50,6 +51,7 @@ struct HeaderRecord {
   StringHeader header;
   std::vector<int> gaps;
   double endX = 0, endY = 0;
+  double shiftX = 0, shiftY = 0;
 };
 HeaderRecord parseHeaderRecord(const Fields& f, int defaultDimension);
 // "080," + label padded to 4 + "," + sub-reference padded to 4 + ",...":
