@@ -29,9 +29,10 @@ std::string nativeName(const std::string& name) { return korvane::fs::nativeText
 
 }  // namespace
 
-EmbeddedEngine::EmbeddedEngine(std::string folder, std::map<std::string, std::string> settings)
-    : folder_(std::move(folder)),
-      settings_(std::move(settings)),
+EmbeddedEngine::EmbeddedEngine(const EngineOptions& options)
+    : folder_(options.projectFolder),
+      settings_(options.settings),
+      interrupted_(options.interrupted),
       access_(inFolder(folder_, ModelStore::kFileName)),
       library_(access_) {}
 
@@ -41,9 +42,12 @@ std::unique_ptr<EmbeddedEngine> EmbeddedEngine::create(const EngineOptions& opti
     error = "the project folder \"" + options.projectFolder + "\" does not exist";
     return nullptr;
   }
-  std::unique_ptr<EmbeddedEngine> e(new EmbeddedEngine(options.projectFolder, options.settings));
+  std::unique_ptr<EmbeddedEngine> e(new EmbeddedEngine(options));
   try {
-    e->access_.get();  // a foreign or damaged store is refused here
+    if (options.looking)
+      e->access_.beginLooking();
+    else
+      e->access_.get();  // a foreign or damaged store is refused here
   } catch (const EngineError& refused) {
     error = refused.what();
     return nullptr;
@@ -129,7 +133,7 @@ MxRunResult EmbeddedEngine::execute(const std::string& name,
   MxRunResult r;
   r.listing = listingPath();
   try {
-    const RunRequest request{name, input(), folder_, importModel};
+    const RunRequest request{name, input(), folder_, importModel, interrupted_};
     Listing listing(nativeName(r.listing));
     ModelStore* store = nullptr;
     try {
@@ -139,7 +143,13 @@ MxRunResult EmbeddedEngine::execute(const std::string& name,
       throw;
     }
     RunScope scope(access_);
-    executeRun(*store, listing, request, currentModel_);
+    const RunEnd end = executeRun(*store, listing, request, currentModel_);
+    if (end.interrupted) {
+      r.error = name + ", line " + std::to_string(end.line) +
+                ": the run was interrupted and rolled back; the models are as they were before it";
+      r.errorLine = end.line;
+      r.interrupted = true;
+    }
   } catch (const SqliteError& e) {  // the store failed outside any record
     r.error = name + ": engine failure: " + e.what();
   } catch (const EngineError& e) {
@@ -330,6 +340,11 @@ std::int32_t EmbeddedEngine::parameter(std::string_view name, int group, std::st
 std::vector<ModelSummary> EmbeddedEngine::models() {
   ModelStore* store = access_.get();
   return store ? store->summaries() : std::vector<ModelSummary>{};
+}
+
+std::vector<ModelDigest> EmbeddedEngine::modelDigests() {
+  ModelStore* store = access_.get();
+  return store ? store->digests() : std::vector<ModelDigest>{};
 }
 
 EmbeddedEngine::Found EmbeddedEngine::requireModel(const std::string& model) {
