@@ -244,16 +244,6 @@ TEST_F(StoreTest, ALookingEngineUndoesEveryChangeWhenItEnds) {
   EXPECT_FALSE(engine_->modelExists("G"));
 }
 
-TEST_F(StoreTest, LookingWithoutAStoreMakesNone) {
-  std::string error;
-  auto looking = EmbeddedEngine::create({project_.folder(), {}, nullptr, true}, error);
-  ASSERT_TRUE(looking) << error;
-  EXPECT_TRUE(looking->runLines({"crea,A"}, "in").ok());
-  EXPECT_TRUE(looking->configuration().modelExists("A"));
-  looking.reset();
-  EXPECT_FALSE(project_.exists(ModelStore::kFileName));
-}
-
 // Interrupted (Ctrl-C), a run stops before its next line and keeps nothing.
 TEST_F(StoreTest, AnInterruptedRunKeepsNothing) {
   const std::atomic<bool> interrupted{true};

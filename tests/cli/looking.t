@@ -74,11 +74,6 @@ stdout:
   Files written: korvane-engine.lst, tmpinput.txt
   Finished: 1 entries run
 $ cmake -E compare_files korvane-models.db before.db
-$ korvane models list --lang en
-stdout:
-  Model  Strings  Points
-  OLD          0       0
-  ROAD2        2       4
 
 # What the run would leave as it was is not named.
 $ korvane run --dry-run inputs/setup.ipf --lang hu
