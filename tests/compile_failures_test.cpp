@@ -41,7 +41,11 @@ TEST_F(Failures, InterruptionAndAMissingInputStop) {
   c.ctx.interrupted = &interrupted;
   project.write("a.ipf", "crea,a\r\n");
   EXPECT_FALSE(c.compile("a.ipf"));
-  EXPECT_EQ(c.failure(), "The run was interrupted");
+  // Before the line it would compile next, which it names; no error of the input.
+  const std::string a = project.path("a.ipf");
+  EXPECT_EQ(c.stopMessage(),
+            "The run was interrupted in the entry " + a + "\n" + a + ", line 1\nLine: crea,a");
+  EXPECT_TRUE(c.stopped->interrupted());
   EXPECT_TRUE(c.lines.empty());
   interrupted = false;
 

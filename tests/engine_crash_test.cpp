@@ -1,8 +1,9 @@
-// A run killed at any moment: a child process runs an input and dies at its
-// N-th operation that changes a file of the store (a write, truncation or
-// deletion, counted through the system calls of SQLite's unix VFS). After
-// each death the store must pass SQLite's integrity check, hold exactly the
-// major options that had committed, and take the next run as usual.
+// A run killed at any moment: a child process runs inputs one after another
+// and dies at its N-th operation that changes a file of the store (a write,
+// truncation or deletion, counted through the system calls of SQLite's unix
+// VFS). After each death the store must pass SQLite's integrity check, hold
+// exactly the runs that had committed (a run is one transaction), and take
+// the next run as usual.
 #ifndef _WIN32
 #include <sqlite3.h>
 #include <sys/mman.h>
@@ -88,7 +89,8 @@ void installCounting() {
 
 // --- the test --------------------------------------------------------------------
 
-// Seven major options, each leaving the models in a state of its own.
+// Seven major options, each run on its own and leaving the models in a state
+// of its own.
 std::string points(const std::string& label, int n, double y) {
   std::string s = "080," + label + "\n";
   char line[64];
@@ -112,6 +114,7 @@ const std::vector<std::string> kMajors = {
 
 class EngineCrash : public korvane::testing::EngineTest {
  protected:
+  std::string inputOf(std::size_t i) { return project_.path("crash" + std::to_string(i) + ".txt"); }
   // The models as "name strings points" lines.
   std::string state() {
     std::string out;
@@ -128,7 +131,7 @@ class EngineCrash : public korvane::testing::EngineTest {
     ASSERT_EQ(run("crea,KEEP\n"), "");
     engine_.reset();
   }
-  // Runs the whole input in a child that dies at operation `dieAt` (0: never).
+  // Runs every input in a child that dies at operation `dieAt` (0: never).
   CrashLog runChild(long dieAt) {
     *g_log = CrashLog{};
     g_log->dieAt = dieAt;
@@ -136,8 +139,9 @@ class EngineCrash : public korvane::testing::EngineTest {
     if (child == 0) {
       installCounting();
       auto engine = makeEngine();
-      auto r = engine->configuration().run("input", project_.path("crash.txt"));
-      _exit(r.ok() ? 0 : 1);
+      for (std::size_t i = 0; i < kMajors.size(); ++i)
+        if (!engine->configuration().run("input", inputOf(i)).ok()) _exit(1);
+      _exit(0);
     }
     int status = 0;
     waitpid(child, &status, 0);
@@ -150,7 +154,7 @@ class EngineCrash : public korvane::testing::EngineTest {
 
 }  // namespace
 
-TEST_F(EngineCrash, KilledRunLeavesWholeMajorOptionsAndAUsableStore) {
+TEST_F(EngineCrash, KilledRunLeavesWholeRunsAndAUsableStore) {
   g_log = static_cast<CrashLog*>(
       mmap(nullptr, sizeof(CrashLog), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
   ASSERT_NE(g_log, MAP_FAILED);
@@ -159,13 +163,11 @@ TEST_F(EngineCrash, KilledRunLeavesWholeMajorOptionsAndAUsableStore) {
   freshStore();
   engine_ = makeEngine();
   std::vector<std::string> states = {state()};
-  std::string input;
-  for (const std::string& major : kMajors) {
-    ASSERT_EQ(run(major), "");
+  for (std::size_t i = 0; i < kMajors.size(); ++i) {
+    ASSERT_EQ(run(kMajors[i]), "");
     states.push_back(state());
-    input += major;
+    project_.write("crash" + std::to_string(i) + ".txt", kMajors[i]);
   }
-  project_.write("crash.txt", input);
 
   // How many operations a whole run makes.
   freshStore();

@@ -213,3 +213,48 @@ TEST_F(StoreTest, StatementCacheRefusesOverlappingUse) {
   ASSERT_TRUE(again->step());
   EXPECT_EQ(again->integer(0), 1);
 }
+
+// Looking: every run, import and query of the engine sees the changes of the
+// runs before it, and the store is as it was, byte for byte, once the engine
+// has ended; meanwhile no other run comes between.
+TEST_F(StoreTest, ALookingEngineUndoesEveryChangeWhenItEnds) {
+  ASSERT_EQ(run(kString), "");
+  engine_.reset();
+  const std::string before = project_.read(ModelStore::kFileName);
+  std::string error;
+  auto looking = EmbeddedEngine::create({project_.folder(), {}, nullptr, true}, error);
+  ASSERT_TRUE(looking) << error;
+  MxConfiguration& mx = looking->configuration();
+  EXPECT_TRUE(looking->runLines({"dele,M", "geni,G", "999"}, "in").ok());
+  EXPECT_FALSE(mx.modelExists("M"));
+  EXPECT_TRUE(mx.modelExists("G"));  // made by its GENIO block
+  project_.write("a.txt", std::string(kString).substr(7));
+  EXPECT_TRUE(looking->importGenio(project_.path("a.txt"), "I").ok());
+  EXPECT_TRUE(mx.stringExists("I", "A"));
+  EXPECT_FALSE(looking->runLines({"crea,KEPT", "nonsense"}, "bad").ok());
+  EXPECT_TRUE(mx.modelExists("KEPT"));  // the major options before an error stay, in the look
+
+  ModelStore::setBusyTimeout(50);
+  EXPECT_THROW(ModelStore::open(storeFile(), ModelStore::Access::Run), EngineError);
+  ModelStore::setBusyTimeout(1000);
+  looking.reset();
+  EXPECT_TRUE(project_.read(ModelStore::kFileName) == before);
+  engine_ = makeEngine();
+  EXPECT_TRUE(engine_->modelExists("M"));
+  EXPECT_FALSE(engine_->modelExists("G"));
+}
+
+// Interrupted (Ctrl-C), a run stops before its next line and keeps nothing.
+TEST_F(StoreTest, AnInterruptedRunKeepsNothing) {
+  const std::atomic<bool> interrupted{true};
+  std::string error;
+  auto e = EmbeddedEngine::create({project_.folder(), {}, &interrupted}, error);
+  ASSERT_TRUE(e) << error;
+  const MxRunResult r = e->runLines({"crea,A"}, "in");
+  EXPECT_TRUE(r.interrupted);
+  EXPECT_EQ(r.errorLine, 1);
+  EXPECT_EQ(r.error,
+            "in, line 1: the run was interrupted and rolled back; the models are as they were "
+            "before it");
+  EXPECT_FALSE(engine_->modelExists("A"));
+}

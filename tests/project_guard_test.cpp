@@ -8,6 +8,8 @@
 
 #include <filesystem>
 
+#include "hosts/mx/null_engine.h"
+#include "shell/startup.h"
 #include "support/cli.h"
 
 #ifdef _WIN32
@@ -41,6 +43,25 @@ TEST_F(ProjectGuard, TheHoldEndsWithItsOwner) {
   EXPECT_EQ(run("compile a.ipf"), 0);
   ProjectLock again;
   EXPECT_TRUE(again.acquire(project.folder()));
+}
+
+// MX cannot undo what its runs change: where it is only the default, looking
+// (check, compile) runs no engine and says so.
+TEST_F(ProjectGuard, LookingRunsNoEngineWhereMxIsOnlyTheDefault) {
+  StartupOptions o;
+  o.home = home;
+  o.project = project.folder();
+  o.language = "en";
+  o.defaultEngine = EngineKind::Mx;
+  o.looking = true;
+  Startup started;
+  RunContext ctx;
+  std::string error;
+  ASSERT_TRUE(startUp(o, started, ctx, error)) << error;
+  EXPECT_EQ(started.note,
+            "MX cannot undo its runs, so no engine runs: model queries find nothing (with "
+            "--engine mx, MX runs and changes its models)");
+  EXPECT_TRUE(dynamic_cast<hosts::NullEngine*>(ctx.engine));
 }
 
 #ifdef _WIN32

@@ -1,6 +1,7 @@
 // korvane check: compiles entries only to report what looks wrong in them.
 // It asks the same engine as compile and run, so that model queries answer
-// as they will in the run; --engine none runs nothing and changes no model.
+// as they will in the run, and the embedded engine undoes every change when
+// it ends; --engine none runs nothing.
 #include <CLI/CLI.hpp>
 
 #include "base/texts/check_texts.h"
@@ -23,6 +24,7 @@ int runCheck(CheckOptions o) {
   int status = 0;
   const std::vector<std::string> entries = entriesFromWords(o.words);
   if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
+  o.session.looking = true;
   auto session = Session::open(o.session, status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
@@ -33,6 +35,7 @@ int runCheck(CheckOptions o) {
     warnings.print();
     if (stopped) {
       printError(stopped->message);
+      if (stopped->interrupted()) return kInterruptedStatus;
       break;
     }
   }

@@ -29,6 +29,9 @@ void addWarningsOption(CLI::App* cmd, bool& warnings);
 // Batch mode: the words after the program name, joined by blanks, are one run entry.
 int runBatch(const std::vector<std::string>& words);
 
+// The exit status of a run stopped by Ctrl-C, as shells expect (128 + SIGINT).
+inline constexpr int kInterruptedStatus = 130;
+
 void setExitCode(int code);
 int exitCode();
 

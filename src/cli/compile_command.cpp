@@ -1,5 +1,6 @@
-// korvane compile: compiles run entries into MX input without running it
-// (unless an engine is named), for checking what a file produces.
+// korvane compile: compiles run entries into MX lines, for checking what a
+// file produces. Model queries ask the same engine as a run; the embedded
+// engine undoes every change when it ends.
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
@@ -33,6 +34,7 @@ int runCompile(CompileOptions o) {
   const std::vector<std::string> entries = entriesFromWords(o.words);
   if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
   // The same engine as `korvane run`, so that model queries answer alike.
+  o.session.looking = true;
   auto session = Session::open(o.session, status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
@@ -91,7 +93,7 @@ int runCompile(CompileOptions o) {
   }
   if (stopped) {
     printError(stopped->message);
-    return 1;
+    return stopped->interrupted() ? kInterruptedStatus : 1;
   }
   return result;
 }

@@ -1,6 +1,8 @@
 // korvane run: runs entries through MX (or the embedded engine) as the Run
 // command does, with progress as it goes and a summary at the end. Also the
-// batch form `korvane ENTRY`, where the words make one run entry.
+// batch form `korvane ENTRY`, where the words make one run entry. A dry run
+// (--dry-run) runs on the embedded engine's models and undoes every change
+// at its end, and says what the run would have changed.
 #include "shell/run_command.h"
 
 #include <sys/stat.h>
@@ -10,9 +12,7 @@
 #endif
 
 #include <CLI/CLI.hpp>
-#include <atomic>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
@@ -30,14 +30,12 @@
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
 #include "shell/driver.h"
+#include "shell/model_changes.h"
 #include "shell/progress_meter.h"
 #include "shell/project_guard.h"
 
 namespace korvane::cli {
 namespace {
-
-std::atomic<bool> g_interrupted{false};
-extern "C" void onInterrupt(int) { g_interrupted = true; }
 
 void print(const std::string& cpText, bool newline = true) {
   std::fputs(toTerminal(cpText).c_str(), stdout);
@@ -160,8 +158,7 @@ bool sameModel(const ModelSummary& a, const ModelSummary& b) {
   return a.name == b.name && a.strings == b.strings && a.points == b.points;
 }
 
-void printSummary(const RunContext& ctx, const FolderState& before,
-                  const std::vector<ModelSummary>& modelsBefore) {
+void printModelsChanged(const RunContext& ctx, const std::vector<ModelSummary>& modelsBefore) {
   std::string changed;
   for (const auto& m : models(ctx.engine)) {
     bool same = false;
@@ -173,6 +170,20 @@ void printSummary(const RunContext& ctx, const FolderState& before,
                                    std::to_string(m.points)) +
                ")";
   }
+  print(ctx.messages.format(texts::cli::kSummaryModels, changed.empty() ? "-" : changed));
+}
+
+// What a dry run changed before its changes were undone.
+void printWouldChange(const RunContext& ctx, const std::optional<ModelsState>& before) {
+  const auto after = modelsState(ctx.engine);
+  if (!before || !after) return;  // a store that cannot be read: the run says why
+  const std::vector<std::string> lines = describeChanges(ctx.messages, *before, *after);
+  if (lines.empty()) return print(ctx.messages.text(texts::cli::kDryRunNoChange));
+  print(ctx.messages.text(texts::cli::kDryRunChanges));
+  for (const std::string& line : lines) print(line);
+}
+
+void printFilesWritten(const RunContext& ctx, const FolderState& before) {
   std::string files;
   for (const auto& [name, state] : folderState(ctx.projectFolder)) {
     auto it = before.find(name);
@@ -190,26 +201,28 @@ void printSummary(const RunContext& ctx, const FolderState& before,
     if (!files.empty()) files += ", ";
     files += name;
   }
-  print(ctx.messages.format(texts::cli::kSummaryModels, changed.empty() ? "-" : changed));
   print(ctx.messages.format(texts::cli::kSummaryFiles, files.empty() ? "-" : files));
 }
 
 struct RunOptions {
   std::vector<std::string> words;
   SessionOptions session;
-  bool saveOne = false, saveSep = false, keepScripts = false, warnings = false;
+  bool saveOne = false, saveSep = false, keepScripts = false, warnings = false, dryRun = false;
 };
 
 int runRun(RunOptions o, const std::vector<std::string>& entries) {
   int status = 0;
   if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
+  if (o.dryRun && o.session.engine == "mx") {
+    printError(cliText(texts::cli::kDryRunWithMx));
+    return 2;
+  }
+  o.session.looking = o.dryRun;
   auto session = Session::open(o.session, status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
 
   ctx.players = makeCadPlayers(*session->started.automation, CadOptions{o.keepScripts});
-  std::signal(SIGINT, onInterrupt);
-  ctx.interrupted = &g_interrupted;
 
   RunSettings settings = readRunSettings(ctx.settingsPath);
   if (o.saveOne) settings.saveOne = true;
@@ -221,15 +234,21 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
 
   const FolderState filesBefore = folderState(ctx.projectFolder);
   const auto modelsBefore = models(ctx.engine);
+  std::optional<ModelsState> stateBefore;
+  if (o.dryRun) stateBefore = modelsState(ctx.engine);
   std::unique_ptr<Warnings> warnings;
   if (o.warnings) warnings = std::make_unique<Warnings>(ctx);
   TerminalProgress progress(ctx, warnings.get());
   RunOutcome outcome = runEntries(ctx, entries, settings, &progress);
-  printSummary(ctx, filesBefore, modelsBefore);
+  if (o.dryRun)
+    printWouldChange(ctx, stateBefore);
+  else
+    printModelsChanged(ctx, modelsBefore);
+  printFilesWritten(ctx, filesBefore);
   if (outcome.stopped) {
     print(ctx.messages.format(texts::cli::kStopped, std::to_string(outcome.stoppedAt + 1)));
     printError(outcome.message);
-    return 1;
+    return outcome.interrupted ? kInterruptedStatus : 1;
   }
   print(ctx.messages.format(texts::cli::kDone, std::to_string(outcome.entriesRun)));
   return 0;
@@ -241,6 +260,7 @@ void addOptions(CLI::App* cmd, RunOptions& o) {
   cmd->add_flag("--save-sep", o.saveSep, cliText(texts::cli::kHelpSaveSeparate));
   cmd->add_flag("--keep-scripts", o.keepScripts, cliText(texts::cli::kHelpKeepScripts));
   addWarningsOption(cmd, o.warnings);
+  cmd->add_flag("--dry-run", o.dryRun, cliText(texts::cli::kHelpDryRun));
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "base/texts/cli_texts.h"
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
+#include "cli/interrupt_signal.h"
 #include "shell/driver.h"
 #include "shell/startup.h"
 
@@ -136,12 +137,15 @@ std::unique_ptr<Session> Session::open(const SessionOptions& options, int& statu
   startup.firstEntry = options.firstEntry;
   startup.requireProject = true;
   startup.language = fromTerminal(cliLanguage());
+  startup.looking = options.looking;
+  startup.interrupted = watchInterrupt();
   std::string error;
   if (!startUp(startup, s->started, s->ctx, error)) {
     printError(error);
     status = s->started.failureStatus;
     return nullptr;
   }
+  if (!s->started.note.empty()) printError(s->started.note);
   for (const std::string& preset : options.presets) {
     const std::string text = fromTerminal(preset);
     const std::size_t eq = text.find('=');

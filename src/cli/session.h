@@ -33,13 +33,15 @@ struct SessionOptions {
   std::vector<std::string> answers;
   std::string firstEntry;  // the run's first input file, absolute: its folder finds the project
   std::vector<std::string> presets;  // -D NAME=VALUE
+  bool looking = false;              // check, compile, a dry run: the models stay as they are
 };
 
 class Session {
  public:
   // Returns null after printing the reason (exit status in `status`).
   // The engine is the one named, else MX where Korvane.ini's MX classes are
-  // registered, else the embedded one.
+  // registered (unless only looking), else the embedded one. Ctrl-C stops
+  // the run (interrupt_signal.h).
   static std::unique_ptr<Session> open(const SessionOptions& options, int& status);
 
   Startup started;  // the project folder's hold, home paths and engine; let go last

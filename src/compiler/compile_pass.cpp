@@ -275,12 +275,13 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     ObservedFile observed(ctx.observers, found.fullName);
     std::string& line = storage.read;
     for (;;) {
-      if (ctx.interrupted && ctx.interrupted->load())
-        throw RuntimeFailure(texts::runtime::kInterrupted);
       call.rawLine.clear();  // a line the reader refuses has no text to show
       if (!call.readLine(line)) return;
       call.rawLine = line;
       noteWhere(in, call);
+      // Stopped from outside: at the line it would compile next.
+      if (ctx.interrupted && ctx.interrupted->load(std::memory_order_relaxed))
+        throw RuntimeFailure(texts::runtime::kInterrupted, ctx.save.inputName);
       ctx.observers.notify([&](CompileObserver& w) { w.lineRead(call.reader.lineNumber(), line); });
       if (!line.empty() && line[0] == '[') return;
       if (compileLine(call, line)) return;

@@ -67,11 +67,17 @@ std::string describeFailure(const Messages& messages, const CompileFailure& f) {
     }
     return m;
   }
-  std::string m = messages.text(texts::runtime::kTitle) + ": " + runtimeText(messages, f);
+  // An interruption is no error of the input: it has no title.
+  std::string m = f.key() == texts::runtime::kInterrupted
+                      ? std::string()
+                      : messages.text(texts::runtime::kTitle) + ": ";
+  m += runtimeText(messages, f);
   if (!f.file.empty())
     m += "\n" + messages.format(texts::runtime::kWhere, f.file, std::to_string(f.line));
   if (!f.lineText.empty())
     m += "\n" + messages.format(texts::runtime::kLineText, quotedText(f.lineText));
+  if (!f.mxLine.empty())
+    m += "\n" + messages.format(texts::diagnostics::kMxLine, quotedText(f.mxLine));
   m += describeTrail(messages, f.trail);
   return m;
 }

@@ -10,6 +10,7 @@
 #include "base/texts/status_bar_texts.h"
 #include "compiler/compile_internals.h"
 #include "compiler/extension/compile_failure.h"
+#include "compiler/failure_message.h"
 
 namespace korvane {
 namespace {
@@ -62,6 +63,21 @@ void removeSentinel(RunContext& ctx, const hosts::MxRunResult& failed) {
   mx.run("input", name);
   fs::removeFile(name);
   if (listing) fs::writeFileAtomic(failed.listing, *listing);
+}
+
+// A run stopped from outside: placed at the input line that wrote the MX line
+// the engine stopped before, else where the compile stood.
+RuntimeFailure interruptedRun(RunContext& ctx, const std::string& fullName, long mxLine) {
+  CompileInternals& in = internals(ctx);
+  RuntimeFailure f(texts::runtime::kInterrupted, ctx.save.inputName);
+  f.trail = in.sourceMap.chain(ctx.output.originOfLine(mxLine));
+  if (f.trail.empty()) f.trail = {{in.whereFile, in.whereLine}};
+  f.located = true;
+  f.file = f.trail.front().file;
+  f.line = f.trail.front().line;
+  f.lineText = inputLineText(f.file, f.line);
+  f.mxLine = fileLine(fullName, mxLine);
+  return f;
 }
 
 }  // namespace
@@ -134,6 +150,7 @@ void runCompiledOutput(RunContext& ctx) {
   hosts::MxRunResult result;
   if (ctx.engine) result = ctx.engine->configuration().run("input", name);
   ctx.status(ctx.text(texts::status_bar::kCompiling));
+  if (result.interrupted) throw interruptedRun(ctx, name, result.errorLine);
   bool sentinelLeft = ctx.engine && ctx.engine->configuration().modelExists(kSentinelModel);
   if (sentinelLeft || !result.ok()) {
     ctx.status(ctx.text(texts::status_bar::kMxFailed));

@@ -30,9 +30,10 @@ std::string nativeName(const std::string& name) { return korvane::fs::nativeText
 
 }  // namespace
 
-EmbeddedEngine::EmbeddedEngine(std::string folder, std::map<std::string, std::string> settings)
-    : folder_(std::move(folder)),
-      settings_(std::move(settings)),
+EmbeddedEngine::EmbeddedEngine(const EngineOptions& options)
+    : folder_(options.projectFolder),
+      settings_(options.settings),
+      interrupted_(options.interrupted),
       access_(inFolder(folder_, ModelStore::kFileName)),
       library_(access_) {}
 
@@ -42,9 +43,12 @@ std::unique_ptr<EmbeddedEngine> EmbeddedEngine::create(const EngineOptions& opti
     error = "the project folder \"" + options.projectFolder + "\" does not exist";
     return nullptr;
   }
-  std::unique_ptr<EmbeddedEngine> e(new EmbeddedEngine(options.projectFolder, options.settings));
+  std::unique_ptr<EmbeddedEngine> e(new EmbeddedEngine(options));
   try {
-    e->access_.get();  // a foreign or damaged store is refused here
+    if (options.looking)
+      e->access_.beginLooking();
+    else
+      e->access_.get();  // a foreign or damaged store is refused here
   } catch (const EngineError& refused) {
     error = refused.what();
     return nullptr;
@@ -138,7 +142,7 @@ MxRunResult EmbeddedEngine::execute(const std::string& name,
   MxRunResult r;
   r.listing = listingPath();
   try {
-    const RunRequest request{name, input(), folder_, importModel, importEach};
+    const RunRequest request{name, input(), folder_, importModel, importEach, interrupted_};
     Listing listing(nativeName(r.listing));
     ModelStore* store = nullptr;
     try {
@@ -148,7 +152,13 @@ MxRunResult EmbeddedEngine::execute(const std::string& name,
       throw;
     }
     RunScope scope(access_);
-    executeRun(*store, listing, request, currentModel_);
+    const RunEnd end = executeRun(*store, listing, request, currentModel_);
+    if (end.interrupted) {
+      r.error = name + ", line " + std::to_string(end.line) +
+                ": the run was interrupted and rolled back; the models are as they were before it";
+      r.errorLine = end.line;
+      r.interrupted = true;
+    }
   } catch (const SqliteError& e) {  // the store failed outside any record
     r.error = name + ": engine failure: " + e.what();
   } catch (const EngineError& e) {
@@ -339,6 +349,11 @@ std::int32_t EmbeddedEngine::parameter(std::string_view name, int group, std::st
 std::vector<ModelSummary> EmbeddedEngine::models() {
   ModelStore* store = access_.get();
   return store ? store->summaries() : std::vector<ModelSummary>{};
+}
+
+std::vector<ModelDigest> EmbeddedEngine::modelDigests() {
+  ModelStore* store = access_.get();
+  return store ? store->digests() : std::vector<ModelDigest>{};
 }
 
 EmbeddedEngine::Found EmbeddedEngine::requireModel(const std::string& model) {

@@ -8,6 +8,7 @@
 // memory, a broken invariant) are not answers about the models and pass.
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <map>
 #include <memory>
@@ -28,6 +29,12 @@ namespace korvane::engine {
 struct EngineOptions {
   std::string projectFolder;                    // the MX project folder, no trailing separator
   std::map<std::string, std::string> settings;  // "PrivateMacros", "ProjectMacros", "PublicMacros"
+  // Set from outside (Ctrl-C) to stop a run before its next line; the run is
+  // rolled back whole and its result says it was interrupted.
+  const std::atomic<bool>* interrupted = nullptr;
+  // Only looking: everything the engine's runs change is undone when it ends
+  // (StoreAccess::beginLooking), and the store is held against other runs.
+  bool looking = false;
 };
 
 class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxDataAccess {
@@ -82,6 +89,7 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
                            const std::string& target, const SectionRequest& request);
   // These throw EngineError, for a model or string that is not there too.
   std::vector<ModelSummary> models();
+  std::vector<ModelDigest> modelDigests();
   std::vector<StringRow> strings(const std::string& model);
   ModelString loadString(const std::string& model, const std::string& label);
   // The records a model keeps without computing with them.
@@ -99,7 +107,7 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
     StringRow string;
   };
 
-  EmbeddedEngine(std::string folder, std::map<std::string, std::string> settings);
+  explicit EmbeddedEngine(const EngineOptions& options);
   // The guard of the runs: reads the input, runs it, and turns an engine
   // error into the run's message.
   MxRunResult execute(const std::string& name, const std::optional<std::string>& importModel,
@@ -114,6 +122,7 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
 
   std::string folder_;
   std::map<std::string, std::string> settings_;
+  const std::atomic<bool>* interrupted_;
   StoreAccess access_;
   EmbeddedLibrary library_;
   std::string currentModel_;

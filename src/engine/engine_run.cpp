@@ -25,9 +25,13 @@ class RunLoop {
   RunLoop(ModelStore& store, Listing& listing, const RunRequest& request, std::string& currentModel)
       : run_{store, listing, request, currentModel} {}
 
-  void execute();
+  RunEnd execute();
 
  private:
+  bool interrupted() const {
+    return run_.request.interrupted && run_.request.interrupted->load(std::memory_order_relaxed);
+  }
+  RunEnd interrupt(const std::string& modelBefore);
   void line(const std::string& text);
   // True when the line was a data record of the string being read.
   bool pointLine(const std::string& text);
@@ -37,15 +41,18 @@ class RunLoop {
   void call(const RecordRow& row, std::string_view text);
   [[noreturn]] void stop(const std::string& reason);
 
+  std::optional<Transaction> whole_;  // the run; before run_, so that run_.tx ends first
   RunState run_;
 };
 
-void RunLoop::execute() {
+RunEnd RunLoop::execute() {
   Listing& listing = run_.listing;
   const RunRequest& request = run_.request;
   listing.text("Korvane embedded MX engine: run of " + request.inputName);
   listing.text("Model store: " + run_.store.path());
   listing.text("");
+  const std::string modelBefore = run_.currentModel;
+  whole_.emplace(run_.store.db());
   try {
     // The input of an import is the body of a GENIO block.
     if (request.importModel) {
@@ -54,6 +61,7 @@ void RunLoop::execute() {
     }
     for (const std::string& text : request.lines) {
       ++run_.lineNo;
+      if (interrupted()) return interrupt(modelBefore);
       line(text);
       if (run_.finished) break;
     }
@@ -66,8 +74,19 @@ void RunLoop::execute() {
   } catch (const EngineError& e) {
     stop(e.what());
   }
+  whole_->commit();
   listing.text("");
   listing.text(run_.finished ? "Run ended at FINISH, no errors." : "Run ended, no errors.");
+  return {};
+}
+
+RunEnd RunLoop::interrupt(const std::string& modelBefore) {
+  run_.tx.reset();
+  whole_.reset();  // rolls back everything the run did
+  run_.currentModel = modelBefore;
+  run_.listing.text("**** run interrupted before line " + std::to_string(run_.lineNo) +
+                    " and rolled back; the models are as they were before the run");
+  return {true, run_.lineNo};
 }
 
 void RunLoop::stop(const std::string& reason) {
@@ -90,6 +109,8 @@ void RunLoop::stop(const std::string& reason) {
     listing.text("**** " + run_.blockWord + " at line " + std::to_string(run_.blockLine) +
                  " rolled back; the models are as the major options before it left them");
   }
+  // Unless the failure ended the store's transaction itself.
+  if (run_.store.db().inTransaction()) whole_->commit();
   listing.text("**** run stopped at line " + std::to_string(lineNo));
   throw EngineError(reason, lineNo, std::move(record));
 }
@@ -248,9 +269,9 @@ void checkModelName(const std::string& name) {
                       " characters; \"" + excerpt(name) + "\" has " + std::to_string(name.size()));
 }
 
-void executeRun(ModelStore& store, Listing& listing, const RunRequest& request,
-                std::string& currentModel) {
-  RunLoop(store, listing, request, currentModel).execute();
+RunEnd executeRun(ModelStore& store, Listing& listing, const RunRequest& request,
+                  std::string& currentModel) {
+  return RunLoop(store, listing, request, currentModel).execute();
 }
 
 }  // namespace korvane::engine

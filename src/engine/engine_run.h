@@ -1,9 +1,11 @@
 // One run of Linemode input against the model store: the records of the
-// record table (linemode_records.h), line by line. Each major option is one
-// transaction. The first error stops the run at its line: the failing major
-// option is rolled back, every earlier one stays as it left the models.
+// record table (linemode_records.h), line by line. The run is one
+// transaction and each major option one inside it. The first error stops the
+// run at its line: the failing major option is rolled back, every earlier one
+// stays as it left the models. An interrupted run is rolled back whole.
 #pragma once
 
+#include <atomic>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,8 +25,16 @@ struct RunRequest {
   // Import into the models the GENIO records name, each its own: the lines
   // are read as by an import, but no block is open before the first GENIO.
   bool importEach = false;
+  // Set from outside (Ctrl-C) to stop the run before its next line.
+  const std::atomic<bool>* interrupted = nullptr;
 
   bool isImport() const { return importModel || importEach; }
+};
+
+// How a run ended without an error; `line` is the line it stopped before.
+struct RunEnd {
+  bool interrupted = false;
+  int line = 0;
 };
 
 // The models the GENIO major options of the lines name, each once (case
@@ -35,7 +45,7 @@ std::vector<std::string> genioModels(const std::vector<std::string>& lines);
 // it is listed, the major option in progress is rolled back, and an
 // EngineError leaves with the line and the record. `currentModel` follows the
 // GENIO and EDIT blocks opened.
-void executeRun(ModelStore& store, Listing& listing, const RunRequest& request,
-                std::string& currentModel);
+RunEnd executeRun(ModelStore& store, Listing& listing, const RunRequest& request,
+                  std::string& currentModel);
 
 }  // namespace korvane::engine

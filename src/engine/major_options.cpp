@@ -1,5 +1,5 @@
-// The major options, read between blocks: each is one transaction of the
-// store, GENIO and EDIT open a block that their 999 closes.
+// The major options, read between blocks: each is one transaction inside the
+// run's, GENIO and EDIT open a block that their 999 closes.
 #include <algorithm>
 #include <filesystem>
 

@@ -117,13 +117,17 @@ StringRow readStringRow(Statement& st) {
 // connection is never seen half done (nothing to do inside one's own run).
 class ModelStore::Reading {
  public:
-  explicit Reading(ModelStore& s) : lock_(*s.lock_) { lock_.lockRead(g_busyTimeoutMs); }
-  ~Reading() { lock_.unlockRead(); }
+  explicit Reading(ModelStore& s) : lock_(s.lock_.get()) {
+    if (lock_) lock_->lockRead(g_busyTimeoutMs);
+  }
+  ~Reading() {
+    if (lock_) lock_->unlockRead();
+  }
   Reading(const Reading&) = delete;
   Reading& operator=(const Reading&) = delete;
 
  private:
-  RunLock& lock_;
+  RunLock* lock_;  // none for a scratch store
 };
 
 void ModelStore::setBusyTimeout(int ms) { g_busyTimeoutMs = ms; }
@@ -138,6 +142,12 @@ ModelStore::ModelStore(std::unique_ptr<SqliteDb> db, std::string path)
 ModelStore::~ModelStore() { endRun(); }
 
 std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access access) {
+  if (access == Access::Scratch) {
+    auto db = std::make_unique<SqliteDb>(":memory:", SqliteDb::OpenMode::ReadWriteCreate);
+    checkSchema(*db, true, {});
+    db->exec("PRAGMA foreign_keys = ON");
+    return std::unique_ptr<ModelStore>(new ModelStore(std::move(db), path));
+  }
   std::error_code ec;
   if (access == Access::Query && !std::filesystem::exists(korvane::fs::pathOfNativeText(path), ec))
     return nullptr;
@@ -189,6 +199,7 @@ std::unique_ptr<ModelStore> ModelStore::open(const std::string& path, Access acc
 }
 
 void ModelStore::beginRun() {
+  if (!lock_) return;  // a scratch store: no one else sees it
   if (!lock_->lockRun(g_busyTimeoutMs)) throw EngineError(inUse(path_));
   removeStaleJournal();
 }
@@ -239,6 +250,37 @@ std::vector<ModelSummary> ModelStore::summaries() {
       "LEFT JOIN strings s ON s.model_id = m.id GROUP BY m.id ORDER BY m.name_key");
   std::vector<ModelSummary> out;
   while (st->step()) out.push_back({st->text(0), st->integer(1), st->integer(2)});
+  return out;
+}
+
+namespace {
+
+// FNV-1a: a run that changes a string changes its digest but by chance.
+void digestBytes(std::uint64_t& h, std::string_view bytes) {
+  for (unsigned char c : bytes) h = (h ^ c) * 0x100000001b3ULL;
+}
+
+}  // namespace
+
+std::vector<ModelDigest> ModelStore::digests() {
+  Reading reading(*this);
+  auto st = db_->cached(
+      "SELECT m.id, m.name, s.label, s.point_count, s.subref || ',' || s.dimension || ',' || "
+      "coalesce(s.level, ''), p.data FROM models m LEFT JOIN strings s ON s.model_id = m.id "
+      "LEFT JOIN points p ON p.string_id = s.id ORDER BY m.name_key, s.seq");
+  std::vector<ModelDigest> out;
+  std::int64_t model = 0;
+  while (st->step()) {
+    if (out.empty() || st->integer(0) != model) {
+      model = st->integer(0);
+      out.push_back({st->text(1), {}});
+    }
+    if (st->isNull(2)) continue;  // a model without strings
+    std::uint64_t h = 0xcbf29ce484222325ULL;
+    digestBytes(h, st->text(4));
+    digestBytes(h, st->blob(5));
+    out.back().strings.push_back({st->text(2), static_cast<std::int32_t>(st->integer(3)), h});
+  }
   return out;
 }
 

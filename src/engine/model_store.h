@@ -2,8 +2,8 @@
 // holding models, their strings in model order, and each string's points as
 // one BLOB (point_blob.h). The file is in WAL mode: a commit reaches the
 // operating system at once and the disk at the next checkpoint, so a killed
-// program loses nothing committed and a power failure at most the last major
-// options, never part of one. Runs are kept apart by the run lock beside the
+// program loses nothing committed and a power failure at most the last runs,
+// never part of one (a run is one transaction, engine_run.h). Runs are kept apart by the run lock beside the
 // store (run_lock.h): a run holds it from its start to its end, reads take it
 // shared.
 #pragma once
@@ -47,16 +47,30 @@ struct ModelSummary {
   std::int64_t points = 0;
 };
 
+// A model's strings in model order, each with a digest of all it holds, to
+// tell what a run changed.
+struct ModelDigest {
+  struct String {
+    std::string label;
+    std::int32_t points = 0;
+    std::uint64_t digest = 0;
+  };
+  std::string name;
+  std::vector<String> strings;
+};
+
 class ModelStore {
  public:
   static constexpr const char* kFileName = "korvane-models.db";
-  enum class Access { Query, Run };
+  enum class Access { Query, Run, Scratch };
 
   // Opens the store file at `path`. Run access creates the file when it is
   // missing and takes the run lock (see beginRun); Query access opens an
   // existing store only and returns null when there is none yet. A file that
   // is not a Korvane store of this schema version is refused (EngineError)
-  // and left untouched.
+  // and left untouched. Scratch access gives an empty store in memory that
+  // stands for a store not made yet and is gone when closed: nothing is
+  // written beside `path`, and it has no run lock.
   static std::unique_ptr<ModelStore> open(const std::string& path, Access access);
   // Milliseconds to wait for another connection's lock before giving up.
   static void setBusyTimeout(int ms);
@@ -80,6 +94,8 @@ class ModelStore {
   ModelRow createModel(std::string_view name);
   bool deleteModel(std::string_view name);
   std::vector<ModelSummary> summaries();
+  // Every model by name (in upper case).
+  std::vector<ModelDigest> digests();
 
   std::vector<StringRow> strings(std::int64_t modelId);
   std::optional<StringRow> findString(std::int64_t modelId, std::string_view label);

@@ -62,6 +62,8 @@ std::int64_t SqliteDb::lastInsertId() const { return sqlite3_last_insert_rowid(d
 
 int SqliteDb::changes() const { return sqlite3_changes(db_); }
 
+bool SqliteDb::inTransaction() { return sqlite3_get_autocommit(db_) == 0; }
+
 CachedStatement SqliteDb::cached(std::string_view sql) {
   auto it = cache_.find(sql);
   if (it == cache_.end())
@@ -175,16 +177,21 @@ std::string Statement::text(int col) const {
 
 // --- Transaction -------------------------------------------------------------
 
-Transaction::Transaction(SqliteDb& db, bool exclusive) : db_(db) {
-  db_.cached(exclusive ? "BEGIN EXCLUSIVE" : "BEGIN IMMEDIATE")->run();
+Transaction::Transaction(SqliteDb& db, bool exclusive) : db_(db), nested_(db.inTransaction()) {
+  db_.cached(nested_     ? "SAVEPOINT nested"
+             : exclusive ? "BEGIN EXCLUSIVE"
+                         : "BEGIN IMMEDIATE")
+      ->run();
 }
 
 Transaction::~Transaction() {
-  if (open_) sqlite3_exec(db_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  if (open_)
+    sqlite3_exec(db_.handle(), nested_ ? "ROLLBACK TO nested; RELEASE nested" : "ROLLBACK", nullptr,
+                 nullptr, nullptr);
 }
 
 void Transaction::commit() {
-  db_.cached("COMMIT")->run();
+  db_.cached(nested_ ? "RELEASE nested" : "COMMIT")->run();
   open_ = false;
 }
 

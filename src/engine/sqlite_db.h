@@ -96,6 +96,8 @@ class SqliteDb {
   // The first column of the first row of a query, as an integer.
   std::int64_t queryInt(std::string_view sql);
   std::int64_t lastInsertId() const;
+  // True while a transaction is open on the connection.
+  bool inTransaction();
   // Rows changed by the last INSERT, UPDATE or DELETE.
   int changes() const;
   // A statement prepared on first use and kept for the connection's life.
@@ -115,15 +117,20 @@ class SqliteDb {
   std::unordered_map<std::string, std::unique_ptr<Statement>, text::Hash, std::equal_to<>> cache_;
 };
 
-// Rolls back on destruction unless committed.
+// Rolls back on destruction unless committed. Inside a transaction already
+// open it is a savepoint of it: its commit keeps its changes in the
+// enclosing transaction, which decides whether they stay.
 class Transaction {
  public:
   explicit Transaction(SqliteDb& db, bool exclusive = false);
   ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
   void commit();
 
  private:
   SqliteDb& db_;
+  bool nested_;
   bool open_ = true;
 };
 

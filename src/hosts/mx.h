@@ -48,6 +48,8 @@ struct MxRunResult {
   std::string error;    // the engine's own message, empty on success
   std::string listing;  // full path of the run's listing, when the engine keeps one
   long errorLine = 0;   // the input line the engine refused (1-based), 0 when unknown
+  // Stopped from outside (Ctrl-C) before errorLine; nothing of the run was kept.
+  bool interrupted = false;
   bool ok() const { return error.empty(); }
 };
 

@@ -26,6 +26,8 @@ std::string entryFileSpec(const RunEntry& entry);
 struct Stopped {
   CompileFailure failure;
   std::string message;
+  // Stopped from outside (Ctrl-C, the Stop button), not by the input.
+  bool interrupted() const { return failure.key() == texts::runtime::kInterrupted; }
 };
 
 // Compiles and runs one entry; what stopped it, or nothing when it ran to its

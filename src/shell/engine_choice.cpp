@@ -38,7 +38,8 @@ std::unique_ptr<hosts::MxEngine> makeEngine(EngineKind kind, const EngineSetting
     case EngineKind::None:
       return std::make_unique<hosts::NullEngine>(s.projectFolder, s.settings);
     case EngineKind::Embedded:
-      return engine::EmbeddedEngine::create({s.projectFolder, s.settings}, error);
+      return engine::EmbeddedEngine::create({s.projectFolder, s.settings, s.interrupted, s.looking},
+                                            error);
     case EngineKind::Mx:
 #ifdef _WIN32
       return hosts::windows::makeMxEngine(hosts::windows::makeComAutomationSystem(),

@@ -2,6 +2,7 @@
 // or MX itself over its automation classes.
 #pragma once
 
+#include <atomic>
 #include <map>
 #include <memory>
 #include <string>
@@ -22,6 +23,8 @@ struct EngineSettings {
   std::string projectFolder;                    // the MX project folder, no trailing separator
   std::map<std::string, std::string> settings;  // "PrivateMacros", "ProjectMacros", "PublicMacros"
   std::string settingsFile;                     // Korvane.ini: MX's class and member names
+  const std::atomic<bool>* interrupted = nullptr;  // set from outside to stop a run
+  bool looking = false;  // the embedded engine undoes every change when it ends
 };
 
 // Creates an engine. Returns null with a reason in `error` when the kind

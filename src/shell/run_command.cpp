@@ -50,6 +50,7 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
     if (stopped) {
       outcome.stopped = true;
       outcome.stoppedAt = i;
+      outcome.interrupted = stopped->interrupted();
       outcome.message = stopped->message;
       break;
     }

@@ -32,6 +32,7 @@ RunSettings readRunSettings(const std::string& settingsFile);
 struct RunOutcome {
   std::size_t entriesRun = 0;  // entries that ran to their end
   bool stopped = false;
+  bool interrupted = false;   // stopped from outside
   std::size_t stoppedAt = 0;  // 0-based index of the entry that stopped the run
   std::string message;        // the stop message
 };

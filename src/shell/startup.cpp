@@ -69,6 +69,11 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
     error = ctx.messages.format(texts::cli::kEngineMissing, options.engine, "none|embedded|mx");
     return false;
   }
+  if (options.looking && kind == EngineKind::Mx && options.engine.empty()) {
+    kind = EngineKind::None;  // what MX runs cannot be undone
+    out.note = ctx.messages.text(texts::cli::kLookingWithoutMx);
+  }
+  ctx.interrupted = options.interrupted;
   std::string reason;
   std::string project;
   if (kind == EngineKind::Mx) {
@@ -116,7 +121,12 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
     error = ctx.messages.format(texts::cli::kBusy, project);
     return false;
   }
-  if (!out.engine) out.engine = makeEngine(kind, engineSettings(project, out.paths), reason);
+  if (!out.engine) {
+    EngineSettings settings = engineSettings(project, out.paths);
+    settings.interrupted = options.interrupted;
+    settings.looking = options.looking;
+    out.engine = makeEngine(kind, settings, reason);
+  }
   if (!out.engine) {
     error = ctx.messages.format(texts::cli::kEngineMissing, kEngineNames[static_cast<int>(kind)],
                                 reason);

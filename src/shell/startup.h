@@ -25,6 +25,12 @@ struct StartupOptions {
   std::string firstEntry;       // the run's first input file (absolute), or ""
   bool requireProject = false;  // refuse a model store in a folder that is no project
   std::string language;         // "" = the settings file's; "hu", "en" or a file's name
+  // Set from outside (Ctrl-C, a Stop button) to end the run at its next line
+  // or, inside the embedded engine, its next record.
+  const std::atomic<bool>* interrupted = nullptr;
+  // Only looking (check, compile, a dry run): the embedded engine undoes
+  // every change when it ends; MX, which cannot, is used only when named.
+  bool looking = false;
 };
 
 struct Startup {
@@ -37,6 +43,8 @@ struct Startup {
   // file or the command line; 1 when another run holds the project folder or
   // the engine cannot start here.
   int failureStatus = 0;
+  // A note for the user on what start-up chose (users' code page), or "".
+  std::string note;
 };
 
 // Fills `out` and sets the context's settings path, messages, language tables,

@@ -8,14 +8,15 @@ namespace korvane::window {
 std::unique_ptr<WindowSession> WindowSession::open(const StartupOptions& options,
                                                    std::string& error) {
   auto s = std::make_unique<WindowSession>();
-  if (!startUp(options, s->started_, s->ctx, error)) return nullptr;
+  StartupOptions stoppable = options;  // the Stop button reaches into the engine's runs too
+  stoppable.interrupted = &s->interrupted;
+  if (!startUp(stoppable, s->started_, s->ctx, error)) return nullptr;
   // The project folder is the one MX has current.
   const std::string project = s->started_.engine->project().currentFolder();
   if (!project.empty()) s->ctx.projectFolder = fs::withTrailingSeparator(project);
   s->logging_ = std::make_unique<LoggingEngine>(*s->started_.engine, s->log, s->ctx.messages);
   s->ctx.engine = s->logging_.get();
   s->ctx.log = [log = &s->log](const std::string& line) { log->add(line); };
-  s->ctx.interrupted = &s->interrupted;
   return s;
 }
 

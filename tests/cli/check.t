@@ -54,7 +54,7 @@ stdout:
   [1/1] Entry: <project>/inputs/rows.ipf
         MX run 1
   Models changed: "R1" (0 strings, 0 points)
-  Files written: korvane-engine.lst, tmpinput.txt
+  Files written: korvane-engine.lst, korvane-models.db, tmpinput.txt
   Finished: 1 entries run
 $ korvane run inputs/rows.ipf --warnings --lang en
 stdout:

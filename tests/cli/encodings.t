@@ -18,8 +18,8 @@ $ korvane run u.ipf --lang en
 stdout:
   [1/1] Entry: <project>/u.ipf
         MX run 1
-  Models changed: -
-  Files written: korvane-engine.lst, tmpinput.txt
+  Models changed: "ŐSZI ÜTEM" (0 strings, 0 points)
+  Files written: korvane-engine.lst, korvane-models.db, tmpinput.txt
   Finished: 1 entries run
 $ korvane models delete 'ŐSZI ÜTEM' --lang en
 stdout:

@@ -42,6 +42,7 @@ stdout:
     --save-sep                  Also keep the compiled MX input of each file
     --keep-scripts              Keep numbered copies of AutoCAD scripts and key-in files; go on without CAD
     --warnings                  Also report what looks wrong in the input (as korvane check does)
+    --dry-run                   Run on the models, then undo every change and show what the run would change
    (esc)
 $ korvane help nothing --lang en
 stderr:

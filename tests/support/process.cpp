@@ -150,6 +150,7 @@ int runProgram(const ProgramRun& run) {
     redirect(run.out, 1, O_WRONLY | O_CREAT | O_TRUNC);
     redirect(run.err, 2, O_WRONLY | O_CREAT | O_TRUNC);
     for (const auto& [k, v] : run.env) setenv(k.c_str(), v.c_str(), 1);
+    if (run.interruptWhen) signal(SIGINT, SIG_DFL);  // even where we were started ignoring it
     std::vector<char*> argv;
     for (const auto& a : run.argv) argv.push_back(const_cast<char*>(a.c_str()));
     argv.push_back(nullptr);
@@ -158,7 +159,12 @@ int runProgram(const ProgramRun& run) {
   }
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(run.timeoutSeconds);
   int status = 0;
+  bool interrupted = false;
   while (waitpid(child, &status, WNOHANG) == 0) {
+    if (run.interruptWhen && !interrupted && run.interruptWhen()) {
+      kill(child, SIGINT);
+      interrupted = true;
+    }
     if (std::chrono::steady_clock::now() > deadline) {
       kill(child, SIGKILL);
       waitpid(child, &status, 0);

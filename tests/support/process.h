@@ -2,6 +2,7 @@
 // same way on every system (no shell in between).
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -14,6 +15,9 @@ struct ProgramRun {
   std::map<std::string, std::string> env;  // added to the inherited environment
   std::string in, out, err;                // files; "" = the null device (out/err: discarded)
   int timeoutSeconds = 120;                // the program is killed after this
+  // Asked again and again while the program runs: once it answers true, the
+  // program gets Ctrl-C (SIGINT). Not on Windows.
+  std::function<bool()> interruptWhen;
 };
 
 // The program's exit status; -1 when it could not be started or was killed.

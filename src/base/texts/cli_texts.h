@@ -110,4 +110,18 @@ inline constexpr MessageKey kLabelSubcommandWord{"Cli", "l_SUBCOMMAND"};
 inline constexpr MessageKey kLabelSubcommandsWord{"Cli", "l_SUBCOMMANDS"};
 inline constexpr MessageKey kLabelRequired{"Cli", "l_REQUIRED"};
 
+// Looking without changing the models: check, compile and run --dry-run.
+inline constexpr MessageKey kLookingWithoutMx{"Cli", "looking_no_mx"};
+inline constexpr MessageKey kHelpDryRun{"Cli", "h_dryrun"};
+inline constexpr MessageKey kDryRunWithMx{"Cli", "dry_mx"};
+inline constexpr MessageKey kDryRunNoChange{"Cli", "dry_none"};
+inline constexpr MessageKey kDryRunChanges{"Cli", "dry_title"};
+inline constexpr MessageKey kDryRunModelCreated{"Cli", "dry_created"};
+inline constexpr MessageKey kDryRunModelDeleted{"Cli", "dry_deleted"};
+inline constexpr MessageKey kDryRunModelChanged{"Cli", "dry_changed"};
+inline constexpr MessageKey kDryRunStringCreated{"Cli", "dry_string_created"};
+inline constexpr MessageKey kDryRunStringDeleted{"Cli", "dry_string_deleted"};
+inline constexpr MessageKey kDryRunStringChanged{"Cli", "dry_string_changed"};
+inline constexpr MessageKey kDryRunPointCounts{"Cli", "dry_counts"};
+
 }  // namespace korvane::texts::cli
