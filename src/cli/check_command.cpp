@@ -32,7 +32,7 @@ int runCheck(CheckOptions o) {
     stopped = ApplyOneFile(ctx, entry);
     warnings.print();
     if (stopped) {
-      printError(stopped->message);
+      printError(stopped->shown());
       break;
     }
   }

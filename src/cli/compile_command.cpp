@@ -90,7 +90,7 @@ int runCompile(CompileOptions o) {
     }
   }
   if (stopped) {
-    printError(stopped->message);
+    printError(stopped->shown());
     return 1;
   }
   return result;

@@ -228,7 +228,7 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
   printSummary(ctx, filesBefore, modelsBefore);
   if (outcome.stopped) {
     print(ctx.messages.format(texts::cli::kStopped, std::to_string(outcome.stoppedAt + 1)));
-    printError(outcome.message);
+    printError(outcome.shown);
     return 1;
   }
   print(ctx.messages.format(texts::cli::kDone, std::to_string(outcome.entriesRun)));

@@ -96,7 +96,21 @@ bool TerminalPrompt::ask(const std::string& title, const std::string& prompt, st
 
 std::vector<std::string> entriesFromWords(const std::vector<std::string>& words) {
   std::vector<std::string> entries;
-  for (const auto& raw : words) entries.push_back(absoluteRunEntry(fromTerminal(raw)));
+  std::string typed;  // the entry before, as typed
+  for (const auto& raw : words) {
+    const std::string word = fromTerminal(raw);
+    const std::string label = entries.empty() ? "" : forgottenBrackets(entries.back(), word);
+    if (label.empty()) {
+      entries.push_back(absoluteRunEntry(word));
+      typed = parseRunEntry(word).path;
+      continue;
+    }
+    // "road.ipf main" is "road.ipf [main]"; "road.ipf [a] b" runs [a], then [b].
+    const RunEntry before = parseRunEntry(entries.back());
+    printError(cliMessages().format(texts::cli::kBracketless, typed, word));
+    if (before.section.empty()) entries.pop_back();
+    entries.push_back(before.path + " " + label);
+  }
   return entries;
 }
 

@@ -160,6 +160,18 @@ void locate(CompileFailure& f, const CompileCall& call) {
   f.trail = internals(call.ctx).sourceMap.chainHere();
 }
 
+// Places a failure of opening a file at the line that inserted it: the place
+// of the file's caller (none for a run entry).
+void locateAtCaller(CompileFailure& f, SourceMap& sources) {
+  f.located = true;
+  std::vector<SourcePlace> chain = sources.chainHere();
+  if (chain.size() < 2) return;
+  chain.erase(chain.begin());
+  f.file = chain.front().file;
+  f.line = chain.front().line;
+  f.trail = std::move(chain);
+}
+
 using Reentry = CompileInternals::CallStorage::Reentry;
 
 // Notes where a call's first line to compile begins, for the next call at its
@@ -236,7 +248,9 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     label = fileSpec.substr(b);
     call.name = text::rtrim(fileSpec.substr(0, b));
   }
-  const std::string& name = call.name.empty() ? currentFile : call.name;
+  // A section of the current file: a section it inserts is in the same file.
+  if (call.name.empty()) call.name = currentFile;
+  const std::string& name = call.name;
   if (in.depth > kMaxCompileDepth)
     throw RuntimeFailure(texts::runtime::kInsertsTooDeep, std::to_string(kMaxCompileDepth), name);
 
@@ -252,8 +266,11 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   const FoundFile& found = reentering ? *again.found : findInputFile(ctx, name, baseFolder);
   if (reentering)
     call.reader.reopen(found.fullName, again.held, again.start);
-  else if (!found.found || !call.reader.open(found.fullName, &in.sources))
-    throw StopMessage(texts::messages::kFileNotFound, found.shownName);
+  else if (!found.found || !call.reader.open(found.fullName, &in.sources)) {
+    StopMessage missing(texts::messages::kFileNotFound, found.shownName);
+    missing.searched = searchPlaces(ctx, name, baseFolder);
+    throw missing;  // the caller adds the place of the insert
+  }
   call.folder = found.folder;
   // A repeated part is read once a pass; `count` has just been set to the pass.
   const long pass =
@@ -264,7 +281,10 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     if (!reentering) {
       if (!label.empty() && !seekLine(call, label)) {
         ctx.observers.notify([&](CompileObserver& w) { w.sectionMissing(found.fullName, label); });
-        throw StopMessage(texts::messages::kSectionNotFound, found.shownName, label);
+        StopMessage missing(texts::messages::kSectionNotFound, found.shownName, label);
+        missing.searchedFile = found.fullName;
+        locateAtCaller(missing, in.sourceMap);
+        throw missing;
       }
       const char* seek = mode == CompileMode::Repeating  ? "repeat"
                          : mode == CompileMode::Trailing ? "endrepeat"

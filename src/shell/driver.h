@@ -26,6 +26,10 @@ std::string entryFileSpec(const RunEntry& entry);
 struct Stopped {
   CompileFailure failure;
   std::string message;
+  // Lines that help find what is missing (the insert's place, the folders
+  // searched, the closest name); shown after the message where there is room.
+  std::string details;
+  std::string shown() const { return details.empty() ? message : message + "\n" + details; }
 };
 
 // Compiles and runs one entry; what stopped it, or nothing when it ran to its

@@ -4,6 +4,13 @@
 
 namespace korvane {
 
+std::string labelName(const std::string& label) {
+  std::string name = label;
+  if (!name.empty() && name.front() == '[') name.erase(0, 1);
+  if (std::size_t close = name.find(']'); close != std::string::npos) name.resize(close);
+  return name;
+}
+
 std::vector<std::string> sectionsOf(std::string_view text) {
   std::vector<std::string> names;
   std::size_t pos = 0;

@@ -51,6 +51,7 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
       outcome.stopped = true;
       outcome.stoppedAt = i;
       outcome.message = stopped->message;
+      outcome.shown = stopped->shown();
       break;
     }
     ++outcome.entriesRun;

@@ -34,6 +34,7 @@ struct RunOutcome {
   bool stopped = false;
   std::size_t stoppedAt = 0;  // 0-based index of the entry that stopped the run
   std::string message;        // the stop message
+  std::string shown;          // the stop message with the lines that help (Stopped::shown)
 };
 
 RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,

@@ -50,6 +50,8 @@ stdout:
   Stopped at entry 1
 stderr:
   File not found: missing.ipm (not in the input's folder, the project folder or the macro folders)
+  <project>/bad.ipf, line 3
+  searched: <project>, <project>/inputs, */data/macros (glob)
 exit 1
 missing korvane-models.db-journal
 missing korvane-models.db-wal
