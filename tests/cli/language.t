@@ -28,11 +28,8 @@ stdout:
   Arguments:
     ENTRY TEXT ... (required)   Input file, optionally followed by [section]
 
-  Options:
-    -h,--help                   Show this help
-
-
   OPTIONS:
+    -h,--help                   Show this help
     --project TEXT              MX project folder (default: the folder of the first entry, above it when that is inputs)
     --home TEXT                 Folder of Korvane.ini and the language files
     --engine TEXT               embedded, mx or none
@@ -43,6 +40,17 @@ stdout:
     --keep-scripts              Keep numbered copies of AutoCAD scripts and key-in files; go on without CAD
     --warnings                  Also report what looks wrong in the input (as korvane check does)
    (esc)
+# A language or home folder that cannot be used is named with what is
+# accepted, in the settings file's language.
+$ korvane --lang xx help
+stderr:
+  korvane: Ismeretlen nyelv: xx (hu vagy en lehet)
+exit 2
+$ KORVANE_LANG=en korvane --home <project>/nohome help
+stderr:
+  korvane: <project>/nohome holds no Korvane.ini: --home takes the folder of Korvane.ini and the language files
+exit 2
+
 $ korvane help nothing --lang en
 stderr:
   korvane: There is no command nothing
@@ -55,3 +63,10 @@ stderr:
   See: korvane help [COMMAND]
 exit 2
 missing tmpinput.txt
+
+# Options before the command word mean what they mean after it.
+write w.ipf
+  crea,|w|
+$ korvane -D w=5 --lang en compile w.ipf --engine none
+stdout: (crlf)
+  crea,5

@@ -30,6 +30,8 @@ inline constexpr MessageKey kNoEntry{"Cli", "no_entry"};
 inline constexpr MessageKey kDidYouMean{"Cli", "did_you_mean"};
 inline constexpr MessageKey kNoSections{"Cli", "no_sections"};
 inline constexpr MessageKey kBracketless{"Cli", "bracketless"};
+inline constexpr MessageKey kBadLanguage{"Cli", "bad_lang"};
+inline constexpr MessageKey kBadHome{"Cli", "bad_home"};
 inline constexpr MessageKey kArgRequired{"Cli", "arg_required"};
 inline constexpr MessageKey kArgCommand{"Cli", "arg_command"};
 inline constexpr MessageKey kArgExtra{"Cli", "arg_extra"};
