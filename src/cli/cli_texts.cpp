@@ -60,6 +60,13 @@ void loadCliTexts(const std::vector<std::string>& words) {
                     : t.messages.format(texts::cli::kBadLanguage, fromTerminal(language));
 }
 
+std::string modelCounts(const Messages& messages, long strings, long points) {
+  return messages.format(
+      texts::cli::kModelCounts,
+      countText(messages, strings, texts::cli::kStringsOne, texts::cli::kStrings),
+      countText(messages, points, texts::cli::kPointsOne, texts::cli::kPoints));
+}
+
 std::string cliText(MessageKey key, const std::string& a1, const std::string& a2) {
   return toTerminal(cliMessages().format(key, a1, a2));
 }

@@ -21,6 +21,9 @@ const Messages& cliMessages();
 // Why the language or home folder asked for cannot be used ("" when they can),
 // in the language of the settings file where there is one.
 const std::string& cliTextsError();
+// "N strings, M points" of a model.
+std::string modelCounts(const Messages& messages, long strings, long points);
+
 // A text for the terminal (UTF-8 outside Windows).
 std::string cliText(MessageKey key, const std::string& a1 = {}, const std::string& a2 = {});
 

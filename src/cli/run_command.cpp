@@ -46,8 +46,9 @@ void print(const std::string& cpText, bool newline = true) {
 }
 
 // Progress on standard output: the entry, then on a terminal one live line
-// (where the compile stands, lines compiled, MX runs) redrawn a few times a
-// second; elsewhere a plain line now and then and one for each MX run.
+// (where the compile stands, lines compiled, MX runs and what asked for the
+// last) redrawn a few times a second, elsewhere a plain line now and then;
+// at the entry's end one line of its counts and what asked for its MX runs.
 class TerminalProgress final : public RunProgress {
  public:
   TerminalProgress(RunContext& ctx, Warnings* warnings)
@@ -64,15 +65,10 @@ class TerminalProgress final : public RunProgress {
     print("[" + std::to_string(i + 1) + "/" + std::to_string(n) + "] " +
           ctx_.messages.format(texts::cli::kEntry, entry));
   }
-  void engineRun(std::size_t, int run) override {
-    meter_.engineRun(run);
-    if (!tty_) print("      " + ctx_.messages.format(texts::cli::kMxRun, std::to_string(run)));
-  }
+  void engineRun(std::size_t, const EngineRunCause& run) override { meter_.engineRun(run); }
   void entryFinished(std::size_t, bool) override {
-    if (open_) {
-      show(meter_.text());  // the counts the entry ended with
-      print("");
-    }
+    // The counts the entry ended with, over the live line.
+    print((open_ ? "\r      " : "      ") + meter_.summary() + (open_ ? "\x1b[K" : ""));
     open_ = false;
     if (warnings_) warnings_->print();
   }
@@ -168,10 +164,7 @@ void printSummary(const RunContext& ctx, const FolderState& before,
     for (const auto& b : modelsBefore) same = same || sameModel(b, m);
     if (same) continue;
     if (!changed.empty()) changed += ", ";
-    changed += "\"" + m.name + "\" (" +
-               ctx.messages.format(texts::cli::kModelCounts, std::to_string(m.strings),
-                                   std::to_string(m.points)) +
-               ")";
+    changed += "\"" + m.name + "\" (" + modelCounts(ctx.messages, m.strings, m.points) + ")";
   }
   std::string files;
   for (const auto& [name, state] : folderState(ctx.projectFolder)) {
@@ -231,7 +224,8 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
     printError(outcome.shown);
     return 1;
   }
-  print(ctx.messages.format(texts::cli::kDone, std::to_string(outcome.entriesRun)));
+  print(countText(ctx.messages, static_cast<long>(outcome.entriesRun), texts::cli::kDoneOne,
+                  texts::cli::kDone));
   return 0;
 }
 

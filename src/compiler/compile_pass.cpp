@@ -101,7 +101,7 @@ void prepare(CompileCall& call, DirectiveCall& d, const std::string& keyword,
              const Preparation& p) {
   RunContext& ctx = call.ctx;
   if (p.announce) ctx.output.writeLine("   " + ctx.messages.format(*p.announce, d.argument(1)));
-  if (p.flushFirst) flushAndRun(ctx);
+  if (p.flushFirst) flushAndRun(ctx, keyword);
   if (p.readKeywordText) d.setKeywordText(call.readKeywordText());
   if (p.defaults != DefaultBlock::None) {
     ctx.observers.notify([](CompileObserver& w) { w.defaultBlockOpening(); });
@@ -145,7 +145,7 @@ bool compileLine(CompileCall& call, const std::string& raw) {
     writePlainLine(ctx, line);
     return false;
   }
-  DirectiveCall d(call, line);
+  DirectiveCall d(call, line, row->keyword);
   prepare(call, d, std::string(keyword), row->preparation);
   return row->handler(d) == DirectiveResult::EndCall;
 }
@@ -215,8 +215,8 @@ std::string CompileCall::readKeywordText() {
   return result + ",";
 }
 
-DirectiveCall::DirectiveCall(CompileCall& call, std::string line)
-    : call_(call), line_(std::move(line)), context_(call.ctx) {
+DirectiveCall::DirectiveCall(CompileCall& call, std::string line, std::string_view keyword)
+    : call_(call), line_(std::move(line)), context_(call.ctx, keyword) {
   const CompileInternals& in = internals(call.ctx);
   const auto& fields = in.fields;
   used_ = static_cast<int>(std::min(fields.size(), in.fieldsUsed));

@@ -41,7 +41,7 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
         ctx.projectFolder + settings.separatePrefix + fs::splitName(file).base + ".inp";
     if (save.separate && startedSeparate.insert(save.separatePath).second)
       fs::removeFile(save.separatePath);
-    ctx.onEngineRun = [&](int run) {
+    ctx.onEngineRun = [&](const EngineRunCause& run) {
       if (progress) progress->engineRun(i, run);
     };
     const std::optional<Stopped> stopped = ApplyOneFile(ctx, entries[i]);

@@ -15,7 +15,7 @@ class RunProgress {
  public:
   virtual ~RunProgress() = default;
   virtual void entryStarted(std::size_t index, std::size_t total, const std::string& entry) {}
-  virtual void engineRun(std::size_t index, int run) {}
+  virtual void engineRun(std::size_t index, const EngineRunCause& run) {}
   virtual void entryFinished(std::size_t index, bool ok) {}
 };
 
