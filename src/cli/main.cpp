@@ -27,7 +27,7 @@ namespace {
 using korvane::MessageKey;
 namespace texts = korvane::texts;
 
-const char* const kCommands[] = {"compile", "run", "check", "sections", "models", "help"};
+const char* const kCommands[] = {"compile", "run", "check", "sections", "models", "deps", "help"};
 
 bool isCommand(const std::string& word) {
   for (const char* c : kCommands)
@@ -150,6 +150,7 @@ int main(int argc, char** argv) {
   addCheckCommand(app);
   addRunCommand(app);
   addSectionsCommand(app);
+  addDepsCommand(app);
   addModelsCommand(app);
   std::vector<std::string> helpTopic;
   auto* help = app.add_subcommand("help", cliText(texts::cli::kHelpHelpCommand));

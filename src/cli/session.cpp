@@ -135,6 +135,8 @@ void addSessionOptions(CLI::App* cmd, SessionOptions& session) {
   cmd->add_option("--answer", session.answers, cliText(texts::cli::kHelpAnswer));
   cmd->add_option("-D,--define", session.presets, cliText(texts::cli::kHelpDefine))
       ->allow_extra_args(false);
+  cmd->add_option("-I,--include", session.macroFolders, cliText(texts::cli::kHelpInclude))
+      ->allow_extra_args(false);
 }
 
 void addWarningsOption(CLI::App* cmd, bool& warnings) {
@@ -167,6 +169,8 @@ std::unique_ptr<Session> Session::open(const SessionOptions& options, int& statu
     }
     s->ctx.presets.emplace_back(name, text.substr(eq + 1));
   }
+  for (const std::string& folder : options.macroFolders)
+    s->ctx.extraMacroFolders.push_back(fs::absolute(fromTerminal(folder)));
   s->prompt = std::make_unique<TerminalPrompt>(options.answers);
   s->ctx.prompt = s->prompt.get();
   s->ctx.log = [](const std::string& line) { printError(line); };

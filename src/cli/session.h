@@ -32,7 +32,8 @@ struct SessionOptions {
   std::string engine;  // "" = the command's default
   std::vector<std::string> answers;
   std::string firstEntry;  // the run's first input file, absolute: its folder finds the project
-  std::vector<std::string> presets;  // -D NAME=VALUE
+  std::vector<std::string> presets;       // -D NAME=VALUE
+  std::vector<std::string> macroFolders;  // -I DIR
 };
 
 class Session {

@@ -286,6 +286,8 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
         locateAtCaller(missing, in.sourceMap);
         throw missing;
       }
+      if (!label.empty())
+        ctx.observers.notify([&](CompileObserver& w) { w.sectionFound(found.fullName, label); });
       const char* seek = mode == CompileMode::Repeating  ? "repeat"
                          : mode == CompileMode::Trailing ? "endrepeat"
                                                          : nullptr;

@@ -48,6 +48,7 @@ std::vector<std::string> searchPlaces(const RunContext& ctx, const std::string& 
   if (searchedName(parts).ends_with(".ipm")) {
     places.push_back(ctx.projectMacros());
     places.push_back(ctx.privateMacros());
+    places.insert(places.end(), ctx.extraMacroFolders.begin(), ctx.extraMacroFolders.end());
   }
   return places;
 }

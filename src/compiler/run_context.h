@@ -96,6 +96,9 @@ struct RunEnvironment {
   std::function<void(const EngineRunCause&)> onEngineRun;  // MX runs of the entry, for progress
   // Variables set before every entry (name, value), as the user gave them.
   std::vector<std::pair<std::string, std::string>> presets;
+  // Folders named with -I: searched for a macro file after every place the
+  // language searches, so that no file found there before changes.
+  std::vector<std::string> extraMacroFolders;
 
   // Macro folders asked of MX (empty when it has none).
   std::string projectMacros() const;

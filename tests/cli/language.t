@@ -35,6 +35,7 @@ stdout:
     --engine TEXT               embedded, mx or none
     --answer TEXT ...           Answer to an input() question, in order
     -D,--define TEXT ...        Set a variable before each entry: NAME=VALUE
+    -I,--include TEXT ...       Also look for macro files in DIR, after every place the language searches
     --save-one                  Also keep all compiled MX input in one file
     --save-sep                  Also keep the compiled MX input of each file
     --keep-scripts              Keep numbered copies of AutoCAD scripts and key-in files; go on without CAD
