@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
   RunContext ctx;
   project.prepare(ctx, engine);
   int runs = 0;
-  ctx.onEngineRun = [&](int run) { runs = run; };
+  ctx.onEngineRun = [&](const korvane::EngineRunCause& run) { runs = run.number; };
 
   auto t0 = std::chrono::steady_clock::now();
   const std::optional<Stopped> stopped = ApplyOneFile(ctx, project.path("main.ipf"));

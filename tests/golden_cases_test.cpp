@@ -227,7 +227,9 @@ struct CaseRun : InputPrompt, RunProgress, StatusSink {
   void entryStarted(std::size_t i, std::size_t, const std::string&) override {
     note("entry " + std::to_string(i + 1));
   }
-  void engineRun(std::size_t, int run) override { note("MX run " + std::to_string(run)); }
+  void engineRun(std::size_t, const EngineRunCause& run) override {
+    note("MX run " + std::to_string(run.number));
+  }
   void status(const std::string& text) override { note("status: " + text); }
   bool ask(const std::string&, const std::string& prompt, std::string& answer) override {
     note("ask: " + shown(prompt, folder));

@@ -34,4 +34,8 @@ std::string Messages::format(MessageKey key, std::string_view a1, std::string_vi
   return out;
 }
 
+std::string countText(const Messages& messages, long n, MessageKey one, MessageKey many) {
+  return messages.format(n == 1 ? one : many, std::to_string(n));
+}
+
 }  // namespace korvane

@@ -23,6 +23,9 @@ class Messages {
   std::string file_;
 };
 
+// A count with its noun: the `one` text for 1, the `many` text otherwise.
+std::string countText(const Messages& messages, long n, MessageKey one, MessageKey many);
+
 // Replaces every occurrence of `what` in `text` by `by`.
 std::string replaceAll(std::string text, std::string_view what, std::string_view by);
 

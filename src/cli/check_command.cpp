@@ -34,7 +34,7 @@ int runCheck(CheckOptions o) {
     stopped = ApplyOneFile(ctx, entry);
     warnings.print();
     if (stopped) {
-      printError(stopped->message);
+      printError(stopped->shown());
       if (stopped->interrupted()) return kInterruptedStatus;
       break;
     }

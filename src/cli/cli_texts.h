@@ -18,6 +18,10 @@ const std::string& cliHome();
 // give; without a language file the texts are empty.
 void loadCliTexts(const std::vector<std::string>& words);
 const Messages& cliMessages();
+// Why the language or home folder asked for cannot be used ("" when they can),
+// in the language of the settings file where there is one.
+const std::string& cliTextsError();
+
 // A text for the terminal (UTF-8 outside Windows).
 std::string cliText(MessageKey key, const std::string& a1 = {}, const std::string& a2 = {});
 

@@ -16,6 +16,7 @@ void addCompileCommand(CLI::App& app);
 void addModelsCommand(CLI::App& app);
 void addRunCommand(CLI::App& app);
 void addSectionsCommand(CLI::App& app);
+void addDepsCommand(CLI::App& app);
 
 struct SessionOptions;
 

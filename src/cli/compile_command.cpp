@@ -26,6 +26,7 @@ struct CompileOptions {
   SessionOptions session;
   std::string output;
   std::string varsFile;
+  bool dumpVars = false;
   bool warnings = false;
 };
 
@@ -83,16 +84,17 @@ int runCompile(CompileOptions o) {
     result = 1;
   }
 
+  std::string text;
+  for (const auto& item : ctx.vars.viewerItems()) text += item + "\r\n";
+  if (o.dumpVars) std::cout << toTerminal(text) << std::flush;
   if (!o.varsFile.empty()) {
-    std::string text;
-    for (const auto& item : ctx.vars.viewerItems()) text += item + "\r\n";
     if (!fs::writeFileAtomic(fromTerminal(o.varsFile), text)) {
       printError(ctx.messages.format(texts::runtime::kCannotWrite, fromTerminal(o.varsFile)));
       result = 1;
     }
   }
   if (stopped) {
-    printError(stopped->message);
+    printError(stopped->shown());
     return stopped->interrupted() ? kInterruptedStatus : 1;
   }
   return result;
@@ -107,6 +109,7 @@ void addCompileCommand(CLI::App& app) {
   addSessionOptions(cmd, o->session);
   cmd->add_option("-o,--output", o->output, cliText(texts::cli::kHelpOutput));
   cmd->add_option("--vars", o->varsFile, cliText(texts::cli::kHelpVars));
+  cmd->add_flag("--dumpvars", o->dumpVars, cliText(texts::cli::kHelpDumpVars));
   addWarningsOption(cmd, o->warnings);
   cmd->callback([o] { setExitCode(runCompile(*o)); });
 }

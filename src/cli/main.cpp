@@ -1,5 +1,6 @@
 // korvane: the command-line front end.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -26,7 +27,7 @@ namespace {
 using korvane::MessageKey;
 namespace texts = korvane::texts;
 
-const char* const kCommands[] = {"compile", "run", "check", "sections", "models", "help"};
+const char* const kCommands[] = {"compile", "run", "check", "sections", "models", "deps", "help"};
 
 bool isCommand(const std::string& word) {
   for (const char* c : kCommands)
@@ -50,6 +51,39 @@ std::vector<std::string> joinSectionWords(const std::vector<std::string>& args) 
     }
   }
   return {words.rbegin(), words.rend()};  // the parser takes them last first
+}
+
+// Whether an option word takes the next word as its value ("-D", not "-Dw=5"
+// or a flag), in the program or any of its commands.
+bool takesValue(const CLI::App& app, const std::string& word) {
+  if (word.size() < 2 || word[0] != '-' || word.find('=') != std::string::npos) return false;
+  if (word[1] != '-' && word.size() > 2) return false;
+  if (const CLI::Option* o = app.get_option_no_throw(word)) return o->get_items_expected_min() > 0;
+  for (const CLI::App* sub : app.get_subcommands([](const CLI::App*) { return true; }))
+    if (takesValue(*sub, word)) return true;
+  return false;
+}
+
+// Options mean the same before the command word as after it: the words
+// before it go to the end, where the command reads its own options and
+// passes the program's on.
+std::vector<std::string> commandWordFirst(const CLI::App& app, std::vector<std::string> args) {
+  for (std::size_t i = 0; i < args.size(); ++i) {
+    if (isCommand(args[i])) {
+      std::rotate(args.begin(), args.begin() + static_cast<std::ptrdiff_t>(i), args.end());
+      break;
+    }
+    if (!args[i].empty() && args[i][0] != '-') break;  // a word of no option: no command here
+    if (takesValue(app, args[i])) ++i;
+  }
+  return args;
+}
+
+// Every option of every help screen under one heading.
+void oneOptionsGroup(CLI::App& app, const std::string& group) {
+  for (CLI::Option* o : app.get_options()) o->group(group);
+  for (CLI::App* sub : app.get_subcommands([](CLI::App*) { return true; }))
+    oneOptionsGroup(*sub, group);
 }
 
 // The argument error in the chosen language: CLI11 names the option or word
@@ -85,6 +119,10 @@ int main(int argc, char** argv) {
   using namespace korvane::cli;
   const std::vector<std::string> args(argv + 1, argv + argc);
   loadCliTexts(args);
+  if (!cliTextsError().empty()) {
+    std::cerr << "korvane: " << toTerminal(cliTextsError()) << std::endl;
+    return 2;
+  }
 
   CLI::App app{cliText(texts::cli::kHelpApp)};
   app.set_help_flag("-h,--help", cliText(texts::cli::kHelpHelp));
@@ -104,8 +142,6 @@ int main(int argc, char** argv) {
     const std::string text = cliText(key);
     if (!text.empty()) fmt->label(label, text);
   }
-  if (!cliText(texts::cli::kLabelOptions).empty())
-    app.option_defaults()->group(cliText(texts::cli::kLabelOptions));
   std::string lang;
   app.add_option("--lang", lang, cliText(texts::cli::kHelpLang))->envname("KORVANE_LANG");
   app.fallthrough();
@@ -114,16 +150,18 @@ int main(int argc, char** argv) {
   addCheckCommand(app);
   addRunCommand(app);
   addSectionsCommand(app);
+  addDepsCommand(app);
   addModelsCommand(app);
   std::vector<std::string> helpTopic;
   auto* help = app.add_subcommand("help", cliText(texts::cli::kHelpHelpCommand));
   help->add_option("COMMAND", helpTopic, cliText(texts::cli::kHelpTopic));
   std::string home;  // read before parsing (cliHome); taken here so that it is no stray word
   help->add_option("--home", home, cliText(texts::cli::kHelpHome));
+  oneOptionsGroup(app, cliText(texts::cli::kLabelOptions));
 
   if (!args.empty() && !isCommand(args[0]) && args[0][0] != '-') return runBatch(args);
   try {
-    app.parse(joinSectionWords(args));
+    app.parse(joinSectionWords(commandWordFirst(app, args)));
   } catch (const CLI::CallForHelp& e) {
     return app.exit(e);
   } catch (const CLI::CallForAllHelp& e) {

@@ -17,6 +17,7 @@
 #include "cli/session.h"
 #include "engine/embedded_engine.h"
 #include "engine/genio_records.h"
+#include "shell/model_changes.h"
 #include "shell/home.h"
 #include "shell/startup.h"
 
@@ -195,8 +196,7 @@ std::string counts(EmbeddedEngine& e, const std::string& model) {
   const std::vector<engine::StringRow> rows = e.strings(model);
   long points = 0;
   for (const auto& r : rows) points += r.pointCount;
-  return messages().format(texts::cli::kModelCounts, std::to_string(rows.size()),
-                           std::to_string(points));
+  return modelCounts(messages(), static_cast<long>(rows.size()), points);
 }
 
 // What a model holds after a command loaded strings into it.

@@ -44,8 +44,9 @@ void print(const std::string& cpText, bool newline = true) {
 }
 
 // Progress on standard output: the entry, then on a terminal one live line
-// (where the compile stands, lines compiled, MX runs) redrawn a few times a
-// second; elsewhere a plain line now and then and one for each MX run.
+// (where the compile stands, lines compiled, MX runs and what asked for the
+// last) redrawn a few times a second, elsewhere a plain line now and then;
+// at the entry's end one line of its counts and what asked for its MX runs.
 class TerminalProgress final : public RunProgress {
  public:
   TerminalProgress(RunContext& ctx, Warnings* warnings)
@@ -62,15 +63,10 @@ class TerminalProgress final : public RunProgress {
     print("[" + std::to_string(i + 1) + "/" + std::to_string(n) + "] " +
           ctx_.messages.format(texts::cli::kEntry, entry));
   }
-  void engineRun(std::size_t, int run) override {
-    meter_.engineRun(run);
-    if (!tty_) print("      " + ctx_.messages.format(texts::cli::kMxRun, std::to_string(run)));
-  }
+  void engineRun(std::size_t, const EngineRunCause& run) override { meter_.engineRun(run); }
   void entryFinished(std::size_t, bool) override {
-    if (open_) {
-      show(meter_.text());  // the counts the entry ended with
-      print("");
-    }
+    // The counts the entry ended with, over the live line.
+    print((open_ ? "\r      " : "      ") + meter_.summary() + (open_ ? "\x1b[K" : ""));
     open_ = false;
     if (warnings_) warnings_->print();
   }
@@ -165,10 +161,7 @@ void printModelsChanged(const RunContext& ctx, const std::vector<ModelSummary>& 
     for (const auto& b : modelsBefore) same = same || sameModel(b, m);
     if (same) continue;
     if (!changed.empty()) changed += ", ";
-    changed += "\"" + m.name + "\" (" +
-               ctx.messages.format(texts::cli::kModelCounts, std::to_string(m.strings),
-                                   std::to_string(m.points)) +
-               ")";
+    changed += "\"" + m.name + "\" (" + modelCounts(ctx.messages, m.strings, m.points) + ")";
   }
   print(ctx.messages.format(texts::cli::kSummaryModels, changed.empty() ? "-" : changed));
 }
@@ -247,10 +240,11 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
   printFilesWritten(ctx, filesBefore);
   if (outcome.stopped) {
     print(ctx.messages.format(texts::cli::kStopped, std::to_string(outcome.stoppedAt + 1)));
-    printError(outcome.message);
+    printError(outcome.shown);
     return outcome.interrupted ? kInterruptedStatus : 1;
   }
-  print(ctx.messages.format(texts::cli::kDone, std::to_string(outcome.entriesRun)));
+  print(countText(ctx.messages, static_cast<long>(outcome.entriesRun), texts::cli::kDoneOne,
+                  texts::cli::kDone));
   return 0;
 }
 

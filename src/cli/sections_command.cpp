@@ -1,5 +1,5 @@
 // korvane sections FILE: the sections of an input file, one a line, as run
-// entries name them.
+// entries name them, each with the line of its head after a tab.
 #include <CLI/CLI.hpp>
 #include <iostream>
 
@@ -20,13 +20,14 @@ void addSectionsCommand(CLI::App& app) {
   cmd->add_option("--home", home, cliText(texts::cli::kHelpHome));
   cmd->callback([file] {
     const std::string path = fromTerminal(*file);
-    auto sections = readSections(path);
+    auto sections = readSectionHeads(path);
     if (!sections) {
       printError(cliMessages().format(texts::runtime::kCannotRead, path));
       setExitCode(1);
       return;
     }
-    for (const std::string& s : *sections) std::cout << toTerminal(s) << "\n";
+    for (const SectionHead& s : *sections)
+      std::cout << toTerminal(s.name) << "\t" << s.line << "\n";
     if (sections->empty()) printError(cliMessages().format(texts::cli::kNoSections, path));
     setExitCode(0);
   });

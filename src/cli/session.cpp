@@ -97,7 +97,21 @@ bool TerminalPrompt::ask(const std::string& title, const std::string& prompt, st
 
 std::vector<std::string> entriesFromWords(const std::vector<std::string>& words) {
   std::vector<std::string> entries;
-  for (const auto& raw : words) entries.push_back(absoluteRunEntry(fromTerminal(raw)));
+  std::string typed;  // the entry before, as typed
+  for (const auto& raw : words) {
+    const std::string word = fromTerminal(raw);
+    const std::string label = entries.empty() ? "" : forgottenBrackets(entries.back(), word);
+    if (label.empty()) {
+      entries.push_back(absoluteRunEntry(word));
+      typed = parseRunEntry(word).path;
+      continue;
+    }
+    // "road.ipf main" is "road.ipf [main]"; "road.ipf [a] b" runs [a], then [b].
+    const RunEntry before = parseRunEntry(entries.back());
+    printError(cliMessages().format(texts::cli::kBracketless, typed, word));
+    if (before.section.empty()) entries.pop_back();
+    entries.push_back(before.path + " " + label);
+  }
   return entries;
 }
 
@@ -121,6 +135,8 @@ void addSessionOptions(CLI::App* cmd, SessionOptions& session) {
   cmd->add_option("--engine", session.engine, cliText(texts::cli::kHelpEngine));
   cmd->add_option("--answer", session.answers, cliText(texts::cli::kHelpAnswer));
   cmd->add_option("-D,--define", session.presets, cliText(texts::cli::kHelpDefine))
+      ->allow_extra_args(false);
+  cmd->add_option("-I,--include", session.macroFolders, cliText(texts::cli::kHelpInclude))
       ->allow_extra_args(false);
 }
 
@@ -157,6 +173,8 @@ std::unique_ptr<Session> Session::open(const SessionOptions& options, int& statu
     }
     s->ctx.presets.emplace_back(name, text.substr(eq + 1));
   }
+  for (const std::string& folder : options.macroFolders)
+    s->ctx.extraMacroFolders.push_back(fs::absolute(fromTerminal(folder)));
   s->prompt = std::make_unique<TerminalPrompt>(options.answers);
   s->ctx.prompt = s->prompt.get();
   s->ctx.log = [](const std::string& line) { printError(line); };

@@ -32,8 +32,9 @@ struct SessionOptions {
   std::string engine;  // "" = the command's default
   std::vector<std::string> answers;
   std::string firstEntry;  // the run's first input file, absolute: its folder finds the project
-  std::vector<std::string> presets;  // -D NAME=VALUE
-  bool looking = false;              // check, compile, a dry run: the models stay as they are
+  std::vector<std::string> presets;       // -D NAME=VALUE
+  std::vector<std::string> macroFolders;  // -I DIR
+  bool looking = false;                   // check, compile, a dry run: the models stay as they are
 };
 
 class Session {

@@ -9,7 +9,8 @@
 
 namespace korvane {
 
-CallContext::CallContext(RunContext& ctx) : ctx_(ctx), args_(internals(ctx).args.data()) {}
+CallContext::CallContext(RunContext& ctx, std::string_view asker)
+    : ctx_(ctx), args_(internals(ctx).args.data()), asker_(asker) {}
 
 std::string CallContext::evaluate(std::string_view expr) { return Evaluate(ctx_, expr); }
 std::string CallContext::variable(std::string_view name) const {
@@ -24,7 +25,7 @@ void CallContext::writeLine(std::string_view line) {
   if (ctx_.output.channel() == Channel::Print) internals(ctx_).sources.forget();
   ctx_.output.writeLine(line);
 }
-void CallContext::flushAndRun() { korvane::flushAndRun(ctx_); }
+void CallContext::flushAndRun() { korvane::flushAndRun(ctx_, asker_); }
 
 std::string CallContext::text(MessageKey key) const { return ctx_.text(key); }
 std::string CallContext::format(MessageKey key, std::string_view a1, std::string_view a2) const {

@@ -17,7 +17,8 @@ struct CompileCall {
   // nothing for its names and lines.
   LineReader& reader;
   std::string& folder;      // where this call's file was found; base folder of its inserts
-  std::string& name;        // the name as this call received it, without a section label
+  std::string& name;        // the name as this call received it, without a section label;
+                            // for a section of the current file, that file
   std::string& assignText;  // passed down by the caller
   CompileMode mode = CompileMode::Whole;
   std::string& lastInsertAssign;  // assignment text of this call's previous insert

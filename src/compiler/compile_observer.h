@@ -39,6 +39,8 @@ class CompileObserver {
   virtual void rowsWithoutEnd() {}
   // A section label was not found in a file.
   virtual void sectionMissing(const std::string& /*fullName*/, const std::string& /*label*/) {}
+  // A section of a file is compiled.
+  virtual void sectionFound(const std::string& /*fullName*/, const std::string& /*label*/) {}
 };
 
 // The observers of a run; calls each in turn.

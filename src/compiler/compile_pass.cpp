@@ -101,7 +101,7 @@ void prepare(CompileCall& call, DirectiveCall& d, const std::string& keyword,
              const Preparation& p) {
   RunContext& ctx = call.ctx;
   if (p.announce) ctx.output.writeLine("   " + ctx.messages.format(*p.announce, d.argument(1)));
-  if (p.flushFirst) flushAndRun(ctx);
+  if (p.flushFirst) flushAndRun(ctx, keyword);
   if (p.readKeywordText) d.setKeywordText(call.readKeywordText());
   if (p.defaults != DefaultBlock::None) {
     ctx.observers.notify([](CompileObserver& w) { w.defaultBlockOpening(); });
@@ -145,7 +145,7 @@ bool compileLine(CompileCall& call, const std::string& raw) {
     writePlainLine(ctx, line);
     return false;
   }
-  DirectiveCall d(call, line);
+  DirectiveCall d(call, line, row->keyword);
   prepare(call, d, std::string(keyword), row->preparation);
   return row->handler(d) == DirectiveResult::EndCall;
 }
@@ -158,6 +158,18 @@ void locate(CompileFailure& f, const CompileCall& call) {
   f.line = call.reader.lineNumber();
   f.lineText = call.rawLine;
   f.trail = internals(call.ctx).sourceMap.chainHere();
+}
+
+// Places a failure of opening a file at the line that inserted it: the place
+// of the file's caller (none for a run entry).
+void locateAtCaller(CompileFailure& f, SourceMap& sources) {
+  f.located = true;
+  std::vector<SourcePlace> chain = sources.chainHere();
+  if (chain.size() < 2) return;
+  chain.erase(chain.begin());
+  f.file = chain.front().file;
+  f.line = chain.front().line;
+  f.trail = std::move(chain);
 }
 
 using Reentry = CompileInternals::CallStorage::Reentry;
@@ -203,8 +215,8 @@ std::string CompileCall::readKeywordText() {
   return result + ",";
 }
 
-DirectiveCall::DirectiveCall(CompileCall& call, std::string line)
-    : call_(call), line_(std::move(line)), context_(call.ctx) {
+DirectiveCall::DirectiveCall(CompileCall& call, std::string line, std::string_view keyword)
+    : call_(call), line_(std::move(line)), context_(call.ctx, keyword) {
   const CompileInternals& in = internals(call.ctx);
   const auto& fields = in.fields;
   used_ = static_cast<int>(std::min(fields.size(), in.fieldsUsed));
@@ -236,7 +248,9 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     label = fileSpec.substr(b);
     call.name = text::rtrim(fileSpec.substr(0, b));
   }
-  const std::string& name = call.name.empty() ? currentFile : call.name;
+  // A section of the current file: a section it inserts is in the same file.
+  if (call.name.empty()) call.name = currentFile;
+  const std::string& name = call.name;
   if (in.depth > kMaxCompileDepth)
     throw RuntimeFailure(texts::runtime::kInsertsTooDeep, std::to_string(kMaxCompileDepth), name);
 
@@ -252,8 +266,11 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
   const FoundFile& found = reentering ? *again.found : findInputFile(ctx, name, baseFolder);
   if (reentering)
     call.reader.reopen(found.fullName, again.held, again.start);
-  else if (!found.found || !call.reader.open(found.fullName, &in.sources))
-    throw StopMessage(texts::messages::kFileNotFound, found.shownName);
+  else if (!found.found || !call.reader.open(found.fullName, &in.sources)) {
+    StopMessage missing(texts::messages::kFileNotFound, found.shownName);
+    missing.searched = searchPlaces(ctx, name, baseFolder);
+    throw missing;  // the caller adds the place of the insert
+  }
   call.folder = found.folder;
   // A repeated part is read once a pass; `count` has just been set to the pass.
   const long pass =
@@ -264,8 +281,13 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
     if (!reentering) {
       if (!label.empty() && !seekLine(call, label)) {
         ctx.observers.notify([&](CompileObserver& w) { w.sectionMissing(found.fullName, label); });
-        throw StopMessage(texts::messages::kSectionNotFound, found.shownName, label);
+        StopMessage missing(texts::messages::kSectionNotFound, found.shownName, label);
+        missing.searchedFile = found.fullName;
+        locateAtCaller(missing, in.sourceMap);
+        throw missing;
       }
+      if (!label.empty())
+        ctx.observers.notify([&](CompileObserver& w) { w.sectionFound(found.fullName, label); });
       const char* seek = mode == CompileMode::Repeating  ? "repeat"
                          : mode == CompileMode::Trailing ? "endrepeat"
                                                          : nullptr;

@@ -1,7 +1,5 @@
 #include "compiler/file_search.h"
 
-#include <array>
-
 #include "base/fs.h"
 #include "compiler/compile_internals.h"
 
@@ -9,16 +7,15 @@ namespace korvane {
 
 namespace {
 
+// The name searched for: an empty extension is "ipm".
+std::string searchedName(const fs::NameParts& parts) {
+  return parts.base + "." + (parts.ext.empty() ? std::string("ipm") : parts.ext);
+}
+
 FoundFile search(const RunContext& ctx, const std::string& name, const std::string& baseFolder) {
   FoundFile result;
   const fs::NameParts parts = fs::splitName(name);
-  std::string ext = parts.ext;
-  int places = 3;
-  if (ext.empty() || ext == "ipm") {
-    ext = "ipm";
-    places = 5;
-  }
-  const std::string file = parts.base + "." + ext;
+  const std::string file = searchedName(parts);
   result.shownName = file;
 
   auto tryCandidate = [&](const std::string& candidate) {
@@ -33,19 +30,28 @@ FoundFile search(const RunContext& ctx, const std::string& name, const std::stri
     tryCandidate(fs::join(parts.folder, file));
     return result;
   }
-  const std::string project = ctx.mxProjectFolder();
-  // The public macro folder would come sixth; the counts stop at five, so it is
-  // never searched.
-  const std::array<std::string, 5> place = {
-      baseFolder,          project, project + fs::kSep + "inputs" + fs::kSep, ctx.projectMacros(),
-      ctx.privateMacros(),
-  };
-  for (int i = 0; i < places; ++i)
-    if (tryCandidate(place[i] + fs::kSep + file)) break;
+  for (const std::string& place : searchPlaces(ctx, name, baseFolder))
+    if (tryCandidate(place + fs::kSep + file)) break;
   return result;
 }
 
 }  // namespace
+
+std::vector<std::string> searchPlaces(const RunContext& ctx, const std::string& name,
+                                      const std::string& baseFolder) {
+  const fs::NameParts parts = fs::splitName(name);
+  if (!parts.drive.empty()) return {fs::withoutTrailingSeparator(parts.folder)};
+  const std::string project = ctx.mxProjectFolder();
+  // The public macro folder would come sixth; the counts stop at five, so it is
+  // never searched.
+  std::vector<std::string> places = {baseFolder, project, project + fs::kSep + "inputs" + fs::kSep};
+  if (searchedName(parts).ends_with(".ipm")) {
+    places.push_back(ctx.projectMacros());
+    places.push_back(ctx.privateMacros());
+    places.insert(places.end(), ctx.extraMacroFolders.begin(), ctx.extraMacroFolders.end());
+  }
+  return places;
+}
 
 const FoundFile& findInputFile(RunContext& ctx, const std::string& name,
                                const std::string& baseFolder) {

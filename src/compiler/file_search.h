@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "compiler/run_context.h"
 #include "compiler/source_cache.h"
@@ -14,5 +15,9 @@ namespace korvane {
 // The answer is held in the run's source cache: valid until that forgets.
 const FoundFile& findInputFile(RunContext& ctx, const std::string& name,
                                const std::string& baseFolder);
+
+// The folders searched for `name`, in order (its own folder for an absolute name).
+std::vector<std::string> searchPlaces(const RunContext& ctx, const std::string& name,
+                                      const std::string& baseFolder);
 
 }  // namespace korvane

@@ -138,7 +138,7 @@ void saveCompiledOutput(RunContext& ctx) noexcept {
   }
 }
 
-void runCompiledOutput(RunContext& ctx) {
+void runCompiledOutput(RunContext& ctx, std::string_view asker) {
   CompileInternals& in = internals(ctx);
   in.sources.forget();  // MX may write any file
   const std::string name = ctx.output.fullName();
@@ -146,7 +146,12 @@ void runCompiledOutput(RunContext& ctx) {
   if (onlySentinels(name)) return;
   ctx.status(ctx.text(texts::status_bar::kMxRunning));
   ++in.engineRuns;
-  if (ctx.onEngineRun) ctx.onEngineRun(in.engineRuns);
+  if (ctx.onEngineRun) {
+    // The line of the file being read (not of a default block it compiled).
+    const std::vector<SourcePlace> chain = in.sourceMap.chainHere();
+    const SourcePlace place = chain.empty() ? SourcePlace{} : chain.front();
+    ctx.onEngineRun({in.engineRuns, asker, place.file, place.line});
+  }
   hosts::MxRunResult result;
   if (ctx.engine) result = ctx.engine->configuration().run("input", name);
   ctx.status(ctx.text(texts::status_bar::kCompiling));
@@ -167,7 +172,7 @@ void runCompiledOutput(RunContext& ctx) {
   }
 }
 
-void flushAndRun(RunContext& ctx) {
+void flushAndRun(RunContext& ctx, std::string_view asker) {
   internals(ctx).sources.forget();  // MX, AutoCAD or MicroStation may write any file
   const std::string name = ctx.output.fullName();
   switch (channelOf(name)) {
@@ -175,7 +180,7 @@ void flushAndRun(RunContext& ctx) {
       ctx.output.writeLine(kSentinelDelete);
       ctx.output.close();
       try {
-        runCompiledOutput(ctx);
+        runCompiledOutput(ctx, asker);
       } catch (const StopMessage&) {
         beginMxOutput(ctx);  // the output after a stopped run is a fresh one, as after any run
         throw;

@@ -9,12 +9,13 @@ namespace korvane {
 // run, checked, and begun afresh with the sentinel creation line. AutoCAD
 // script and MicroStation key-in files: played and begun afresh. A print
 // file: left alone.
-void flushAndRun(RunContext& ctx);
+// `asker` is the function or directive that asked, for the progress.
+void flushAndRun(RunContext& ctx, std::string_view asker = {});
 
 // Runs the closed MX input through the engine and checks that MX reached its
 // end (the sentinel model is gone); a StopMessage (kMxStoppedEarly) when it
 // did not.
-void runCompiledOutput(RunContext& ctx);
+void runCompiledOutput(RunContext& ctx, std::string_view asker = {});
 
 // Copies the closed MX input to the save files without running it (after a
 // failure, so that the save files hold every line compiled before it).

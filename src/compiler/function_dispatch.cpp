@@ -39,7 +39,7 @@ std::string FunctionDispatch(RunContext& ctx, const std::string& expr, std::size
     ctx.observers.notify([&](CompileObserver& w) { w.unknownFunction(name); });
     return {};
   }
-  CallContext call(ctx);
+  CallContext call(ctx, name);
   return handler(call);
 }
 

@@ -69,6 +69,16 @@ struct SaveFiles {
 // Left empty, there is no AutoCAD on the machine.
 using AutoCadFinder = std::function<hosts::AutoObject(RunContext&)>;
 
+// One MX run of an entry, for progress: its number in the entry, the function
+// or directive that asked for it (empty: the entry's end) and the input line
+// the compile stood at.
+struct EngineRunCause {
+  int number = 0;
+  std::string_view asker;
+  std::string file;
+  long line = 0;
+};
+
 struct RunEnvironment {
   std::string projectFolder;  // ends with a separator
   std::string settingsPath;
@@ -83,9 +93,12 @@ struct RunEnvironment {
   std::function<void(const std::string&)> log;  // the run's log (trapped failures)
   // Set from outside (Ctrl-C, the window's stop button) to end the run at the next line.
   const std::atomic<bool>* interrupted = nullptr;
-  std::function<void(int run)> onEngineRun;  // MX runs of the current entry, for progress
+  std::function<void(const EngineRunCause&)> onEngineRun;  // MX runs of the entry, for progress
   // Variables set before every entry (name, value), as the user gave them.
   std::vector<std::pair<std::string, std::string>> presets;
+  // Folders named with -I: searched for a macro file after every place the
+  // language searches, so that no file found there before changes.
+  std::vector<std::string> extraMacroFolders;
 
   // Macro folders asked of MX (empty when it has none).
   std::string projectMacros() const;

@@ -13,6 +13,7 @@
 #include "compiler/function_dispatch.h"
 #include "compiler/language.h"
 #include "compiler/variable_table.h"
+#include "shell/input_sections.h"
 
 namespace korvane {
 namespace {
@@ -49,14 +50,6 @@ bool isKeywordLike(const std::string& word) {
   return std::all_of(word.begin(), word.end(), [](char c) {
     return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '-' || c == '>';
   });
-}
-
-// "[name]" or "[name" as a section label: the name alone.
-std::string labelName(const std::string& label) {
-  std::string name = label;
-  if (!name.empty() && name.front() == '[') name.erase(0, 1);
-  if (std::size_t close = name.find(']'); close != std::string::npos) name.resize(close);
-  return name;
 }
 
 }  // namespace

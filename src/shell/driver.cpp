@@ -6,6 +6,7 @@
 #include "compiler/expression.h"
 #include "compiler/failure_message.h"
 #include "compiler/flush.h"
+#include "shell/not_found.h"
 
 namespace korvane {
 
@@ -65,7 +66,7 @@ Stopped endAfterFailure(RunContext& ctx, const CompileFailure& f) {
   } catch (const CompileFailure&) {
     ctx.output.close();  // the first failure is the one to show
   }
-  return Stopped{f, describeFailure(ctx.messages, f)};
+  return Stopped{f, describeFailure(ctx.messages, f), notFoundDetails(ctx.messages, f)};
 }
 
 }  // namespace

@@ -28,6 +28,10 @@ struct Stopped {
   std::string message;
   // Stopped from outside (Ctrl-C, the Stop button), not by the input.
   bool interrupted() const { return failure.key() == texts::runtime::kInterrupted; }
+  // Lines that help find what is missing (the insert's place, the folders
+  // searched, the closest name); shown after the message where there is room.
+  std::string details;
+  std::string shown() const { return details.empty() ? message : message + "\n" + details; }
 };
 
 // Compiles and runs one entry; what stopped it, or nothing when it ran to its

@@ -17,14 +17,15 @@
 #endif
 
 namespace korvane {
-namespace {
-
-const char* const kSettingsName = "Korvane.ini";
 
 std::string envText(const char* name) {
   const char* v = std::getenv(name);
   return v ? fs::fromNative(std::filesystem::path(v)) : std::string();
 }
+
+namespace {
+
+const char* const kSettingsName = "Korvane.ini";
 
 // The settings and language files installed with the program: beside it in
 // "../share/korvane" wherever the installation was put, else where the build

@@ -12,6 +12,9 @@ struct HomePaths {
   bool hungarianHelp = false;  // "lang" is exactly "Hungarian"
 };
 
+// An environment variable's value; empty when it is not set.
+std::string envText(const char* name);
+
 // The folder of the running program.
 std::string programFolder();
 

@@ -26,7 +26,7 @@ bool drawLongsectionWithoutCad(const RunEnvironment& env, const std::string& inp
       throw RuntimeFailure(texts::runtime::kCannotWrite, kept);
   };
   if (const std::optional<Stopped> stopped = ApplyOneFile(ctx, input)) {
-    error = stopped->message;
+    error = stopped->shown();
     return false;
   }
   if (!fs::fileExists(out.script)) {

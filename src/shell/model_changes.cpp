@@ -20,8 +20,7 @@ std::string quoted(const std::string& name) { return "\"" + name + "\""; }
 std::string counts(const Messages& messages, const ModelDigest& m) {
   long points = 0;
   for (const auto& s : m.strings) points += s.points;
-  return messages.format(cli::kModelCounts, std::to_string(m.strings.size()),
-                         std::to_string(points));
+  return modelCounts(messages, static_cast<long>(m.strings.size()), points);
 }
 
 // The lines of the strings a model changed: those of `after` in its order,
@@ -35,7 +34,7 @@ std::vector<std::string> stringChanges(const Messages& messages, const ModelDige
     auto it = old.find(s.label);
     if (it == old.end()) {
       lines.push_back(kStringIndent + messages.format(cli::kDryRunStringCreated, s.label,
-                                                      std::to_string(s.points)));
+                                                      pointCount(messages, s.points)));
       continue;
     }
     if (it->second->digest != s.digest || it->second->points != s.points)
@@ -49,11 +48,21 @@ std::vector<std::string> stringChanges(const Messages& messages, const ModelDige
   for (const auto& s : before.strings)
     if (old.count(s.label))
       lines.push_back(kStringIndent + messages.format(cli::kDryRunStringDeleted, s.label,
-                                                      std::to_string(s.points)));
+                                                      pointCount(messages, s.points)));
   return lines;
 }
 
 }  // namespace
+
+std::string pointCount(const Messages& messages, long points) {
+  return countText(messages, points, cli::kPointsOne, cli::kPoints);
+}
+
+std::string modelCounts(const Messages& messages, long strings, long points) {
+  return messages.format(cli::kModelCounts,
+                         countText(messages, strings, cli::kStringsOne, cli::kStrings),
+                         pointCount(messages, points));
+}
 
 std::optional<ModelsState> modelsState(hosts::MxEngine* engine) {
   auto* embedded = dynamic_cast<engine::EmbeddedEngine*>(engine);

@@ -41,7 +41,7 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
         ctx.projectFolder + settings.separatePrefix + fs::splitName(file).base + ".inp";
     if (save.separate && startedSeparate.insert(save.separatePath).second)
       fs::removeFile(save.separatePath);
-    ctx.onEngineRun = [&](int run) {
+    ctx.onEngineRun = [&](const EngineRunCause& run) {
       if (progress) progress->engineRun(i, run);
     };
     const std::optional<Stopped> stopped = ApplyOneFile(ctx, entries[i]);
@@ -52,6 +52,7 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
       outcome.stoppedAt = i;
       outcome.interrupted = stopped->interrupted();
       outcome.message = stopped->message;
+      outcome.shown = stopped->shown();
       break;
     }
     ++outcome.entriesRun;

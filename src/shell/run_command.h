@@ -15,7 +15,7 @@ class RunProgress {
  public:
   virtual ~RunProgress() = default;
   virtual void entryStarted(std::size_t index, std::size_t total, const std::string& entry) {}
-  virtual void engineRun(std::size_t index, int run) {}
+  virtual void engineRun(std::size_t index, const EngineRunCause& run) {}
   virtual void entryFinished(std::size_t index, bool ok) {}
 };
 
@@ -35,6 +35,7 @@ struct RunOutcome {
   bool interrupted = false;   // stopped from outside
   std::size_t stoppedAt = 0;  // 0-based index of the entry that stopped the run
   std::string message;        // the stop message
+  std::string shown;          // the stop message with the lines that help (Stopped::shown)
 };
 
 RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,

@@ -8,6 +8,8 @@
 #include "base/texts/cli_texts.h"
 #include "shell/autocad_lookup.h"
 #include "shell/cad_players.h"
+#include "shell/driver.h"
+#include "shell/input_sections.h"
 #include "shell/standard_language.h"
 
 namespace korvane {
@@ -140,6 +142,17 @@ bool startUp(const StartupOptions& options, Startup& out, RunContext& ctx, std::
   ctx.excel = out.excel.get();
   out.failureStatus = 0;
   return true;
+}
+
+std::string forgottenBrackets(const std::string& previousEntry, const std::string& word) {
+  if (word.empty() || word.find_first_of("[]./\\") != std::string::npos || fs::fileExists(word) ||
+      fs::fileExists(word + ".ipm"))
+    return {};
+  const auto sections = readSections(parseRunEntry(previousEntry).path);
+  if (!sections) return {};
+  for (const std::string& s : *sections)
+    if (cp::equalsIgnoreCase(s, word)) return "[" + word + "]";
+  return {};
 }
 
 std::string absoluteRunEntry(const std::string& entry) {

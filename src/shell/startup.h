@@ -67,4 +67,9 @@ bool isProjectFolder(const std::string& folder);
 // path made absolute against the current folder.
 std::string absoluteRunEntry(const std::string& entry);
 
+// A word after an entry that names no file but a section of that entry's
+// file, its brackets forgotten ("road.ipf main"): the section label to read it
+// as ("[main]"); empty otherwise.
+std::string forgottenBrackets(const std::string& previousEntry, const std::string& word);
+
 }  // namespace korvane

@@ -54,7 +54,7 @@ void MainWindow::onEntryShown(int index) {
 
 void MainWindow::onRunFinished() {
   const RunOutcome& outcome = runner_->outcome();
-  if (outcome.stopped) session_.log.add(outcome.message);
+  if (outcome.stopped) session_.log.add(outcome.shown);
   if (outcome.stopped && !closePending_) {
     if (!batch_) {
       raise();

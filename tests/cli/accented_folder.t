@@ -6,10 +6,10 @@ write Útépítés/inputs/főút.ipf (crlf)
 $ korvane run '<project>/Útépítés/inputs/főút.ipf' --project '<project>/Útépítés' --lang en
 stdout:
   [1/1] Entry: <project>/Útépítés/inputs/főút.ipf
-        MX run 1
+        1 line compiled, 1 MX run: end of the entry
   Models changed: "ROAD" (0 strings, 0 points)
   Files written: korvane-engine.lst, korvane-models.db, tmpinput.txt
-  Finished: 1 entries run
+  Finished: 1 entry run
 $ korvane models list --project '<project>/Útépítés' --lang en
 stdout:
   Model  Strings  Points

@@ -52,16 +52,16 @@ write inputs/row.ipm
 $ korvane run inputs/rows.ipf --lang en
 stdout:
   [1/1] Entry: <project>/inputs/rows.ipf
-        MX run 1
+        4 lines compiled, 1 MX run: end of the entry
   Models changed: "R1" (0 strings, 0 points)
   Files written: korvane-engine.lst, korvane-models.db, tmpinput.txt
-  Finished: 1 entries run
+  Finished: 1 entry run
 $ korvane run inputs/rows.ipf --warnings --lang en
 stdout:
   [1/1] Entry: <project>/inputs/rows.ipf
-        MX run 1
+        4 lines compiled, 1 MX run: end of the entry
   Models changed: -
   Files written: korvane-engine.lst, tmpinput.txt
-  Finished: 1 entries run
+  Finished: 1 entry run
 stderr:
   <project>/inputs/rows.ipf, line 1: The data rows have no end line: the rest of the file was read as data rows.

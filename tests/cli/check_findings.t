@@ -96,6 +96,9 @@ $ korvane check sect.ipf --engine none --lang en
 stderr:
   <project>/sect.ipf, line 2, column 15: parts.ipm has no section [mian]. Did you mean [main]?
   Section [mian] not found in parts.ipm.
+  <project>/sect.ipf, line 2
+  Did you mean [main]?
+  sections of parts.ipm: [main], [other]
   Warnings: 1
 exit 1
 

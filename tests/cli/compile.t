@@ -59,7 +59,7 @@ stderr:
 # A missing settings file or a wrong command line: exit 2.
 $ korvane compile a.ipf --home <project>/nohome
 stderr:
-  File not found: <project>/nohome/Korvane.ini
+  korvane: A(z) <project>/nohome mappában nincs Korvane.ini: a --home a Korvane.ini és a nyelvi fájlok mappáját várja
 exit 2
 $ korvane compile a.ipf --engine bogus
 stderr:

@@ -17,10 +17,10 @@ expect tmpinput.txt (crlf)
 $ korvane run u.ipf --lang en
 stdout:
   [1/1] Entry: <project>/u.ipf
-        MX run 1
+        1 line compiled, 1 MX run: end of the entry
   Models changed: "ŐSZI ÜTEM" (0 strings, 0 points)
   Files written: korvane-engine.lst, korvane-models.db, tmpinput.txt
-  Finished: 1 entries run
+  Finished: 1 entry run
 $ korvane models delete 'ŐSZI ÜTEM' --lang en
 stdout:
   Deleted the model ŐSZI ÜTEM (0 strings, 0 points)

@@ -11,20 +11,11 @@ stdout:
 $ korvane run 'inputs/road.ipf [main]' 'inputs/road.ipf [ground]' inputs/road.ipf [trim] --save-one
 stdout:
   [1/3] Bemenet: <project>/inputs/road.ipf [main]
-        1. MX-futtatás
-        2. MX-futtatás
-        3. MX-futtatás
-        4. MX-futtatás
-        5. MX-futtatás
+        79 sor lefordítva, 5 MX-futás: getchain, road.ipf:37; getminmax, road.ipf:39; getfreelabel, road.ipf:41; getlength, road.ipf:54; a bemenet vége
   [2/3] Bemenet: <project>/inputs/road.ipf [ground]
-        1. MX-futtatás
-        2. MX-futtatás
-        3. MX-futtatás
-        4. MX-futtatás
-        5. MX-futtatás
-        6. MX-futtatás
+        11 sor lefordítva, 6 MX-futás: getminmax, ground_report.ipm:3 ×3; getpoint, ground_report.ipm:3 ×2; a bemenet vége
   [3/3] Bemenet: <project>/inputs/road.ipf [trim]
-        1. MX-futtatás
+        7 sor lefordítva, 1 MX-futás: a bemenet vége
   Módosított modellek: "DESIGN M1" (3 string, 14 pont), "GROUND" (3 string, 16 pont)
   Kiírt fájlok: complete.inp, korvane-engine.lst, tmpinput.txt
   Kész: 3 bemenet lefutott

@@ -4,11 +4,7 @@ copy examples/road
 $ korvane run 'inputs/road.ipf [main]'
 stdout:
   [1/1] Bemenet: <project>/inputs/road.ipf [main]
-        1. MX-futtatás
-        2. MX-futtatás
-        3. MX-futtatás
-        4. MX-futtatás
-        5. MX-futtatás
+        79 sor lefordítva, 5 MX-futás: getchain, road.ipf:37; getminmax, road.ipf:39; getfreelabel, road.ipf:41; getlength, road.ipf:54; a bemenet vége
   Módosított modellek: "DESIGN M1" (3 string, 14 pont)
   Kiírt fájlok: korvane-engine.lst, korvane-models.db, tmpinput.txt
   Kész: 1 bemenet lefutott
@@ -29,18 +25,11 @@ stdout:
 $ korvane run 'inputs/road.ipf [main]' 'inputs/road.ipf [drawing]' 'inputs/road.ipf [sections]'
 stdout:
   [1/3] Bemenet: <project>/inputs/road.ipf [main]
-        1. MX-futtatás
-        2. MX-futtatás
-        3. MX-futtatás
-        4. MX-futtatás
-        5. MX-futtatás
+        79 sor lefordítva, 5 MX-futás: getchain, road.ipf:37; getminmax, road.ipf:39; getfreelabel, road.ipf:41; getlength, road.ipf:54; a bemenet vége
   [2/3] Bemenet: <project>/inputs/road.ipf [drawing]
-        1. MX-futtatás
-        2. MX-futtatás
-        3. MX-futtatás
+        8 sor lefordítva, 3 MX-futás: labelmove, road.ipf:81 ×2; a bemenet vége
   [3/3] Bemenet: <project>/inputs/road.ipf [sections]
-        1. MX-futtatás
-        2. MX-futtatás
+        6 sor lefordítva, 2 MX-futás: trimsection, road.ipf:90; a bemenet vége
   Módosított modellek: "DRAWING" (2 string, 12 pont), "SECTIONS" (6 string, 12 pont)
   Kiírt fájlok: korvane-engine.lst, tmpinput.txt
   Kész: 3 bemenet lefutott

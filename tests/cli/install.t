@@ -7,6 +7,8 @@ write inputs/a.ipf
   crea,M|n|
 $ cmake --install <build> --component korvane --prefix <project>/prefix > install.txt
 exists prefix/share/korvane/Korvane.ini
+exists prefix/share/man/man1/korvane.1
+exists prefix/share/bash-completion/completions/korvane
 $ HOME=<project>/home XDG_CONFIG_HOME=<project>/config KORVANE_HOME= <project>/prefix/bin/korvane compile inputs/a.ipf --engine none
 stdout: (crlf)
   crea,M12

@@ -28,22 +28,31 @@ stdout:
   Arguments:
     ENTRY TEXT ... (required)   Input file, optionally followed by [section]
 
-  Options:
-    -h,--help                   Show this help
-
-
   OPTIONS:
+    -h,--help                   Show this help
     --project TEXT              MX project folder (default: the folder of the first entry, above it when that is inputs)
     --home TEXT                 Folder of Korvane.ini and the language files
     --engine TEXT               embedded, mx or none
     --answer TEXT ...           Answer to an input() question, in order
     -D,--define TEXT ...        Set a variable before each entry: NAME=VALUE
+    -I,--include TEXT ...       Also look for macro files in DIR, after every place the language searches
     --save-one                  Also keep all compiled MX input in one file
     --save-sep                  Also keep the compiled MX input of each file
     --keep-scripts              Keep numbered copies of AutoCAD scripts and key-in files; go on without CAD
     --warnings                  Also report what looks wrong in the input (as korvane check does)
     --dry-run                   Run on the models, then undo every change and show what the run would change
    (esc)
+# A language or home folder that cannot be used is named with what is
+# accepted, in the settings file's language.
+$ korvane --lang xx help
+stderr:
+  korvane: Ismeretlen nyelv: xx (hu vagy en lehet)
+exit 2
+$ KORVANE_LANG=en korvane --home <project>/nohome help
+stderr:
+  korvane: <project>/nohome holds no Korvane.ini: --home takes the folder of Korvane.ini and the language files
+exit 2
+
 $ korvane help nothing --lang en
 stderr:
   korvane: There is no command nothing
@@ -56,3 +65,10 @@ stderr:
   See: korvane help [COMMAND]
 exit 2
 missing tmpinput.txt
+
+# Options before the command word mean what they mean after it.
+write w.ipf
+  crea,|w|
+$ korvane -D w=5 --lang en compile w.ipf --engine none
+stdout: (crlf)
+  crea,5

@@ -62,9 +62,7 @@ $ cmake -E compare_files korvane-models.db before.db
 $ korvane run --dry-run inputs/rebuild.ipf --lang en
 stdout:
   [1/1] Entry: <project>/inputs/rebuild.ipf
-        MX run 1
-        MX run 2
-        MX run 3
+        12 lines compiled, 3 MX runs: getpoint, rebuild.ipf:3; getpoint, rebuild.ipf:10; end of the entry
   What the run would change (nothing was changed):
     "N0 M1000": would be created (0 strings, 0 points)
     "OLD": would be deleted (0 strings, 0 points)
@@ -72,14 +70,14 @@ stdout:
       string MAST: would be changed (2 points before, 1 after)
       string E001: would be deleted (2 points)
   Files written: korvane-engine.lst, tmpinput.txt
-  Finished: 1 entries run
+  Finished: 1 entry run
 $ cmake -E compare_files korvane-models.db before.db
 
 # What the run would leave as it was is not named.
 $ korvane run --dry-run inputs/setup.ipf --lang hu
 stdout:
   [1/1] Bemenet: <project>/inputs/setup.ipf
-        1. MX-futtatás
+        12 sor lefordítva, 1 MX-futás: a bemenet vége
   A futás egyetlen modellt sem változtatna (semmi sem változott).
   Kiírt fájlok: korvane-engine.lst, tmpinput.txt
   Kész: 1 bemenet lefutott

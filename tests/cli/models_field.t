@@ -25,11 +25,11 @@ stderr:
 exit 2
 $ korvane models import two.txt --lang en --project .
 stdout:
-  ROAD: 1 strings, 1 points
-  GROUND: 1 strings, 2 points
+  ROAD: 1 string, 1 point
+  GROUND: 1 string, 2 points
 $ korvane models import two.txt X --merge --lang en --project .
 stdout:
-  X: 1 strings, 2 points
+  X: 1 string, 2 points
 
 # A header line before the records of a file for one model.
 write one.txt
@@ -40,7 +40,7 @@ write one.txt
          0.000       0.000       0.000
 $ korvane models import one.txt ONE --lang en --project .
 stdout:
-  ONE: 1 strings, 1 points
+  ONE: 1 string, 1 point
 $ korvane models import one.txt --lang en --project .
 stderr:
   korvane models: one.txt names no model (no GENIO record with a model name): give one, korvane models import one.txt MODEL
@@ -95,7 +95,7 @@ write master.txt
          0.000       0.000       0.000
 $ korvane models import master.txt ALIGN --lang en --project .
 stdout:
-  ALIGN: 1 strings, 2 points
+  ALIGN: 1 string, 2 points
 $ korvane models export ALIGN --exponent E --six-d reverting --project .
 stdout:
      GENIO output of model ALIGN (Korvane embedded engine)
@@ -112,7 +112,7 @@ stdout:
 $ korvane models export ALIGN --exponent E --six-d reverting -o e.txt --project .
 $ korvane models import e.txt ECOPY --lang en --project .
 stdout:
-  ECOPY: 1 strings, 2 points
+  ECOPY: 1 string, 2 points
 $ korvane models show ECOPY MAST --lang en --project .
 stdout:
   Point\tDim 1\tDim 2\tDim 3\tDim 4\tDim 5\tDim 6 (esc)

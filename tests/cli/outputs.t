@@ -43,7 +43,7 @@ write compiled_part.inp (crlf)
 $ korvane run compiled_part.inp --save-sep --engine none
 stdout:
   [1/1] Bemenet: <project>/compiled_part.inp
-        1. MX-futtatás
+        1 sor lefordítva, 1 MX-futás: a bemenet vége
   Módosított modellek: -
   Kiírt fájlok: compiled_compiled_part.inp, tmpinput.txt
   Kész: 1 bemenet lefutott

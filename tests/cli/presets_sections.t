@@ -21,5 +21,5 @@ write s.ipf
   [trim] ignored
 $ korvane sections s.ipf
 stdout:
-  main
-  trim
+  main\t2 (esc)
+  trim\t4 (esc)

@@ -6,7 +6,7 @@ $ cd inputs
 $ korvane run a.ipf
 stdout:
   [1/1] Bemenet: <project>/inputs/a.ipf
-        1. MX-futtatás
+        1 sor lefordítva, 1 MX-futás: a bemenet vége
   Módosított modellek: "A" (0 string, 0 pont)
   Kiírt fájlok: korvane-engine.lst, korvane-models.db, tmpinput.txt
   Kész: 1 bemenet lefutott
@@ -21,7 +21,7 @@ $ cd elsewhere
 $ korvane run ../inputs/a.ipf
 stdout:
   [1/1] Bemenet: <project>/elsewhere/../inputs/a.ipf
-        1. MX-futtatás
+        1 sor lefordítva, 1 MX-futás: a bemenet vége
   Módosított modellek: -
   Kiírt fájlok: korvane-engine.lst, tmpinput.txt
   Kész: 1 bemenet lefutott
@@ -43,7 +43,7 @@ list loose
 $ korvane run a.ipf --project .
 stdout:
   [1/1] Bemenet: <project>/loose/a.ipf
-        1. MX-futtatás
+        1 sor lefordítva, 1 MX-futás: a bemenet vége
   Módosított modellek: "A" (0 string, 0 pont)
   Kiírt fájlok: korvane-engine.lst, korvane-models.db, tmpinput.txt
   Kész: 1 bemenet lefutott
@@ -63,7 +63,7 @@ write ask.ipf
 $ korvane run make.ipf --project .
 stdout:
   [1/1] Bemenet: <project>/make.ipf
-        1. MX-futtatás
+        1 sor lefordítva, 1 MX-futás: a bemenet vége
   Módosított modellek: "M" (0 string, 0 pont)
   Kiírt fájlok: korvane-engine.lst, tmpinput.txt
   Kész: 1 bemenet lefutott

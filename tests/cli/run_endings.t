@@ -6,10 +6,10 @@ write good.ipf
 $ korvane run good.ipf --lang en
 stdout:
   [1/1] Entry: <project>/good.ipf
-        MX run 1
+        1 line compiled, 1 MX run: end of the entry
   Models changed: "A" (0 strings, 0 points)
   Files written: korvane-engine.lst, korvane-models.db, tmpinput.txt
-  Finished: 1 entries run
+  Finished: 1 entry run
 exists korvane-models.db
 missing korvane-models.db-journal
 missing korvane-models.db-wal
@@ -23,7 +23,7 @@ write bad.ipf
 $ korvane run bad.ipf --lang en
 stdout:
   [1/1] Entry: <project>/bad.ipf
-        MX run 1
+        2 lines compiled, 1 MX run: end of the entry
   Models changed: "B" (0 strings, 0 points)
   Files written: korvane-engine.lst, tmpinput.txt
   Stopped at entry 1
@@ -44,12 +44,14 @@ write bad.ipf
 $ korvane run bad.ipf --lang en
 stdout:
   [1/1] Entry: <project>/bad.ipf
-        MX run 1
+        3 lines compiled, 1 MX run: getpoint, bad.ipf:2
   Models changed: "C" (0 strings, 0 points)
   Files written: korvane-engine.lst, tmpinput.txt
   Stopped at entry 1
 stderr:
   File not found: missing.ipm (not in the input's folder, the project folder or the macro folders)
+  <project>/bad.ipf, line 3
+  searched: <project>, <project>/inputs, */data/macros (glob)
 exit 1
 missing korvane-models.db-journal
 missing korvane-models.db-wal
@@ -61,7 +63,7 @@ write bad.ipf
 $ korvane run bad.ipf --lang en
 stdout:
   [1/1] Entry: <project>/bad.ipf
-        MX run 1
+        3 lines compiled, 1 MX run: getpoint, bad.ipf:2
   Models changed: "D" (0 strings, 0 points)
   Files written: korvane-engine.lst, tmpinput.txt
   Stopped at entry 1
@@ -80,10 +82,10 @@ write korvane-models.db-journal
 $ korvane run good.ipf --lang en
 stdout:
   [1/1] Entry: <project>/good.ipf
-        MX run 1
+        1 line compiled, 1 MX run: end of the entry
   Models changed: -
   Files written: korvane-engine.lst, tmpinput.txt
-  Finished: 1 entries run
+  Finished: 1 entry run
 missing korvane-models.db-journal
 missing korvane-models.db-wal
 missing korvane-models.db-shm
@@ -102,7 +104,7 @@ write a b.ipf
 $ korvane a b.ipf [main]
 stdout:
   [1/1] Bemenet: <project>/a b.ipf [main]
-        1. MX-futtatás
+        1 sor lefordítva, 1 MX-futás: a bemenet vége
   Módosított modellek: "BATCH" (0 string, 0 pont)
   Kiírt fájlok: korvane-engine.lst, tmpinput.txt
   Kész: 1 bemenet lefutott
@@ -126,7 +128,7 @@ write s.ipf
 $ korvane run s.ipf --lang en
 stdout:
   [1/1] Entry: <project>/s.ipf
-        MX run 1
+        5 lines compiled, 1 MX run: script, s.ipf:2
   Models changed: "S" (0 strings, 0 points)
   Files written: korvane-engine.lst, tmpinput.scr, tmpinput.txt
   Stopped at entry 1
@@ -136,10 +138,10 @@ exit 1
 $ korvane run s.ipf --keep-scripts --lang en
 stdout:
   [1/1] Entry: <project>/s.ipf
-        MX run 1
+        5 lines compiled, 1 MX run: script, s.ipf:2
   Models changed: -
   Files written: korvane-engine.lst, script001.scr, tmpinput.scr, tmpinput.txt
-  Finished: 1 entries run
+  Finished: 1 entry run
 expect script001.scr (crlf)
   _line 0,0 1,1
    (esc)

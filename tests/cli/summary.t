@@ -7,10 +7,10 @@ write a.ipf
 $ korvane run a.ipf --lang en
 stdout:
   [1/1] Entry: <project>/a.ipf
-        MX run 1
+        1 line compiled, 1 MX run: end of the entry
   Models changed: "A" (0 strings, 0 points)
   Files written: korvane-engine.lst, korvane-models.db, tmpinput.txt
-  Finished: 1 entries run
+  Finished: 1 entry run
 list .
   a.ipf
   inputs/

@@ -7,14 +7,16 @@ write a.ipf
 $ korvane run a.ipf --lang en
 stdout:
   [1/1] Entry: <project>/a.ipf
+        1 line compiled, 0 MX runs
   Models changed: -
   Files written: tmpinput.txt
-  Finished: 1 entries run
+  Finished: 1 entry run
 write a.ipf
   xlput,design.xlsx,Results,2,2,100
 $ korvane run a.ipf --lang en
 stdout:
   [1/1] Entry: <project>/a.ipf
+        1 line compiled, 0 MX runs
   Models changed: -
   Files written: tmpinput.txt, excel/design.xlsx
-  Finished: 1 entries run
+  Finished: 1 entry run

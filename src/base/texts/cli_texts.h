@@ -8,7 +8,6 @@ namespace korvane::texts::cli {
 
 // What a run reports.
 inline constexpr MessageKey kEntry{"Cli", "entry"};
-inline constexpr MessageKey kMxRun{"Cli", "mxrun"};
 inline constexpr MessageKey kDone{"Cli", "done"};
 inline constexpr MessageKey kStopped{"Cli", "stopped"};
 inline constexpr MessageKey kSummaryModels{"Cli", "summary_models"};
@@ -29,6 +28,29 @@ inline constexpr MessageKey kBadPreset{"Cli", "bad_preset"};
 inline constexpr MessageKey kNoEntry{"Cli", "no_entry"};
 inline constexpr MessageKey kDidYouMean{"Cli", "did_you_mean"};
 inline constexpr MessageKey kNoSections{"Cli", "no_sections"};
+inline constexpr MessageKey kBracketless{"Cli", "bracketless"};
+inline constexpr MessageKey kBadLanguage{"Cli", "bad_lang"};
+inline constexpr MessageKey kBadHome{"Cli", "bad_home"};
+inline constexpr MessageKey kDoneOne{"Cli", "done_one"};
+inline constexpr MessageKey kHelpInclude{"Cli", "h_include"};
+inline constexpr MessageKey kHelpDumpVars{"Cli", "h_dumpvars"};
+inline constexpr MessageKey kHelpDeps{"Cli", "h_deps"};
+inline constexpr MessageKey kHelpMake{"Cli", "h_make"};
+inline constexpr MessageKey kDepReads{"Cli", "dep_reads"};
+inline constexpr MessageKey kDepWrites{"Cli", "dep_writes"};
+inline constexpr MessageKey kDepModel{"Cli", "dep_model"};
+inline constexpr MessageKey kStrings{"Cli", "strings"};
+inline constexpr MessageKey kStringsOne{"Cli", "strings_one"};
+inline constexpr MessageKey kPoints{"Cli", "points"};
+inline constexpr MessageKey kPointsOne{"Cli", "points_one"};
+inline constexpr MessageKey kLines{"Cli", "lines"};
+inline constexpr MessageKey kLinesOne{"Cli", "lines_one"};
+inline constexpr MessageKey kMxRuns{"Cli", "mxruns"};
+inline constexpr MessageKey kMxRunsOne{"Cli", "mxruns_one"};
+inline constexpr MessageKey kAskedBy{"Cli", "asked_by"};
+inline constexpr MessageKey kAskedTimes{"Cli", "asked_times"};
+inline constexpr MessageKey kAskedAtEnd{"Cli", "asked_end"};
+inline constexpr MessageKey kAskedMore{"Cli", "asked_more"};
 inline constexpr MessageKey kArgRequired{"Cli", "arg_required"};
 inline constexpr MessageKey kArgCommand{"Cli", "arg_command"};
 inline constexpr MessageKey kArgExtra{"Cli", "arg_extra"};

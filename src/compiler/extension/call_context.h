@@ -21,7 +21,9 @@ struct QueryState;
 
 class CallContext {
  public:
-  explicit CallContext(RunContext& ctx);
+  // `asker`: the function or directive being handled, named in the progress
+  // of the MX runs it asks for.
+  explicit CallContext(RunContext& ctx, std::string_view asker = {});
 
   // Argument k (1-based) of the function call being dispatched.
   const std::string& arg(int k) const { return args_[k - 1]; }
@@ -71,6 +73,7 @@ class CallContext {
  private:
   RunContext& ctx_;
   const std::string* args_;
+  std::string_view asker_;
 };
 
 }  // namespace korvane

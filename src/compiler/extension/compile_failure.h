@@ -54,6 +54,11 @@ class CompileFailure : public std::runtime_error {
   std::string mxLine;
   std::vector<SourcePlace> mxSource;
 
+  // For a file that is not there: the folders searched. For a section that
+  // is not there: the file searched, in full.
+  std::vector<std::string> searched;
+  std::string searchedFile;
+
  protected:
   CompileFailure(Kind kind, MessageKey key, std::string a1, std::string a2,
                  std::optional<texts::automation::Key> reason = {})

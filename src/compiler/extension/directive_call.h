@@ -20,7 +20,7 @@ inline CompileCall& compileCallOf(DirectiveCall& d);
 
 class DirectiveCall {
  public:
-  DirectiveCall(CompileCall& call, std::string line);
+  DirectiveCall(CompileCall& call, std::string line, std::string_view keyword = {});
 
   // Field k of the directive line (0 is the keyword as written, up to 14).
   const std::string& argument(int k) const { return k < used_ ? fields_[k] : kEmpty; }
