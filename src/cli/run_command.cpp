@@ -192,12 +192,17 @@ void printSummary(const RunContext& ctx, const FolderState& before,
   }
   print(ctx.messages.format(texts::cli::kSummaryModels, changed.empty() ? "-" : changed));
   print(ctx.messages.format(texts::cli::kSummaryFiles, files.empty() ? "-" : files));
+  std::string empty;
+  for (const std::string& m : ctx.warnings.emptyModels)
+    empty += (empty.empty() ? "\"" : ", \"") + m + "\"";
+  if (!empty.empty()) print(ctx.messages.format(texts::cli::kSummaryEmptyModels, empty));
 }
 
 struct RunOptions {
   std::vector<std::string> words;
   SessionOptions session;
-  bool saveOne = false, saveSep = false, keepScripts = false, warnings = false;
+  bool saveOne = false, saveSep = false, keepScripts = false;
+  WarningOptions warnings;
 };
 
 int runRun(RunOptions o, const std::vector<std::string>& entries) {
@@ -221,9 +226,8 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
 
   const FolderState filesBefore = folderState(ctx.projectFolder);
   const auto modelsBefore = models(ctx.engine);
-  std::unique_ptr<Warnings> warnings;
-  if (o.warnings) warnings = std::make_unique<Warnings>(ctx);
-  TerminalProgress progress(ctx, warnings.get());
+  Warnings warnings(ctx, o.warnings);
+  TerminalProgress progress(ctx, &warnings);
   RunOutcome outcome = runEntries(ctx, entries, settings, &progress);
   printSummary(ctx, filesBefore, modelsBefore);
   if (outcome.stopped) {

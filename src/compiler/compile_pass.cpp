@@ -15,6 +15,7 @@
 #include "compiler/file_search.h"
 #include "compiler/flush.h"
 #include "compiler/language.h"
+#include "compiler/run_warnings.h"
 
 namespace korvane {
 namespace {
@@ -281,6 +282,8 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
       if (!call.readLine(line)) return;
       call.rawLine = line;
       noteWhere(in, call);
+      if (call.reader.controlColumn() || call.reader.lostColumn()) [[unlikely]]
+        warnCharacters(ctx, call.reader);
       ctx.observers.notify([&](CompileObserver& w) { w.lineRead(call.reader.lineNumber(), line); });
       if (!line.empty() && line[0] == '[') return;
       if (compileLine(call, line)) return;

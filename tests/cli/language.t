@@ -42,6 +42,8 @@ stdout:
     --save-sep                  Also keep the compiled MX input of each file
     --keep-scripts              Keep numbered copies of AutoCAD scripts and key-in files; go on without CAD
     --warnings                  Also report what looks wrong in the input (as korvane check does)
+    --strict                    Stop the run at the first warning, with exit status 1
+    -w                          Show no warnings
    (esc)
 $ korvane help nothing --lang en
 stderr:
