@@ -1,6 +1,9 @@
 #include "compiler/run_warnings.h"
 
+#include <filesystem>
+
 #include "base/codepage.h"
+#include "base/fs.h"
 #include "base/similar.h"
 #include "base/texts/check_texts.h"
 #include "base/texts/messages_texts.h"
@@ -39,21 +42,41 @@ std::string describeWarning(const Messages& messages, const RunWarning& w) {
 
 namespace {
 
+bool sameFile(const std::string& a, const std::string& b) {
+  std::error_code ec;
+  return !a.empty() && !b.empty() && std::filesystem::equivalent(fs::native(a), fs::native(b), ec);
+}
+
+// Where the compile stands, as the user wrote it: a command's default block in
+// the settings file is placed at the input line that ran the command.
+RunWarning placeHere(RunContext& ctx, std::string_view word, long column) {
+  CompileInternals& in = internals(ctx);
+  RunWarning w{in.whereFile, in.whereLine, column, {}};
+  std::size_t depth = static_cast<std::size_t>(in.depth);
+  if (sameFile(w.file, ctx.settingsPath)) {
+    for (const SourcePlace& p : in.sourceMap.chainHere())
+      if (!sameFile(p.file, ctx.settingsPath)) {
+        w = {p.file, p.line, 0, {}};
+        break;
+      }
+    while (depth > 0 && depth < in.callStorage.size() &&
+           in.callStorage[depth].reader.fullName() != w.file)
+      --depth;
+  }
+  // The line of the innermost call being compiled (its storage is at its depth).
+  if (!word.empty() && depth < in.callStorage.size())
+    w.column = columnOf(in.callStorage[depth].raw, word);
+  return w;
+}
+
 void warnAt(RunContext& ctx, MessageKey key, std::string_view a1, std::string_view a2, long column,
             std::string_view word, const std::function<std::string()>& suggest) {
   RunWarnings& warnings = ctx.warnings;
   if (warnings.mode == RunWarnings::Mode::Silent) return;
-  const CompileInternals& in = internals(ctx);
-  RunWarning w;
-  w.file = in.whereFile;
-  w.line = in.whereLine;
+  RunWarning w = placeHere(ctx, word, column);
   std::string subject = std::string(key.key) + ",";
   subject.append(a1).append(",").append(a2);
   if (!warnings.told.emplace(w.file, w.line, std::move(subject)).second) return;
-  // The line of the innermost call being compiled (its storage is at its depth).
-  w.column = column;
-  if (!word.empty() && in.callStorage.size() > static_cast<std::size_t>(in.depth))
-    w.column = columnOf(in.callStorage[in.depth].raw, word);
   w.what = ctx.messages.format(key, a1, a2);
   if (const std::string suggestion = suggest ? suggest() : std::string(); !suggestion.empty())
     w.what += " " + ctx.messages.format(texts::check::kSuggestion, suggestion);

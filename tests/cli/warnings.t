@@ -24,8 +24,9 @@ stdout:
   Finished: 1 entries run
 
 # A misspelt model or string in a query: warned before the query answers as
-# for a missing one. getminmax's GENIO request makes the model, empty: the
-# summary names it.
+# for a missing one. The GENIO requests of getminmax and labelmove make the
+# model, empty: the summary names it. labelmove's default block lies in the
+# settings file: its warning is placed at the command's line.
 write queries.ipf
   #a=getpoint(RAOD2,MAST,1,num,1)
   #b=getchain(RAOD2,MAST,-1)
@@ -34,15 +35,19 @@ write queries.ipf
   #d=getdist(ROAD2,MAST,1,ROAD2,MSAT,2)
   #f=getpoint(ROAD2,MSAT,1,num,1)
      |a| |b| |c| |d| |e| |f|
+  labelmove,RAOX,NEW
+  MAST
 $ korvane run queries.ipf --lang en
 stdout:
   [1/1] Entry: <project>/queries.ipf
         MX run 1
         MX run 2
         MX run 3
-  Models changed: "RAOD2" (0 strings, 0 points)
+        MX run 4
+        MX run 5
+  Models changed: "NEW" (0 strings, 0 points), "RAOD2" (0 strings, 0 points), "RAOX" (0 strings, 0 points)
   Files written: korvane-engine.lst, tmpinput.txt
-  Made empty by a query (the model was not there): "RAOD2"
+  Made empty by a query (the model was not there): "RAOD2", "RAOX"
   Finished: 1 entries run
 stderr:
   <project>/queries.ipf, line 1, column 13: There is no model RAOD2 in the store: the query answers as for a missing model. Did you mean ROAD2?
@@ -51,6 +56,7 @@ stderr:
   <project>/queries.ipf, line 4, column 14: There is no model RAOD2 in the store: the query answers as for a missing model. Did you mean ROAD2?
   <project>/queries.ipf, line 5, column 31: Model ROAD2 has no string MSAT: the query answers as for a missing string. Did you mean MAST?
   <project>/queries.ipf, line 6, column 19: Model ROAD2 has no string MSAT: the query answers as for a missing string. Did you mean MAST?
+  <project>/queries.ipf, line 8, column 11: There is no model RAOX in the store: the query answers as for a missing model.
 
 # A workbook that is not there, with the closest file beside it.
 write books.ipf

@@ -48,6 +48,12 @@ void warnNotStored(CallContext& ctx, std::int32_t status, std::string_view model
   }
 }
 
+void checkGenioSource(CallContext& ctx, const std::string& model) {
+  if (!ctx.engine() || ctx.engine()->configuration().modelExists(model)) return;
+  warnNotStored(ctx, hosts::MxStatus::kNoModel, model, {});
+  ctx.modelMadeEmpty(model);
+}
+
 double chainageArgument(CallContext& ctx, const std::string& argument, std::string_view model,
                         std::string_view label) {
   const char first = argument.empty() ? '\0' : cp::toLower(argument[0]);
