@@ -29,19 +29,21 @@ void Warnings::warning(const RunWarning& w) {
     lines_.push_back(describeWarning(ctx_.messages, w));
 }
 
-std::size_t Warnings::count() const { return diagnostics_ ? diagnostics_->count() : lines_.size(); }
+std::size_t Warnings::count() const {
+  return (diagnostics_ ? diagnostics_->count() : lines_.size()) + ctx_.warnings.dropped;
+}
 
 void Warnings::print() {
   if (!diagnostics_) {
     for (; printed_ < lines_.size(); ++printed_) printError(lines_[printed_]);
-    return;
+  } else {
+    const auto& all = diagnostics_->findings();
+    for (; printed_ < all.size(); ++printed_)
+      printError(describeFinding(ctx_.messages, all[printed_]));
   }
-  const auto& all = diagnostics_->findings();
-  for (; printed_ < all.size(); ++printed_)
-    printError(describeFinding(ctx_.messages, all[printed_]));
-  if (diagnostics_->count() > all.size() && !moreSaid_) {
-    printError(ctx_.messages.format(texts::check::kMore,
-                                    std::to_string(diagnostics_->count() - all.size())));
+  const std::size_t shown = diagnostics_ ? diagnostics_->findings().size() : lines_.size();
+  if (count() > shown && !moreSaid_) {
+    printError(ctx_.messages.format(texts::check::kMore, std::to_string(count() - shown)));
     moreSaid_ = true;
   }
 }

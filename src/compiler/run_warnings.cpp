@@ -42,9 +42,17 @@ std::string describeWarning(const Messages& messages, const RunWarning& w) {
 
 namespace {
 
-bool sameFile(const std::string& a, const std::string& b) {
-  std::error_code ec;
-  return !a.empty() && !b.empty() && std::filesystem::equivalent(fs::native(a), fs::native(b), ec);
+// Whether `file` is the settings file, which holds the commands' default blocks.
+bool isSettingsFile(RunContext& ctx, const std::string& file) {
+  RunWarnings& warnings = ctx.warnings;
+  if (file != warnings.weighedFile) {
+    std::error_code ec;
+    warnings.weighedFile = file;
+    warnings.weighedIsSettings =
+        !file.empty() && !ctx.settingsPath.empty() &&
+        std::filesystem::equivalent(fs::native(file), fs::native(ctx.settingsPath), ec);
+  }
+  return warnings.weighedIsSettings;
 }
 
 // Where the compile stands, as the user wrote it: a command's default block in
@@ -53,9 +61,9 @@ RunWarning placeHere(RunContext& ctx, std::string_view word, long column) {
   CompileInternals& in = internals(ctx);
   RunWarning w{in.whereFile, in.whereLine, column, {}};
   std::size_t depth = static_cast<std::size_t>(in.depth);
-  if (sameFile(w.file, ctx.settingsPath)) {
+  if (isSettingsFile(ctx, w.file)) {
     for (const SourcePlace& p : in.sourceMap.chainHere())
-      if (!sameFile(p.file, ctx.settingsPath)) {
+      if (p.file != w.file) {
         w = {p.file, p.line, 0, {}};
         break;
       }
@@ -77,6 +85,10 @@ void warnAt(RunContext& ctx, MessageKey key, std::string_view a1, std::string_vi
   std::string subject = std::string(key.key) + ",";
   subject.append(a1).append(",").append(a2);
   if (!warnings.told.emplace(w.file, w.line, std::move(subject)).second) return;
+  if (warnings.told.size() > RunWarnings::kMaxTold) {
+    ++warnings.dropped;
+    return;
+  }
   w.what = ctx.messages.format(key, a1, a2);
   if (const std::string suggestion = suggest ? suggest() : std::string(); !suggestion.empty())
     w.what += " " + ctx.messages.format(texts::check::kSuggestion, suggestion);

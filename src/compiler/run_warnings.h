@@ -44,8 +44,13 @@ struct RunWarnings {
   // for the run's summary.
   std::set<std::string> emptyModels;
   // Each place and subject is told once a run: a repeated part reads its
-  // lines again and again.
+  // lines again and again. Beyond kMaxTold they are only counted.
+  static constexpr std::size_t kMaxTold = 1000;
   std::set<std::tuple<std::string, long, std::string>> told;
+  std::size_t dropped = 0;
+  // The file last asked whether it is the settings file, and the answer.
+  std::string weighedFile;
+  bool weighedIsSettings = false;
 };
 
 // Tells the run's warning `key` (%1 = a1, %2 = a2) at the line being compiled,
