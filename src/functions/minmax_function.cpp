@@ -60,7 +60,9 @@ std::string fnGetminmax(CallContext& ctx) {
   const std::string model = ctx.arg(1), label = ctx.arg(2);
   const std::string file = fs::join(ctx.mxProjectFolder(), kMinMaxFile);
   // Asked before the GENIO request, which makes a model that is not there.
-  const bool stored = !ctx.engine() || ctx.engine()->configuration().modelExists(model);
+  hosts::MxEngine* engine = ctx.engine();
+  const bool stored = !engine || !engine->configuration().holdsModels() ||
+                      engine->configuration().modelExists(model);
   ctx.writeLine("over," + file + ",genio");
   ctx.writeLine("geni," + model);
   ctx.writeLine("001format(8f12.3,4a4)");

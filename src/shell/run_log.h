@@ -50,6 +50,7 @@ class LoggingEngine final : public hosts::MxEngine, hosts::MxConfiguration {
     return engine_.configuration().stringExists(model, label);
   }
   std::vector<std::string> modelNames() override { return engine_.configuration().modelNames(); }
+  bool holdsModels() override { return engine_.configuration().holdsModels(); }
 
  private:
   hosts::MxEngine& engine_;

@@ -58,6 +58,13 @@ stderr:
   <project>/queries.ipf, line 6, column 19: Model ROAD2 has no string MSAT: the query answers as for a missing string. Did you mean MAST?
   <project>/queries.ipf, line 8, column 11: There is no model RAOX in the store: the query answers as for a missing model.
 
+# Without an engine no model is stored: a query says nothing of its name.
+write none.ipf
+  #a=getpoint(RAOD2,MAST,1,num,1)
+$ korvane compile none.ipf --engine none --lang en
+stdout: (crlf)
+     ERROR: point query failed. Model/string:(RAOD2,MAST)
+
 # A workbook that is not there, with the closest file beside it.
 write books.ipf
   #g=xlget(nosuch.xlsx,B2)

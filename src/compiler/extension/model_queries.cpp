@@ -32,7 +32,7 @@ std::int32_t loadPoint(CallContext& ctx, std::string_view model, std::string_vie
 void warnNotStored(CallContext& ctx, std::int32_t status, std::string_view model,
                    std::string_view label) {
   hosts::MxEngine* engine = ctx.engine();
-  if (!engine) return;
+  if (!engine || !engine->configuration().holdsModels()) return;  // nothing is stored there
   if (status == hosts::MxStatus::kNoModel) {
     ctx.warn(texts::check::kNoModel, model, {}, model, [&] {
       // Not the model itself, where the query's own request has just made it.
@@ -49,7 +49,10 @@ void warnNotStored(CallContext& ctx, std::int32_t status, std::string_view model
 }
 
 void checkGenioSource(CallContext& ctx, const std::string& model) {
-  if (!ctx.engine() || ctx.engine()->configuration().modelExists(model)) return;
+  hosts::MxEngine* engine = ctx.engine();
+  if (!engine || !engine->configuration().holdsModels() ||
+      engine->configuration().modelExists(model))
+    return;
   warnNotStored(ctx, hosts::MxStatus::kNoModel, model, {});
   ctx.modelMadeEmpty(model);
 }
