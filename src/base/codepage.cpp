@@ -122,6 +122,12 @@ std::string toUtf8(std::string_view s) {
 }
 
 std::string fromUtf8(std::string_view s) {
+  std::size_t lost = 0;
+  return fromUtf8(s, lost);
+}
+
+std::string fromUtf8(std::string_view s, std::size_t& firstLost) {
+  firstLost = 0;
   std::string out;
   out.reserve(s.size());
   for (std::size_t i = 0; i < s.size();) {
@@ -142,6 +148,7 @@ std::string fromUtf8(std::string_view s) {
         mapped = static_cast<char>(0x80 + k);
         break;
       }
+    if (mapped == '?' && firstLost == 0) firstLost = out.size() + 1;
     out += mapped;
   }
   return out;

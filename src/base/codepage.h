@@ -54,6 +54,9 @@ std::string toUtf8(std::string_view cp1250);
 // UTF-8 to Windows-1250; characters outside the code page become '?'.
 // Invalid UTF-8 sequences are taken byte by byte, as they stand.
 std::string fromUtf8(std::string_view utf8);
+// The same, with `firstLost` set to where (1-based, in the result) the first
+// character the code page cannot hold became "?"; 0 when none did.
+std::string fromUtf8(std::string_view utf8, std::size_t& firstLost);
 // UTF-16LE bytes (without their byte-order mark) to Windows-1250.
 std::string fromUtf16le(std::string_view bytes);
 // UTF-16LE bytes (without their byte-order mark) to UTF-8 and back, losslessly

@@ -28,7 +28,7 @@ int runCheck(CheckOptions o) {
   auto session = Session::open(o.session, status);
   if (!session) return status;
   RunContext& ctx = session->ctx;
-  Warnings warnings(ctx);
+  Warnings warnings(ctx, {.findings = true});
   std::optional<Stopped> stopped;
   for (const auto& entry : entries) {
     stopped = ApplyOneFile(ctx, entry);

@@ -19,13 +19,15 @@ void addSectionsCommand(CLI::App& app);
 void addDepsCommand(CLI::App& app);
 
 struct SessionOptions;
+struct WarningOptions;
 
 // The options every command that compiles takes: --project, --home, --engine,
 // --answer and -D NAME=VALUE.
 void addSessionOptions(CLI::App* cmd, SessionOptions& session);
 
-// --warnings: the check command's warnings, printed as the compile goes.
-void addWarningsOption(CLI::App* cmd, bool& warnings);
+// --warnings: the check command's warnings, printed as the compile goes;
+// --strict: the first warning stops the run; -w: no warnings.
+void addWarningsOption(CLI::App* cmd, WarningOptions& warnings);
 
 // Batch mode: the words after the program name, joined by blanks, are one run entry.
 int runBatch(const std::vector<std::string>& words);

@@ -27,7 +27,7 @@ struct CompileOptions {
   std::string output;
   std::string varsFile;
   bool dumpVars = false;
-  bool warnings = false;
+  WarningOptions warnings;
 };
 
 int runCompile(CompileOptions o) {
@@ -68,12 +68,11 @@ int runCompile(CompileOptions o) {
     if (out->rdbuf()->sputn(record.data(), n) != n) out->setstate(std::ios::badbit);
   });
 
-  std::unique_ptr<Warnings> warnings;
-  if (o.warnings) warnings = std::make_unique<Warnings>(ctx);
+  Warnings warnings(ctx, o.warnings);
   std::optional<Stopped> stopped;
   for (const auto& entry : entries) {
     stopped = ApplyOneFile(ctx, entry);
-    if (warnings) warnings->print();
+    warnings.print();
     if (stopped) break;
   }
   out->flush();

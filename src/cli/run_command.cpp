@@ -197,10 +197,19 @@ void printFilesWritten(const RunContext& ctx, const FolderState& before) {
   print(ctx.messages.format(texts::cli::kSummaryFiles, files.empty() ? "-" : files));
 }
 
+// Models that a query's GENIO request made, empty, because they were not there.
+void printMadeEmpty(const RunContext& ctx) {
+  std::string empty;
+  for (const std::string& m : ctx.warnings.emptyModels)
+    empty += (empty.empty() ? "\"" : ", \"") + m + "\"";
+  if (!empty.empty()) print(ctx.messages.format(texts::cli::kSummaryEmptyModels, empty));
+}
+
 struct RunOptions {
   std::vector<std::string> words;
   SessionOptions session;
-  bool saveOne = false, saveSep = false, keepScripts = false, warnings = false, dryRun = false;
+  bool saveOne = false, saveSep = false, keepScripts = false, dryRun = false;
+  WarningOptions warnings;
 };
 
 int runRun(RunOptions o, const std::vector<std::string>& entries) {
@@ -229,15 +238,15 @@ int runRun(RunOptions o, const std::vector<std::string>& entries) {
   const auto modelsBefore = models(ctx.engine);
   std::optional<ModelsState> stateBefore;
   if (o.dryRun) stateBefore = modelsState(ctx.engine);
-  std::unique_ptr<Warnings> warnings;
-  if (o.warnings) warnings = std::make_unique<Warnings>(ctx);
-  TerminalProgress progress(ctx, warnings.get());
+  Warnings warnings(ctx, o.warnings);
+  TerminalProgress progress(ctx, &warnings);
   RunOutcome outcome = runEntries(ctx, entries, settings, &progress);
   if (o.dryRun)
     printWouldChange(ctx, stateBefore);
   else
     printModelsChanged(ctx, modelsBefore);
   printFilesWritten(ctx, filesBefore);
+  printMadeEmpty(ctx);
   if (outcome.stopped) {
     print(ctx.messages.format(texts::cli::kStopped, std::to_string(outcome.stoppedAt + 1)));
     printError(outcome.shown);

@@ -16,6 +16,7 @@
 #include "cli/cli_texts.h"
 #include "cli/commands.h"
 #include "cli/interrupt_signal.h"
+#include "cli/warnings.h"
 #include "shell/driver.h"
 #include "shell/startup.h"
 
@@ -140,8 +141,10 @@ void addSessionOptions(CLI::App* cmd, SessionOptions& session) {
       ->allow_extra_args(false);
 }
 
-void addWarningsOption(CLI::App* cmd, bool& warnings) {
-  cmd->add_flag("--warnings", warnings, cliText(texts::cli::kHelpWarnings));
+void addWarningsOption(CLI::App* cmd, WarningOptions& warnings) {
+  cmd->add_flag("--warnings", warnings.findings, cliText(texts::cli::kHelpWarnings));
+  cmd->add_flag("--strict", warnings.strict, cliText(texts::cli::kHelpStrict));
+  cmd->add_flag("-w", warnings.silent, cliText(texts::cli::kHelpNoWarnings));
 }
 
 std::unique_ptr<Session> Session::open(const SessionOptions& options, int& status) {

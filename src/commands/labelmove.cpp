@@ -10,6 +10,7 @@
 #include "commands/query_file.h"
 #include "compiler/extension/compile_failure.h"
 #include "compiler/extension/directive_call.h"
+#include "compiler/extension/model_queries.h"
 
 namespace korvane::commands {
 namespace {
@@ -43,6 +44,7 @@ DirectiveResult labelmove(DirectiveCall& d) {
   const std::optional<LabelOrder> order = parseLabelOrder(orderText);
   if (!order) throw RuntimeFailure(texts::runtime::kLabelOrder, orderText);
 
+  checkGenioSource(ctx, source);
   QueryFile file(fs::join(ctx.projectFolder(), kLabelmoveFile));
   ctx.writeLine("over," + file.path() + ",genio");
   ctx.writeLine("geni," + source);

@@ -12,6 +12,7 @@
 #include "commands/section_trimming.h"
 #include "compiler/extension/compile_failure.h"
 #include "compiler/extension/directive_call.h"
+#include "compiler/extension/model_queries.h"
 
 namespace korvane::commands {
 namespace {
@@ -51,6 +52,7 @@ DirectiveResult trimsection(DirectiveCall& d) {
   const BoundaryMasks masks = boundaryMasks(ctx);
   const double dist = distance(ctx);
 
+  checkGenioSource(ctx, model);
   QueryFile file(fs::join(ctx.projectFolder(), kTrimFile));
   ctx.writeLine(std::string("over,") + kTrimFile + ",genio");
   ctx.writeLine("geni," + model);

@@ -6,6 +6,7 @@
 #include "compiler/expression.h"
 #include "compiler/extension/compile_failure.h"
 #include "compiler/flush.h"
+#include "compiler/run_warnings.h"
 
 namespace korvane {
 
@@ -40,6 +41,17 @@ bool CallContext::ask(const std::string& title, const std::string& prompt,
   return ctx_.prompt && ctx_.prompt->ask(title, prompt, answer);
 }
 void CallContext::writeLog(const std::string& line) const { ctx_.writeLog(line); }
+
+void CallContext::warn(MessageKey key, std::string_view a1, std::string_view a2,
+                       std::string_view word, const std::function<std::string()>& suggest) const {
+  korvane::warn(ctx_, key, a1, a2, word, suggest);
+}
+void CallContext::numberExpected(int k) const {
+  if (internals(ctx_).unsetArgs & (std::uint32_t{1} << (k - 1))) warnUnsetName(ctx_, arg(k));
+}
+void CallContext::modelMadeEmpty(const std::string& model) {
+  ctx_.warnings.emptyModels.insert(model);
+}
 
 std::vector<std::string>& CallContext::selection() { return internals(ctx_).selection; }
 QueryState& CallContext::query() { return internals(ctx_).query; }

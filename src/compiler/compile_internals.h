@@ -64,6 +64,10 @@ struct CompileInternals {
   int engineRuns = 0;   // MX runs of the current entry, for progress
   int barDepth = 0;     // inside |...| of a line
   int rowDepth = 0;     // in the values of a data row, which are text, not names
+  // A name with no value was read in the argument being evaluated; and the
+  // arguments of the call being dispatched that read one (bit k-1 for k).
+  bool unsetRead = false;
+  std::uint32_t unsetArgs = 0;
 };
 
 inline CompileInternals& internals(RunContext& ctx) { return *ctx.internals_; }

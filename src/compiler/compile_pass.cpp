@@ -15,6 +15,7 @@
 #include "compiler/file_search.h"
 #include "compiler/flush.h"
 #include "compiler/language.h"
+#include "compiler/run_warnings.h"
 
 namespace korvane {
 namespace {
@@ -304,6 +305,8 @@ void CompileFile(RunContext& ctx, const std::string& fileSpec, const std::string
       // Stopped from outside: at the line it would compile next.
       if (ctx.interrupted && ctx.interrupted->load(std::memory_order_relaxed))
         throw RuntimeFailure(texts::runtime::kInterrupted, ctx.save.inputName);
+      if (call.reader.controlColumn() || call.reader.lostColumn()) [[unlikely]]
+        warnCharacters(ctx, call.reader);
       ctx.observers.notify([&](CompileObserver& w) { w.lineRead(call.reader.lineNumber(), line); });
       if (!line.empty() && line[0] == '[') return;
       if (compileLine(call, line)) return;

@@ -13,6 +13,7 @@
 #include "compiler/extension/compile_failure.h"
 #include "compiler/field_scanner.h"
 #include "compiler/function_dispatch.h"
+#include "compiler/run_warnings.h"
 
 namespace korvane {
 namespace {
@@ -168,13 +169,18 @@ struct InBars {
   ~InBars() { --depth; }
 };
 
-// A word is a variable, or stands for itself; the diagnostics hear of a word
-// that looks like a name and has no value.
+// A word is a variable, or stands for itself. A word that looks like a name
+// and has no value is warned of inside |...| (in a data row too), noted for
+// the function whose argument it is, and told to the diagnostics.
 Operand word(RunContext& ctx, std::string_view w, bool nameLike, const ExpressionNode* node) {
   if (const std::string* v = ctx.vars.find(w)) return Operand::inPlace(*v);
-  if (nameLike && !ctx.observers.empty() && internals(ctx).rowDepth == 0) {
-    const bool inBars = internals(ctx).barDepth > 0;
-    ctx.observers.notify([&](CompileObserver& w2) { w2.unassignedName(std::string(w), inBars); });
+  if (nameLike) {
+    CompileInternals& in = internals(ctx);
+    in.unsetRead = true;
+    const bool inBars = in.barDepth > 0;
+    if (inBars) warnUnsetName(ctx, w);
+    if (!ctx.observers.empty() && in.rowDepth == 0)
+      ctx.observers.notify([&](CompileObserver& w2) { w2.unassignedName(std::string(w), inBars); });
   }
   return node ? Operand::literal(w, *node) : Operand::inPlace(w);
 }
@@ -337,6 +343,8 @@ void evaluateArguments(RunContext& ctx, std::string_view argumentText) {
     ~Restore() { depth = value; }
   } restore{in.barDepth, bars};
   for (std::string& a : in.args) a.clear();
+  const bool outerUnset = in.unsetRead;
+  std::uint32_t unset = 0;
   std::size_t pos = 0;
   int n = 0;
   while (pos < argumentText.size() || (n == 0 && pos == 0)) {
@@ -345,11 +353,15 @@ void evaluateArguments(RunContext& ctx, std::string_view argumentText) {
     std::string f = nextField(argumentText, pos);
     // A call inside the argument clears and refills the shared array: slots this
     // call filled before it are lost, as the language has always behaved.
+    in.unsetRead = false;
     std::string value = Evaluate(ctx, f);
+    if (in.unsetRead) unset |= std::uint32_t{1} << n;
     in.args[n++] = std::move(value);
     if (pos > argumentText.size()) break;
   }
   in.argCount = n;
+  in.unsetArgs = unset;
+  in.unsetRead = outerUnset;  // the names this call read are its own arguments' business
 }
 
 }  // namespace korvane

@@ -11,7 +11,14 @@
 namespace korvane {
 namespace {
 constexpr std::size_t kWindow = 1 << 16;
+
+// What the first line of a UTF-16 file is read as up to its first NUL: its
+// byte-order mark, or one character of plain text.
+bool looksUtf16(const std::string& firstLine) {
+  return firstLine.starts_with("\xFF\xFE") || firstLine.starts_with("\xFE\xFF") ||
+         (firstLine.size() == 1 && firstLine[0] > ' ');
 }
+}  // namespace
 
 LineReader::~LineReader() { close(); }
 
@@ -88,12 +95,21 @@ bool LineReader::readLine(std::string& line) {
     }
   }
   ++lineNumber_;
+  controlColumn_ = 0;
   for (;;) {
     // Take the run of ordinary characters at once, up to the line's end.
     const char* start = data_ + pos_;
     std::size_t n = 0;
     const std::size_t avail = len_ - pos_;
-    while (n < avail && start[n] != '\n' && start[n] != '\r' && start[n] != '\0') ++n;
+    for (;;) {
+      while (n < avail && static_cast<unsigned char>(start[n]) >= 0x20) ++n;
+      if (n == avail || start[n] == '\n' || start[n] == '\r' || start[n] == '\0') break;
+      if (start[n] != '\t' && controlColumn_ == 0) {
+        controlColumn_ = static_cast<long>(line.size() + n) + 1;
+        control_ = start[n];
+      }
+      ++n;
+    }
     if (line.size() + n > kMaxLine)
       throw RuntimeFailure(texts::runtime::kLineTooLong, std::to_string(kMaxLine));
     line.append(start, n);
@@ -103,10 +119,15 @@ bool LineReader::readLine(std::string& line) {
   }
   if (pos_ < len_) {
     const char c = data_[pos_++];
-    if (c == '\0') throw RuntimeFailure(texts::runtime::kNotText, name_);
+    if (c == '\0')
+      throw RuntimeFailure(lineNumber_ == 1 && looksUtf16(line) ? texts::runtime::kUtf16Text
+                                                                : texts::runtime::kNotText,
+                           name_);
     if (c == '\r' && fill() && data_[pos_] == '\n') ++pos_;  // CR LF, or a lone CR
   }
-  if (utf8_) line = cp::fromUtf8(line);
+  std::size_t lost = 0;
+  if (utf8_) line = cp::fromUtf8(line, lost);
+  lostColumn_ = static_cast<long>(lost);
   return true;
 }
 

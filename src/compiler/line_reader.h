@@ -1,7 +1,8 @@
 // Reads an input file line by line. Lines end at CR LF, LF or CR. A file that
 // begins with a UTF-8 byte-order mark, or that is valid UTF-8 and holds
 // non-ASCII characters, is converted to the users' code page; a
-// file holding NUL bytes is not text; an overlong line is refused. Both are
+// file holding NUL bytes is not text (a hint says when it is UTF-16); an
+// overlong line is refused. Both are
 // run-time failures that name the file. The file is read from the run's
 // source cache when it holds it, else as a stream.
 #pragma once
@@ -44,6 +45,12 @@ class LineReader {
   // Number of the line read last (1-based).
   long lineNumber() const { return lineNumber_; }
   const std::string& fullName() const { return name_; }
+  // In the line read last: the column (1-based) of its first control
+  // character other than a tab, and that character; of its first character
+  // that the code page cannot hold (read as "?"); 0 for none.
+  long controlColumn() const { return controlColumn_; }
+  char controlCharacter() const { return control_; }
+  long lostColumn() const { return lostColumn_; }
 
  private:
   // Makes bytes available at pos_; false at the end of the file.
@@ -59,6 +66,8 @@ class LineReader {
   long lineNumber_ = 0;
   bool utf8_ = false;
   bool first_ = true;
+  long controlColumn_ = 0, lostColumn_ = 0;
+  char control_ = 0;
 };
 
 }  // namespace korvane

@@ -33,6 +33,11 @@ struct Insert {
 bool nextRow(CompileCall& call, std::string& row) {
   while (call.readLine(row)) {
     if (text::startsWith(row, "##")) continue;
+    // The row is where the compile stands, for the warnings of its values.
+    CompileInternals& in = internals(call.ctx);
+    in.whereFile = call.reader.fullName();
+    in.whereLine = call.reader.lineNumber();
+    in.whereOwner = &call;
     return !cp::equalsIgnoreCase(text::trim(row), "end");
   }
   call.ctx.observers.notify([](CompileObserver& w) { w.rowsWithoutEnd(); });

@@ -19,6 +19,7 @@
 #include "base/messages.h"
 #include "compiler/compile_observer.h"
 #include "compiler/compiled_output.h"
+#include "compiler/run_warnings.h"
 #include "compiler/variable_table.h"
 #include "hosts/automation.h"
 #include "hosts/excel.h"
@@ -126,6 +127,7 @@ struct CompileState {
   // Files written besides the compiled output (workbooks), by path.
   std::set<std::string> filesWritten;
   CompileObservers observers;  // diagnostics and progress
+  RunWarnings warnings;        // likely mistakes, shown by the front end
 };
 
 // The compile pass's and the evaluator's own state, and the compiler's way to

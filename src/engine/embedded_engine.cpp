@@ -182,6 +182,14 @@ bool EmbeddedEngine::stringExists(std::string_view model, std::string_view label
   });
 }
 
+std::vector<std::string> EmbeddedEngine::modelNames() {
+  return readForMx([&] {
+    std::vector<std::string> names;
+    for (const ModelSummary& m : models()) names.push_back(m.name);
+    return names;
+  });
+}
+
 std::string EmbeddedEngine::projectFileName() {
   std::error_code ec;
   std::string first;

@@ -52,6 +52,7 @@ class EmbeddedEngine final : public MxEngine, MxConfiguration, MxProject, MxData
   MxRunResult run(std::string_view verb, const std::string& fullName) override;
   bool modelExists(std::string_view model) override;
   bool stringExists(std::string_view model, std::string_view label) override;
+  std::vector<std::string> modelNames() override;
 
   std::string currentFolder() override { return folder_; }
   // The project folder's ".mmd" file (any case); the first by name when there

@@ -21,16 +21,21 @@ auto convert(const std::string& text, F f) {
 }  // namespace
 
 double numberArg(const CallContext& ctx, int k) {
+  ctx.numberExpected(k);
   return convert(ctx.arg(k), [](const std::string& t) { return conv::CDbl(t); });
 }
 
-std::int16_t integerArg(const CallContext& ctx, int k) { return integerOf(ctx.arg(k)); }
+std::int16_t integerArg(const CallContext& ctx, int k) {
+  ctx.numberExpected(k);
+  return integerOf(ctx.arg(k));
+}
 
 std::int16_t integerOf(const std::string& text) {
   return convert(text, [](const std::string& t) { return conv::CInt(t); });
 }
 
 std::int32_t longArg(const CallContext& ctx, int k) {
+  ctx.numberExpected(k);
   return convert(ctx.arg(k), [](const std::string& t) { return conv::CLng(t); });
 }
 

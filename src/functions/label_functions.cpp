@@ -15,7 +15,9 @@ bool labelQueryPossible(CallContext& ctx, const char* function, const std::strin
                         const std::string& prefix) {
   ctx.flushAndRun();
   if (prefix.empty() || prefix.size() >= kLabelLength) return false;
-  return queryEngine(ctx, function).configuration().modelExists(model);
+  if (queryEngine(ctx, function).configuration().modelExists(model)) return true;
+  warnNotStored(ctx, hosts::MxStatus::kNoModel, model, {});
+  return false;
 }
 
 // The first free four-character label beginning with `prefix`, depth first in

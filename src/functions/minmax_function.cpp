@@ -9,6 +9,7 @@
 #include "base/texts/runtime_texts.h"
 #include "compiler/extension/call_context.h"
 #include "compiler/extension/compile_failure.h"
+#include "compiler/extension/model_queries.h"
 #include "functions/function_rows.h"
 
 namespace korvane {
@@ -43,9 +44,25 @@ std::vector<std::string> linesOf(const std::string& data) {
   return lines;
 }
 
+// The request wrote no string: the model was not there (and the request made
+// it, empty, unless the lines before it did), or it has no such string.
+void notStored(CallContext& ctx, bool stored, const std::string& model, const std::string& label) {
+  auto m = stored ? nullptr : ctx.engine()->library().model(model);
+  if (m && m->stringLabels().empty()) {
+    ctx.modelMadeEmpty(model);
+    warnNotStored(ctx, hosts::MxStatus::kNoModel, model, label);
+  } else {
+    warnNotStored(ctx, hosts::MxStatus::kNoString, model, label);
+  }
+}
+
 std::string fnGetminmax(CallContext& ctx) {
   const std::string model = ctx.arg(1), label = ctx.arg(2);
   const std::string file = fs::join(ctx.mxProjectFolder(), kMinMaxFile);
+  // Asked before the GENIO request, which makes a model that is not there.
+  hosts::MxEngine* engine = ctx.engine();
+  const bool stored = !engine || !engine->configuration().holdsModels() ||
+                      engine->configuration().modelExists(model);
   ctx.writeLine("over," + file + ",genio");
   ctx.writeLine("geni," + model);
   ctx.writeLine("001format(8f12.3,4a4)");
@@ -62,6 +79,7 @@ std::string fnGetminmax(CallContext& ctx) {
   long minAt = 1, maxAt = 1;
   std::size_t i = 0;
   while (i < lines.size() && !text::startsWith(lines[i], "080,")) ++i;
+  if (i == lines.size()) notStored(ctx, stored, model, label);
   if (i + 1 < lines.size()) {
     // The first point's level starts both, unfiltered: a null level there
     // stays the minimum.

@@ -56,9 +56,15 @@ struct PointOrCode {
 PointOrCode libraryPoint(CallContext& ctx, const std::string& model, const std::string& label,
                          std::int32_t p, int base) {
   auto m = queryEngine(ctx, "getdist").library().model(model);
-  if (!m) return {0, 0, 0, base - 1};
+  if (!m) {
+    warnNotStored(ctx, hosts::MxStatus::kNoModel, model, label);
+    return {0, 0, 0, base - 1};
+  }
   auto s = m->string(label);
-  if (!s) return {0, 0, 0, base - 2};
+  if (!s) {
+    warnNotStored(ctx, hosts::MxStatus::kNoString, model, label);
+    return {0, 0, 0, base - 2};
+  }
   const std::vector<double> data = s->GetPointData();
   const auto count = static_cast<std::int64_t>(std::llround(data.size() / 3.0));
   const std::int64_t n = p;

@@ -107,7 +107,10 @@ std::string fnMid(CallContext& ctx) {
   });
 }
 
-std::string fnFormat(CallContext& ctx) { return conv::Format(ctx.arg(1), ctx.arg(2)); }
+std::string fnFormat(CallContext& ctx) {
+  ctx.numberExpected(1);  // the value formatted, most often a number
+  return conv::Format(ctx.arg(1), ctx.arg(2));
+}
 
 constexpr FunctionRow kStringFunctionsRows[] = {
     {"len", fnLen},     {"replace", fnReplace}, {"find", fnFind}, {"left", fnLeft},

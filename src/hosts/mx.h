@@ -65,6 +65,10 @@ class MxConfiguration {
   // As the models are now; MxError when that cannot be known.
   virtual bool modelExists(std::string_view model) = 0;
   virtual bool stringExists(std::string_view model, std::string_view label) = 0;
+  // The names of the models, for "did you mean"; none where the engine cannot list them.
+  virtual std::vector<std::string> modelNames() { return {}; }
+  // False for an engine without models (--engine none), where every model is missing.
+  virtual bool holdsModels() { return true; }
 };
 
 // MX's project service.

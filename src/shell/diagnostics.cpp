@@ -10,7 +10,6 @@
 #include "base/text.h"
 #include "base/texts/check_texts.h"
 #include "compiler/expression.h"
-#include "compiler/function_dispatch.h"
 #include "compiler/language.h"
 #include "compiler/variable_table.h"
 #include "shell/input_sections.h"
@@ -22,21 +21,6 @@ namespace {
 constexpr std::size_t kShortestNearName = 4;
 // Distinct words outside |...| weighed in a run before the rest are let pass.
 constexpr std::size_t kMaxWeighed = 10000;
-
-// Where `word` stands in `raw` (1-based), ignoring case; a match must not be
-// part of a longer name. 0 when it is not there as written (it may have come
-// from a substitution).
-long columnOf(const std::string& raw, const std::string& word) {
-  if (word.empty()) return 0;
-  const std::string hay = cp::lower(raw), needle = cp::lower(word);
-  for (std::size_t at = hay.find(needle); at != std::string::npos; at = hay.find(needle, at + 1)) {
-    const bool startOk = at == 0 || !isNameCharacter(hay[at - 1]);
-    const std::size_t end = at + needle.size();
-    const bool endOk = end >= hay.size() || !isNameCharacter(hay[end]);
-    if (startOk && endOk) return static_cast<long>(at) + 1;
-  }
-  return 0;
-}
 
 // The leading word of a line: what could be a misspelt directive.
 std::string leadingWord(const std::string& text) {
@@ -139,12 +123,13 @@ void Diagnostics::unknownFunction(const std::string& name) {
 
 void Diagnostics::unassignedName(const std::string& name, bool inBars) {
   const Frame* p = place();
-  if (!p) return;
+  // Inside |...| the compile itself warns (compiler/run_warnings.h).
+  if (!p || inBars) return;
   if (seen_.count({static_cast<int>(Finding::Kind::Variable), p->file, p->line, name})) return;
   // Outside |...| each word is weighed once a run: data rows repeat their
   // words many thousand times, and each weighing goes over every variable.
-  if (!inBars && (name.size() < kShortestNearName || weighed_.size() >= kMaxWeighed ||
-                  !weighed_.insert(name).second))
+  if ((name.size() < kShortestNearName || weighed_.size() >= kMaxWeighed ||
+       !weighed_.insert(name).second))
     return;
   std::vector<std::string> names;
   for (const auto& [n, v] : vars_.entries())
@@ -152,7 +137,7 @@ void Diagnostics::unassignedName(const std::string& name, bool inBars) {
   std::string near = text::closestWord(name, names);
   // Outside |...| a word that is no variable is usually meant as text (a
   // label, a model's name); only a longer one close to a variable is worth a word.
-  if (!inBars && near.empty()) return;
+  if (near.empty()) return;
   add(Finding::Kind::Variable, name, columnOf(p->raw, name), {}, std::move(near));
 }
 
@@ -195,6 +180,14 @@ void Diagnostics::sectionMissing(const std::string& fullName, const std::string&
       fs::fromNative(fs::native(fullName).filename()), std::move(near));
 }
 
+void Diagnostics::runWarning(const RunWarning& w) {
+  if (findings_.size() >= kMaxFindings) {
+    ++dropped_;
+    return;
+  }
+  findings_.push_back({Finding::Kind::Run, w.file, w.line, w.column, w.what, {}, {}});
+}
+
 void Diagnostics::add(Finding::Kind kind, const std::string& subject, long column,
                       std::string owner, std::string suggestion) {
   const Frame* p = place();
@@ -218,16 +211,11 @@ void Diagnostics::add(Finding::Kind kind, const std::string& subject, long colum
 }
 
 std::string describeFinding(const Messages& messages, const Finding& f) {
-  std::string place;
-  if (!f.file.empty()) {
-    place =
-        f.line > 0 ? messages.format(texts::check::kPlace, f.file, std::to_string(f.line)) : f.file;
-    if (f.column > 0)
-      place += ", " + messages.format(texts::check::kColumn, std::to_string(f.column));
-    place += ": ";
-  }
+  const std::string place = describePlace(messages, f.file, f.line, f.column);
   std::string what;
   switch (f.kind) {
+    case Finding::Kind::Run:
+      return place + f.subject;
     case Finding::Kind::Directive:
       what = messages.format(texts::check::kNoDirective, f.subject);
       break;

@@ -16,6 +16,7 @@
 
 #include "base/messages.h"
 #include "compiler/compile_observer.h"
+#include "compiler/run_warnings.h"
 
 namespace korvane {
 
@@ -23,7 +24,8 @@ struct LanguageTables;
 class VariableTable;
 
 struct Finding {
-  enum class Kind { Directive, Assignment, Function, Variable, Setting, Rows, Section };
+  // Run: a warning of the compile itself (compiler/run_warnings.h), its text in `subject`.
+  enum class Kind { Directive, Assignment, Function, Variable, Setting, Rows, Section, Run };
   Kind kind = Kind::Directive;
   std::string file;  // empty when the place is not known
   long line = 0;
@@ -60,6 +62,8 @@ class Diagnostics final : public CompileObserver {
                           std::span<const std::string_view> fixed) override;
   void rowsWithoutEnd() override;
   void sectionMissing(const std::string& fullName, const std::string& label) override;
+  // A warning the compile told, kept in order among the findings.
+  void runWarning(const RunWarning& w);
 
  private:
   struct Frame {

@@ -25,6 +25,9 @@ RunOutcome runEntries(RunContext& ctx, const std::vector<std::string>& entries,
   RunOutcome outcome;
   if (entries.empty()) return outcome;
 
+  ctx.warnings.told.clear();  // each run tells its own
+  ctx.warnings.emptyModels.clear();
+  ctx.warnings.dropped = 0;
   SaveFiles& save = ctx.save;
   save = SaveFiles{};
   save.one = settings.saveOne;

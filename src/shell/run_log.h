@@ -49,6 +49,8 @@ class LoggingEngine final : public hosts::MxEngine, hosts::MxConfiguration {
   bool stringExists(std::string_view model, std::string_view label) override {
     return engine_.configuration().stringExists(model, label);
   }
+  std::vector<std::string> modelNames() override { return engine_.configuration().modelNames(); }
+  bool holdsModels() override { return engine_.configuration().holdsModels(); }
 
  private:
   hosts::MxEngine& engine_;

@@ -17,6 +17,7 @@ std::unique_ptr<WindowSession> WindowSession::open(const StartupOptions& options
   s->logging_ = std::make_unique<LoggingEngine>(*s->started_.engine, s->log, s->ctx.messages);
   s->ctx.engine = s->logging_.get();
   s->ctx.log = [log = &s->log](const std::string& line) { log->add(line); };
+  s->ctx.warnings.sink = &s->warnings;
   return s;
 }
 

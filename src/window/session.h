@@ -29,6 +29,15 @@ class WindowSession {
 
   RunContext ctx;
   RunLog log;
+  // The run's warnings, in the log.
+  class LogWarnings final : public WarningSink {
+   public:
+    explicit LogWarnings(WindowSession& s) : s_(s) {}
+    void warning(const RunWarning& w) override { s_.log.add(describeWarning(s_.ctx.messages, w)); }
+
+   private:
+    WindowSession& s_;
+  } warnings{*this};
   std::atomic<bool> interrupted{false};
 
  private:

@@ -23,13 +23,15 @@ $ korvane check inputs/clean.ipf --lang en
 stderr:
   No problems found.
 
-# compile and run say nothing of it unless asked with --warnings, and the MX
-# lines stay the same.
+# compile and run tell of a name with no value inside |...|; the rest only
+# when asked with --warnings; the MX lines stay the same.
 $ korvane compile inputs/typo.ipf --engine none --lang en
 stdout: (crlf)
   crea,A
   insrt,axis
   crea,modl
+stderr:
+  <project>/inputs/typo.ipf, line 3, column 7: modl has no value yet: it stands for its own name.
 $ korvane compile inputs/typo.ipf --engine none --warnings --lang en
 stdout: (crlf)
   crea,A

@@ -40,6 +40,8 @@ stdout:
     --save-sep                  Also keep the compiled MX input of each file
     --keep-scripts              Keep numbered copies of AutoCAD scripts and key-in files; go on without CAD
     --warnings                  Also report what looks wrong in the input (as korvane check does)
+    --strict                    Stop the run at the first warning, with exit status 1
+    -w                          Show no warnings
     --dry-run                   Run on the models, then undo every change and show what the run would change
    (esc)
 # A language or home folder that cannot be used is named with what is

@@ -32,7 +32,9 @@ write inputs/rebuild.ipf (crlf)
 # Without a store, looking makes none.
 $ korvane check inputs/setup.ipf inputs/rebuild.ipf --lang en
 stderr:
-  No problems found.
+  <project>/inputs/rebuild.ipf, line 3, column 19: Model ROAD2 has no string MAST: the query answers as for a missing string.
+  Warnings: 1
+exit 1
 missing korvane-models.db
 
 $ korvane run inputs/setup.ipf --lang en > run.txt
@@ -40,7 +42,9 @@ $ cmake -E copy korvane-models.db before.db
 
 $ korvane check inputs/rebuild.ipf --lang en
 stderr:
-  No problems found.
+  <project>/inputs/rebuild.ipf, line 3, column 19: Model ROAD2 has no string MAST: the query answers as for a missing string.
+  Warnings: 1
+exit 1
 $ cmake -E compare_files korvane-models.db before.db
 
 # The first query finds ROAD2 emptied, the second as the GENIO block left it.
@@ -57,6 +61,8 @@ stdout: (crlf)
   999
   crea,N0 M1000
   dele,OLD
+stderr:
+  <project>/inputs/rebuild.ipf, line 3, column 19: Model ROAD2 has no string MAST: the query answers as for a missing string.
 $ cmake -E compare_files korvane-models.db before.db
 
 $ korvane run --dry-run inputs/rebuild.ipf --lang en
@@ -71,6 +77,8 @@ stdout:
       string E001: would be deleted (2 points)
   Files written: korvane-engine.lst, tmpinput.txt
   Finished: 1 entry run
+stderr:
+  <project>/inputs/rebuild.ipf, line 3, column 19: Model ROAD2 has no string MAST: the query answers as for a missing string.
 $ cmake -E compare_files korvane-models.db before.db
 
 # What the run would leave as it was is not named.

@@ -49,6 +49,7 @@ stdout:
   Files written: korvane-engine.lst, tmpinput.txt
   Stopped at entry 1
 stderr:
+  <project>/bad.ipf, line 2, column 15: Model C has no string S: the query answers as for a missing string.
   File not found: missing.ipm (not in the input's folder, the project folder or the macro folders)
   <project>/bad.ipf, line 3
   searched: <project>, <project>/inputs, */data/macros (glob)
@@ -68,6 +69,7 @@ stdout:
   Files written: korvane-engine.lst, tmpinput.txt
   Stopped at entry 1
 stderr:
+  <project>/bad.ipf, line 2, column 15: Model D has no string S: the query answers as for a missing string.
   Run-time error: Division by zero
   <project>/bad.ipf, line 3
   Line: #x=1/0

@@ -19,5 +19,11 @@ inline constexpr MessageKey kSuggestion{"Check", "suggest"};
 inline constexpr MessageKey kNone{"Check", "none"};
 inline constexpr MessageKey kCount{"Check", "count"};
 inline constexpr MessageKey kMore{"Check", "more"};
+// Warned while a run compiles, by default.
+inline constexpr MessageKey kNoModel{"Check", "model"};
+inline constexpr MessageKey kNoString{"Check", "string"};
+inline constexpr MessageKey kNoWorkbook{"Check", "workbook"};
+inline constexpr MessageKey kNotInCodePage{"Check", "codepage"};
+inline constexpr MessageKey kControlCharacter{"Check", "control"};
 
 }  // namespace korvane::texts::check

@@ -21,5 +21,6 @@ inline constexpr Key kSectionNotFound{"Messages", "s13"};
 inline constexpr Key kLineNotFound{"Messages", "s14"};
 inline constexpr Key kNoAutocad{"Messages", "s15"};
 inline constexpr Key kAutocadRelease{"Messages", "s17"};
+inline constexpr Key kStrictStop{"Messages", "strict"};
 
 }  // namespace korvane::texts::messages

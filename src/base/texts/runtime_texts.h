@@ -25,6 +25,7 @@ inline constexpr Key kUnbalancedParentheses{"Runtime", "paren"};
 inline constexpr Key kInsertsTooDeep{"Runtime", "depth"};
 inline constexpr Key kNotAvailable{"Runtime", "notavail"};
 inline constexpr Key kNotText{"Runtime", "binary"};
+inline constexpr Key kUtf16Text{"Runtime", "utf16"};
 inline constexpr Key kLineTooLong{"Runtime", "linelen"};
 inline constexpr Key kCannotWrite{"Runtime", "write"};
 inline constexpr Key kCannotRead{"Runtime", "read"};

@@ -5,6 +5,7 @@
 // bookkeeping, stay out of reach.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,6 +53,17 @@ class CallContext {
   // was cancelled.
   bool ask(const std::string& title, const std::string& prompt, std::string& answer) const;
   void writeLog(const std::string& line) const;
+
+  // Likely mistakes, told by the front end (compiler/run_warnings.h): the
+  // warning `key` (a "Check" text, %1 = a1, %2 = a2) at the line being
+  // compiled and the column of `word`, with the name `suggest` gives as "did
+  // you mean" (asked only for a new warning). Under --strict it ends the run.
+  void warn(MessageKey key, std::string_view a1, std::string_view a2, std::string_view word,
+            const std::function<std::string()>& suggest) const;
+  // Argument k is used as a number: when it was a name with no value, says so.
+  void numberExpected(int k) const;
+  // A model a query's GENIO request made because it was not there.
+  void modelMadeEmpty(const std::string& model);
 
   // The string labels that `repeat=each...` iterates.
   std::vector<std::string>& selection();

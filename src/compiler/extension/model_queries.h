@@ -33,6 +33,16 @@ hosts::MxEngine& queryEngine(CallContext& ctx, std::string_view function);
 std::int32_t loadPoint(CallContext& ctx, std::string_view model, std::string_view label,
                        std::int32_t n);
 
+// Warns when `status` (of a query of `label` in `model`) says that the model
+// or the string is not in the store, with the closest name the store holds.
+void warnNotStored(CallContext& ctx, std::int32_t status, std::string_view model,
+                   std::string_view label);
+
+// Before a GENIO request that reads `model`, with what was compiled before it
+// run: when the model is not there (the request makes it, empty), warns and
+// names it for the run's summary.
+void checkGenioSource(CallContext& ctx, const std::string& model);
+
 // A chainage argument of the extended commands: "e..." is the chainage of
 // the string's first point, "u..." that of its last (any case); any other
 // text its leading number ("12.5abc" is 12.5, no number is 0).

@@ -1,6 +1,10 @@
 #include "compiler/extension/workbook_path.h"
 
+#include <filesystem>
+
 #include "base/fs.h"
+#include "base/similar.h"
+#include "base/texts/check_texts.h"
 #include "base/texts/outputs_texts.h"
 
 namespace korvane {
@@ -13,6 +17,15 @@ std::string resolveWorkbook(CallContext& ctx, const std::string& name) {
                                : fs::join(fs::join(ctx.mxProjectFolder(), "excel"), file);
   if (fs::fileExists(path)) return path;
   ctx.writeLog(ctx.text(texts::outputs::kWorkbookNotFound) + ": " + path);
+  ctx.warn(texts::check::kNoWorkbook, path, {}, name, [&] {
+    // The closest of the files beside it.
+    std::vector<std::string> names;
+    std::error_code ec;
+    const fs::NameParts at = fs::splitName(path);
+    for (const auto& e : std::filesystem::directory_iterator(fs::native(at.folder), ec))
+      if (e.is_regular_file(ec)) names.push_back(fs::fromNative(e.path().filename()));
+    return text::closestWord(file, names);
+  });
   return {};
 }
 

@@ -23,6 +23,7 @@ class NullEngine final : public MxEngine, MxConfiguration, MxProject, MxDataAcce
   MxRunResult run(std::string_view verb, const std::string& fullName) override;
   bool modelExists(std::string_view) override { return false; }
   bool stringExists(std::string_view, std::string_view) override { return false; }
+  bool holdsModels() override { return false; }
 
   std::string currentFolder() override { return projectFolder_; }
   std::string projectFileName() override { return {}; }  // no MX, no project file

@@ -163,7 +163,7 @@ void WindowRunTest::stopInterruptsALongRun() {
 
 void WindowRunTest::variablesViewer() {
   WindowFixture f;
-  f.write("v.ipf", "#a=\"x=1\"\r\n#b=|left(abc,x)|\r\n#g_c=3\r\n");
+  f.write("v.ipf", "#a=\"x=1\"\r\n#b=|left(abc,x)|\r\n#g_c=3\r\ncrea,|g_cx|\r\n");
   MainWindow& w = f.open();
   f.queue({"v.ipf"});
   QVERIFY(f.runToEnd());
@@ -188,6 +188,10 @@ void WindowRunTest::variablesViewer() {
   QVERIFY2(log.contains("left: the arguments are wrong (it takes 2), the result is empty"),
            qPrintable(log));
   QVERIFY(log.contains(fromCore(f.path("v.ipf"))));
+  // A likely mistake, as the command line tells it.
+  QVERIFY2(log.contains(fromCore(f.path("v.ipf")) + ", line 4, column 7: g_cx has no value yet: it "
+                                                    "stands for its own name. Did you mean g_c?"),
+           qPrintable(log));
   v->tabs()->setCurrentIndex(1);
   QVERIFY(v->logText()->isVisible());
   QVERIFY(!v->variables()->isVisible());
