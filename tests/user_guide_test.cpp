@@ -62,9 +62,10 @@ TEST(UserGuide, NamesOnlyFunctionsAndCommandsTheLanguageHas) {
   for (const std::string& f : g.functions)
     EXPECT_TRUE(language.functions.find(f)) << f << " is in the guide but not in the language";
   // "repeat" and "endrepeat" mark the parts of an inserted file; they are no directives.
-  for (const std::string& c : g.commands)
-    if (c != "repeat" && c != "endrepeat")
-      EXPECT_TRUE(language.directives.find(c)) << c << " is in the guide but not in the language";
+  for (const std::string& c : g.commands) {
+    if (c == "repeat" || c == "endrepeat") continue;
+    EXPECT_TRUE(language.directives.find(c)) << c << " is in the guide but not in the language";
+  }
 }
 
 TEST(UserGuide, SaysWhatIsNotAvailableAndNothingElse) {

@@ -65,7 +65,14 @@ void conditionDirective(CompileCall& call, const std::string& line) {
   const std::string s = line.size() > 3 ? line.substr(3) : std::string();
   const std::string lowered = cp::lower(s);
   const std::size_t thenAt = lowered.find(" then ");
-  if (thenAt == std::string::npos) throw RuntimeFailure(texts::runtime::kNoThen, s);
+  if (thenAt == std::string::npos) {
+    // "if a>3 then" with its assignments forgotten: say so, not that then is missing.
+    const std::string trimmed = text::rtrim(lowered);
+    const bool endsInThen =
+        trimmed.size() >= 5 && trimmed.compare(trimmed.size() - 5, 5, " then") == 0;
+    throw RuntimeFailure(endsInThen ? texts::runtime::kNothingAfterThen : texts::runtime::kNoThen,
+                         s);
+  }
   const std::size_t elseAt = lowered.find(" else ");
   std::string condition = s.substr(0, thenAt);
   std::string thenPart, elsePart;

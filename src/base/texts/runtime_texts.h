@@ -32,6 +32,7 @@ inline constexpr Key kCannotRead{"Runtime", "read"};
 inline constexpr Key kEngineStopped{"Runtime", "engine"};
 inline constexpr Key kBadPattern{"Runtime", "pattern"};
 inline constexpr Key kNoThen{"Runtime", "then"};
+inline constexpr Key kNothingAfterThen{"Runtime", "then_empty"};
 inline constexpr Key kInterrupted{"Runtime", "interrupted"};
 inline constexpr Key kStringFunctionArguments{"Runtime", "strfunc"};
 inline constexpr Key kSubscript{"Runtime", "subscript"};
