@@ -6,6 +6,8 @@
 //                            where workbooks are not read without Excel)
 //   copy examples/road       a folder of the repository into the project
 //   folder NAME, move FROM TO, link NAME TARGET (a symbolic link)
+//   keep FROM TO             a copy of a project file, as it is now
+//   same A B                 two project files hold the same bytes
 //   write NAME [(crlf)]      a file of the lines indented under it by two spaces,
 //     crea,A                 each ending with LF (or CR LF)
 //   $ cd inputs              where in the project the next commands run
@@ -191,6 +193,10 @@ class Transcript {
         stdfs::create_directories(path(rest));
       } else if (word == "move") {
         stdfs::rename(path(first), path(second));
+      } else if (word == "keep") {
+        stdfs::copy_file(path(first), path(second), stdfs::copy_options::overwrite_existing);
+      } else if (word == "same") {
+        EXPECT_EQ(readBytes(path(first)), readBytes(path(second))) << where() << ": " << rest;
       } else if (word == "link") {
         stdfs::create_symlink(path(second), path(first));
       } else if (word == "exists" || word == "missing") {

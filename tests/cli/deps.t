@@ -28,7 +28,7 @@ stdout:
   writes the model OLD
   writes the model NEAR
 stderr:
-  inputs/a.ipf has a section [main] and there is no file main: read as inputs/a.ipf [main]
+  inputs?a.ipf has a section [main] and there is no file main: read as inputs?a.ipf [main] (glob)
 $ korvane deps -M "inputs/a.ipf [main]" -I mine --lang en
 stdout:
   <project>/tmpinput.txt: <project>/inputs/a.ipf <project>/inputs/part.ipm <project>/inputs/extra.ipm

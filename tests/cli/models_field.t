@@ -78,8 +78,8 @@ stdout:
   CAD: 2 string, 5 pont
 $ korvane models export 'GROUND MODEL' -o second.txt --project .
 $ korvane models export CAD -o cad-second.txt --project .
-$ cmake -E compare_files first.txt second.txt
-$ cmake -E compare_files cad-first.txt cad-second.txt
+same first.txt second.txt
+same cad-first.txt cad-second.txt
 
 # For readers that take E exponents only, or a 6-dimensional string only
 # under 001FORMAT(3D23.17): the layout is chosen, the data stays.

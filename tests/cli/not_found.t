@@ -22,7 +22,7 @@ stderr:
   File not found: mpiont.ipm (not in the input's folder, the project folder or the macro folders)
   <project>/inputs/outer.ipm, line 2
   inserted by <project>/inputs/a.ipf, line 2
-  searched: <project>/inputs, <project>, */data/macros (glob)
+  searched: <project>/inputs, <project>, *data?macros (glob)
   Did you mean mpoint.ipm?
 exit 1
 
@@ -40,7 +40,7 @@ $ korvane compile inputs/road.ipf main --engine none --lang en
 stdout: (crlf)
   crea,M
 stderr:
-  inputs/road.ipf has a section [main] and there is no file main: read as inputs/road.ipf [main]
+  inputs?road.ipf has a section [main] and there is no file main: read as inputs?road.ipf [main] (glob)
 $ korvane compile inputs/road.ipf nosuch --engine none --lang en
 stderr:
   File not found: nosuch.ipm (not in the input's folder, the project folder or the macro folders)

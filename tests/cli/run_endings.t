@@ -52,7 +52,7 @@ stderr:
   <project>/bad.ipf, line 2, column 15: Model C has no string S: the query answers as for a missing string.
   File not found: missing.ipm (not in the input's folder, the project folder or the macro folders)
   <project>/bad.ipf, line 3
-  searched: <project>, <project>/inputs, */data/macros (glob)
+  searched: <project>, <project>/inputs, *data?macros (glob)
 exit 1
 missing korvane-models.db-journal
 missing korvane-models.db-wal
