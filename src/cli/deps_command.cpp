@@ -1,7 +1,8 @@
 // korvane deps ENTRY...: what the entries read and write, found by compiling
-// them (with no engine unless one is named): the input and macro files and
-// the sections of them, the files the run writes, the models its MX lines
-// make, delete, edit or load. One a line, or with -M a make rule.
+// them as `compile` does (queries answered from the models, every change to
+// them undone at the end): the input and macro files and the sections of
+// them, the files the run writes, the models its MX lines make, delete, edit
+// or load. One a line, or with -M a make rule.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
@@ -58,7 +59,7 @@ int runDeps(DepsOptions o) {
   int status = 0;
   const std::vector<std::string> entries = entriesFromWords(o.words);
   if (!entries.empty()) o.session.firstEntry = parseRunEntry(entries.front()).path;
-  if (o.session.engine.empty()) o.session.engine = "none";
+  o.session.looking = true;  // the models stay as they are
   auto session = Session::open(o.session, status);
   if (!session) return status;
   RunContext& ctx = session->ctx;

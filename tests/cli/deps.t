@@ -1,5 +1,5 @@
-# korvane deps: what an entry reads and writes, found by compiling it without
-# an engine; -M gives a make rule. -I adds a macro folder searched after the
+# korvane deps: what an entry reads and writes, found by compiling it as
+# compile does, the models left as they were; -M gives a make rule. -I adds a macro folder searched after the
 # language's own places; --dumpvars prints the variable table.
 folder inputs
 write inputs/a.ipf
@@ -52,3 +52,23 @@ $ korvane sections inputs/a.ipf
 stdout:
   main\t1 (esc)
   other\t6 (esc)
+
+# Queries answer from the models as a run would leave them, and the models are
+# as they were afterwards: here no store is made.
+write inputs/q.ipf
+  geni,Q
+  001format(3f12.3)
+  080,MAST,,7=3
+         0.000      10.000     100.000
+        30.000      50.000     101.000
+         0.000       0.000       0.000
+  999
+  #n=getlength(Q,MAST)
+  crea,LEN|n|
+$ korvane deps inputs/q.ipf --lang en
+stdout:
+  reads <project>/inputs/q.ipf
+  writes <project>/tmpinput.txt
+  writes the model Q
+  writes the model LEN50.0099990001999
+missing korvane-models.db
