@@ -9,18 +9,13 @@
 #include <string_view>
 
 #include "base/profile.h"
+#include "fuzz_lines.h"
 #include "support/project.h"
 
 using namespace korvane;
+using korvane::fuzz::nextLine;
 
 namespace {
-
-std::string_view nextLine(std::string_view& text) {
-  std::size_t end = text.find('\n');
-  std::string_view line = text.substr(0, end);
-  text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
-  return line;
-}
 
 bool plain(std::string_view s) {
   if (s.empty()) return false;

@@ -11,23 +11,18 @@
 #include <string>
 #include <string_view>
 
+#include "fuzz_lines.h"
 #include "hosts/excel.h"
 #include "hosts/excel/workbook/xlsx_workbook.h"
 #include "support/project.h"
 
 using namespace korvane;
+using korvane::fuzz::nextLine;
 using namespace korvane::hosts::workbook;
 
 namespace {
 
 constexpr const char* kXml = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>";
-
-std::string_view nextLine(std::string_view& text) {
-  const std::size_t end = text.find('\n');
-  const std::string_view line = text.substr(0, end);
-  text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
-  return line;
-}
 
 bool add(zip_t* z, const char* name, const std::string& content) {
   zip_source_t* src = zip_source_buffer(z, content.data(), content.size(), 0);

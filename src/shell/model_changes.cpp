@@ -17,6 +17,10 @@ const std::string kStringIndent = "    ";
 
 std::string quoted(const std::string& name) { return "\"" + name + "\""; }
 
+std::string pointCount(const Messages& messages, long points) {
+  return countText(messages, points, cli::kPointsOne, cli::kPoints);
+}
+
 std::string counts(const Messages& messages, const ModelDigest& m) {
   long points = 0;
   for (const auto& s : m.strings) points += s.points;
@@ -53,10 +57,6 @@ std::vector<std::string> stringChanges(const Messages& messages, const ModelDige
 }
 
 }  // namespace
-
-std::string pointCount(const Messages& messages, long points) {
-  return countText(messages, points, cli::kPointsOne, cli::kPoints);
-}
 
 std::string modelCounts(const Messages& messages, long strings, long points) {
   return messages.format(cli::kModelCounts,

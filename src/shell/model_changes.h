@@ -20,7 +20,6 @@ std::optional<ModelsState> modelsState(hosts::MxEngine* engine);
 
 // "2 strings, 1 point", in the users' language.
 std::string modelCounts(const Messages& messages, long strings, long points);
-std::string pointCount(const Messages& messages, long points);
 
 // One line a model created, deleted or changed, each changed model followed
 // by its strings created, deleted or changed (by their point counts), in the
